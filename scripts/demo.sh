@@ -1,0 +1,35 @@
+#!/usr/bin/env bash
+# Within a run of wine-desktop.sh and with-program.sh: plays the main job and takes its pictures.
+set -euo pipefail
+
+root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+desktop=$root/scripts/wine-desktop.sh
+demo() { wine "$root/build/windows/bin/vellumbridge_demo.exe" "$1" | tr -d '\r'; }
+
+failed() {
+    "$desktop" screenshot "$root/out/demo-failed.png"
+    echo "The demo failed; out/demo-failed.png shows where." >&2
+}
+trap failed ERR
+rm -f "$root"/out/demo*.png
+
+echo "== Starting Notepad and Vellumbridge"
+wine notepad &
+wine "$VELLUMBRIDGE_FOLDER\\Vellumbridge.exe" &
+
+echo "== Pressing Ctrl+Alt+Enter in Notepad"
+demo open-menu
+"$desktop" screenshot "$root/out/demo-menu.png"
+
+echo "== Choosing a phrase from the menu"
+text=$(demo choose)
+"$desktop" screenshot "$root/out/demo.png"
+
+echo "== Ending the program"
+demo close
+
+echo
+echo "This is what arrived in Notepad:"
+echo "$text"
+echo
+echo "Pictures: out/demo-menu.png (the menu), out/demo.png (the text in Notepad)"

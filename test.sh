@@ -1,0 +1,135 @@
+#!/usr/bin/env bash
+# Builds and runs every test: format, native tests, benchmarks, Windows tests, desktop tests.
+#   ./test.sh                       everything
+#   ./test.sh --ring 1|2|3          one ring: native, Windows calls, the program on a desktop
+#   ./test.sh ... --filter PATTERN  only tests whose names match, as GoogleTest's filter does
+set -euo pipefail
+source "$(dirname "${BASH_SOURCE[0]}")/scripts/common.sh"
+
+only= filter='*'
+while (($# > 0)); do
+    case $1 in
+    --ring) only=${2:-} && shift && [[ $only == [123] ]] || { usage "$0" && exit 2; } ;;
+    --filter) filter=${2:?} && shift ;;
+    *) usage "$0" && exit 2 ;;
+    esac
+    shift
+done
+
+logs=$root/build/test-logs
+stage= passed=no
+ended() {
+    # Test programs in the background do not hear Ctrl+C.
+    jobs -p | xargs -r kill 2>/dev/null || true
+    if [[ $passed == yes ]]; then
+        echo "ALL PASSED in $SECONDS s"
+    else
+        echo "FAILED: ${stage:-options}"
+    fi
+}
+trap ended EXIT
+
+run_stage() {
+    local started=$SECONDS
+    stage=$1
+    shift
+    echo
+    echo "=== $stage"
+    "$@"
+    echo "=== $stage: $((SECONDS - started)) s"
+}
+
+check_format() {
+    find "$root"/{src,tests,bench} \( -name '*.cpp' -o -name '*.h' \) -print0 |
+        xargs -0 -r -P "$(nproc)" -n 40 clang-format --dry-run -Werror
+}
+
+# Runs a test program in shards side by side: run_tests NAME SHARDS COMMAND...
+run_tests() {
+    local name=$1 shards=$2 shard code=0 pids=() count=0 ran
+    shift 2
+    mkdir -p "$logs"
+    for ((shard = 0; shard < shards; shard++)); do
+        GTEST_TOTAL_SHARDS=$shards GTEST_SHARD_INDEX=$shard \
+            "$@" --gtest_brief=1 --gtest_color=no "--gtest_filter=$filter" \
+            >"$logs/$name-$shard.log" 2>&1 </dev/null &
+        pids+=($!)
+    done
+    for ((shard = 0; shard < shards; shard++)); do
+        wait "${pids[shard]}" || code=$?
+        tr -d '\r' <"$logs/$name-$shard.log" | sed '/^Running main()/d'
+        # A program that ends early with code 0 has no such line.
+        ran=$(sed -n 's/^\[  PASSED  \] \([0-9]*\) tests\?\..*/\1/p' "$logs/$name-$shard.log")
+        if [[ -z $ran ]]; then
+            echo "The test program ended before its tests did." >&2
+            code=1
+        fi
+        count=$((count + ${ran:-0}))
+    done
+    if ((count == 0 && code == 0)); then
+        echo "No test ran." >&2
+        code=1
+    fi
+    return "$code"
+}
+
+need_program() {
+    if [[ ! -x $1 ]]; then
+        echo "There is no test program ${1##*/}." >&2
+        return 1
+    fi
+}
+
+ring_1() {
+    local program=$root/build/native/bin/vellumbridge_tests
+    need_program "$program"
+    UBSAN_OPTIONS=print_stacktrace=1 run_tests ring-1 "$(nproc)" timeout 300 "$program"
+}
+
+bench() {
+    local program=$root/build/bench/bin/vellumbridge_bench
+    need_program "$program"
+    timeout 300 "$program"
+}
+
+build_windows() {
+    build windows
+    assemble_program
+}
+
+ring_2() {
+    local program=$root/build/windows/bin/vellumbridge_windows_tests.exe
+    need_program "$program"
+    run_tests ring-2 1 "$root/scripts/wine-desktop.sh" run --no-display --timeout 300 -- \
+        wine "$program"
+}
+
+ring_3() {
+    local program=$root/build/windows/bin/vellumbridge_desktop_tests.exe
+    need_program "$program"
+    run_tests ring-3 1 "$root/scripts/wine-desktop.sh" run --timeout 600 -- \
+        "$root/scripts/with-program.sh" wine "$program"
+}
+
+run_stage "packages" "$root/scripts/install-packages.sh"
+if [[ -z $only ]]; then
+    run_stage "format" check_format
+fi
+if [[ -z $only || $only == 1 ]]; then
+    run_stage "native build" build native
+    run_stage "ring 1: native tests" ring_1
+fi
+if [[ -z $only ]]; then
+    run_stage "benchmark build" build bench
+    run_stage "benchmarks" bench
+fi
+if [[ $only != 1 ]]; then
+    run_stage "windows build" build_windows
+fi
+if [[ -z $only || $only == 2 ]]; then
+    run_stage "ring 2: Windows calls" ring_2
+fi
+if [[ -z $only || $only == 3 ]]; then
+    run_stage "ring 3: desktop" ring_3
+fi
+passed=yes
