@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <span>
+
+namespace vbr {
+
+// Virtual key codes and event flags of Win32 that the program sends.
+inline constexpr std::uint16_t kVkTab = 9;
+inline constexpr std::uint16_t kVkShift = 16;
+inline constexpr std::uint16_t kVkControl = 17;
+inline constexpr std::uint16_t kVkLeft = 37;
+inline constexpr std::uint16_t kVkC = 0x43;
+
+inline constexpr std::uint32_t kKeyUp = 2;
+inline constexpr std::uint32_t kKeyUnicode = 4;
+
+// One synthetic keyboard event, field by field as Win32's KEYBDINPUT.
+struct KeyEvent {
+    std::uint16_t Vk = 0;
+    std::uint16_t Scan = 0;
+    std::uint32_t Flags = 0;
+    std::uint32_t Time = 0;
+
+    bool operator==(const KeyEvent&) const = default;
+};
+
+// Puts keyboard events into the input queue of the desktop.
+class InputInjector {
+  public:
+    virtual ~InputInjector() = default;
+
+    // All events in one call, so that no other input comes between them.
+    virtual void Send(std::span<const KeyEvent> events) = 0;
+
+    virtual std::uint16_t ScanCode(std::uint16_t vk) const = 0;
+};
+
+}  // namespace vbr

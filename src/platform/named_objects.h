@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string_view>
+
+namespace vbr {
+
+enum class EventReset { Manual, Automatic };
+
+// Who may open a named object: everybody, whatever their rights, or who the system's default says.
+enum class ObjectAccess { World, Default };
+
+enum class WaitResult { Signalled, TimedOut, Failed };
+
+// A kernel event that other processes reach by its name.
+class NamedEvent {
+  public:
+    virtual ~NamedEvent() = default;
+
+    virtual void Set() = 0;
+    virtual void Reset() = 0;
+    virtual WaitResult Wait(std::uint32_t milliseconds) = 0;
+    // Guards the handle against being closed by mistake.
+    virtual void ProtectFromClose(bool on) = 0;
+};
+
+// The named events of the session.
+class NamedObjects {
+  public:
+    virtual ~NamedObjects() = default;
+
+    // Creates or opens the event; null when neither works.
+    virtual std::unique_ptr<NamedEvent> Create(std::u16string_view name, EventReset reset,
+                                               ObjectAccess access) = 0;
+    // Opens an existing event to wait for it; null when there is none.
+    virtual std::unique_ptr<NamedEvent> Open(std::u16string_view name) = 0;
+    virtual bool Exists(std::u16string_view name) = 0;
+    // Sets an existing event; false when nobody has created it.
+    virtual bool Signal(std::u16string_view name) = 0;
+    // Sets and resets an existing event in one go.
+    virtual bool Pulse(std::u16string_view name) = 0;
+};
+
+}  // namespace vbr

@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string_view>
+
+namespace vbr {
+
+// A block of named memory that lives as long as this object or any other process holds it.
+class SharedBlock {
+  public:
+    virtual ~SharedBlock() = default;
+};
+
+// Memory that other processes open by its name.
+class SharedMemory {
+  public:
+    virtual ~SharedMemory() = default;
+
+    // Creates or opens a block of that many bytes, open to everybody; null on failure.
+    virtual std::unique_ptr<SharedBlock> Create(std::u16string_view name, std::uint32_t bytes) = 0;
+};
+
+}  // namespace vbr

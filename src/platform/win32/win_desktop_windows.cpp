@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: MIT
+#include "platform/win32/win_desktop_windows.h"
+
+#include "platform/win32/windows.h"
+
+#include <psapi.h>
+#include <tlhelp32.h>
+
+#include "platform/win32/handle.h"
+#include "platform/win32/wide.h"
+
+namespace vbr {
+namespace {
+
+constexpr UINT kCopyTimeoutMs = 2000;
+constexpr int kClassNameMax = 1024;
+
+HWND ToWindow(WindowHandle window) {
+    return reinterpret_cast<HWND>(window);
+}
+
+std::u16string FullPath(DWORD process) {
+    const UniqueHandle handle(
+        OpenProcess(PROCESS_QUERY_INFORMATION | PROCESS_VM_READ, FALSE, process));
+    wchar_t path[MAX_PATH];
+    const DWORD length =
+        handle ? GetModuleFileNameExW(handle.get(), nullptr, path, MAX_PATH) : DWORD{0};
+    return FromWide(path, length);
+}
+
+std::u16string FileName(DWORD process) {
+    const UniqueHandle snapshot(CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0));
+    PROCESSENTRY32W entry{};
+    entry.dwSize = sizeof entry;
+    if (!IsValid(snapshot) || !Process32FirstW(snapshot.get(), &entry)) {
+        return {};
+    }
+    do {
+        if (entry.th32ProcessID == process) {
+            return FromWide(entry.szExeFile);
+        }
+    } while (Process32NextW(snapshot.get(), &entry));
+    return {};
+}
+
+}  // namespace
+
+WindowThread WinDesktopWindows::ThreadOf(WindowHandle window) const {
+    DWORD process = 0;
+    const DWORD thread = GetWindowThreadProcessId(ToWindow(window), &process);
+    return {thread, process};
+}
+
+std::u16string WinDesktopWindows::ProgramPath(std::uint32_t process) const {
+    const std::u16string path = FullPath(process);
+    return path.empty() ? FileName(process) : path;
+}
+
+std::u16string WinDesktopWindows::ClassName(WindowHandle window) const {
+    wchar_t name[kClassNameMax];
+    const int length = GetClassNameW(ToWindow(window), name, kClassNameMax);
+    return FromWide(name, static_cast<std::size_t>(length));
+}
+
+LayoutHandle WinDesktopWindows::KeyboardLayout(std::uint32_t thread) const {
+    return static_cast<LayoutHandle>(reinterpret_cast<std::uintptr_t>(GetKeyboardLayout(thread)) &
+                                     0xFFFFFFFF);
+}
+
+void WinDesktopWindows::SendCopy(WindowHandle window) {
+    DWORD_PTR ignored = 0;
+    SendMessageTimeoutW(ToWindow(window), WM_COPY, 0, 0, SMTO_ABORTIFHUNG, kCopyTimeoutMs,
+                        &ignored);
+}
+
+}  // namespace vbr

@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/file_access.h"
+
+namespace vbr {
+
+class WinFileAccess : public FileAccess {
+  public:
+    DriveKind KindOfDrive(std::u16string_view path) const override;
+    bool FileExists(std::u16string_view path) const override;
+    bool CanWrite(std::u16string_view path) const override;
+    bool CreateOpenFile(std::u16string_view path) override;
+    bool CreateOpenFolder(std::u16string_view path) override;
+    std::u16string UserProfileFolder() const override;
+    std::u16string ApplicationDataFolder() const override;
+    std::optional<std::u16string> EnvironmentVariable(std::u16string_view name) const override;
+};
+
+}  // namespace vbr

@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+#include "platform/win32/win_input_injector.h"
+
+#include "platform/win32/windows.h"
+
+#include <vector>
+
+namespace vbr {
+
+void WinInputInjector::Send(std::span<const KeyEvent> events) {
+    std::vector<INPUT> inputs;
+    inputs.reserve(events.size());
+    for (const KeyEvent& event : events) {
+        INPUT input{};
+        input.type = INPUT_KEYBOARD;
+        input.ki = {event.Vk, event.Scan, event.Flags, event.Time, 0};
+        inputs.push_back(input);
+    }
+    SendInput(static_cast<UINT>(inputs.size()), inputs.data(), sizeof(INPUT));
+}
+
+std::uint16_t WinInputInjector::ScanCode(std::uint16_t vk) const {
+    return static_cast<std::uint16_t>(MapVirtualKeyW(vk, MAPVK_VK_TO_VSC));
+}
+
+}  // namespace vbr

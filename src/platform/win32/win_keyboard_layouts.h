@@ -1,0 +1,13 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/keyboard_layouts.h"
+
+namespace vbr {
+
+class WinKeyboardLayouts : public KeyboardLayouts {
+  public:
+    std::vector<Lcid> InstalledLanguages() const override;
+};
+
+}  // namespace vbr
