@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace vbr {
+
+enum class SegmentKind { Text = 0, Prompt = 1 };
+
+// A piece of a phrase: text that isn't expanded yet, or the default answer of a prompt.
+struct TextSegment {
+    SegmentKind Kind = SegmentKind::Text;
+    std::u16string Text;
+
+    bool operator==(const TextSegment&) const = default;
+};
+
+// Splits a text at its prompt macros, in order. A prompt that isn't closed stays text, and an empty
+// text gives one empty text segment.
+std::vector<TextSegment> SplitPromptMacros(std::u16string_view text);
+
+}  // namespace vbr
