@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+
+#include "platform/clipboard.h"
+#include "platform/clock.h"
+#include "platform/desktop_windows.h"
+#include "platform/input_injector.h"
+
+namespace vbr {
+
+// Gets the selected text of a window of another program by making it copy.
+class SelectedTextReader {
+  public:
+    SelectedTextReader(Clipboard& clipboard, InputInjector& input, DesktopWindows& windows,
+                       Clock& clock)
+        : clipboard_(clipboard), input_(input), windows_(windows), clock_(clock) {}
+
+    // The selected text, empty when there is none. Blocks for at least 400 ms and leaves the copy
+    // on the clipboard.
+    std::u16string ExtractSelectedText(WindowHandle target);
+
+  private:
+    Clipboard& clipboard_;
+    InputInjector& input_;
+    DesktopWindows& windows_;
+    Clock& clock_;
+};
+
+}  // namespace vbr

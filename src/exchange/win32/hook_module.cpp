@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+#include "exchange/win32/hook_module.h"
+
+#include "platform/win32/wide.h"
+
+namespace vbr {
+
+bool HookModule::Load() {
+    if (!module_) {
+        module_ = LoadLibraryW(Wide(path_));
+    }
+    return module_ != nullptr;
+}
+
+void HookModule::Unload() {
+    if (module_) {
+        FreeLibrary(module_);
+        module_ = nullptr;
+    }
+}
+
+template <typename Function>
+Function HookModule::Find(const char* name) const {
+    return module_
+               ? reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(module_, name)))
+               : nullptr;
+}
+
+std::optional<bool> HookModule::Install(WPInstallParams& params) {
+    const auto install = Find<int (*)(WPInstallParams*)>("WP_Install");
+    return install ? std::optional(install(&params) != 0) : std::nullopt;
+}
+
+std::optional<bool> HookModule::Uninstall() {
+    const auto uninstall = Find<int (*)()>("WP_Uninstall");
+    return uninstall ? std::optional(uninstall() != 0) : std::nullopt;
+}
+
+WindowHandle HookModule::GetTargetWindow() {
+    const auto target = Find<HWND (*)()>("WP_GetTargetWindow");
+    return target ? reinterpret_cast<WindowHandle>(target()) : 0;
+}
+
+void HookModule::BroadcastNull() {
+    DWORD recipients = BSM_ALLCOMPONENTS;
+    BroadcastSystemMessageW(BSF_POSTMESSAGE | BSF_ALLOWSFW, &recipients, WM_NULL, 0, 0);
+}
+
+}  // namespace vbr

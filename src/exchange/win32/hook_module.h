@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/win32/windows.h"
+
+#include <string>
+
+#include "exchange/hook_library.h"
+
+namespace vbr {
+
+// Vellumbridge.dll, loaded from the program folder.
+class HookModule : public HookLibrary {
+  public:
+    explicit HookModule(std::u16string path) : path_(std::move(path)) {}
+    ~HookModule() override { Unload(); }
+    HookModule(const HookModule&) = delete;
+    HookModule& operator=(const HookModule&) = delete;
+
+    bool Load() override;
+    void Unload() override;
+    std::optional<bool> Install(WPInstallParams& params) override;
+    std::optional<bool> Uninstall() override;
+    WindowHandle GetTargetWindow() override;
+    void BroadcastNull() override;
+
+  private:
+    template <typename Function>
+    Function Find(const char* name) const;
+
+    std::u16string path_;
+    HMODULE module_ = nullptr;
+};
+
+}  // namespace vbr
