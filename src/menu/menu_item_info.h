@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace vbr {
+
+// Bits of CMenuItemInfo::ItemFlags.
+inline constexpr std::uint32_t kItemPopup = 16;
+inline constexpr std::uint32_t kItemSeparator = 2048;
+
+// What an item of the phrase menu is measured, drawn and explained from.
+struct CMenuItemInfo {
+    std::u16string Label;
+    std::int32_t DataType = 0;
+    std::int32_t Row = 0;  // the running number within its list
+    std::uint32_t ItemFlags = 0;
+    bool Mark = false;  // the last phrase chosen, or the group that holds it
+    std::uint32_t CommandId = 0;
+};
+
+// An item of the phrase menu as plain data; a popup has children.
+struct PhraseMenuItem {
+    CMenuItemInfo Info;
+    bool Grayed = false;
+    std::vector<PhraseMenuItem> Children;
+
+    bool IsSeparator() const { return (Info.ItemFlags & kItemSeparator) != 0; }
+    bool IsPopup() const { return (Info.ItemFlags & kItemPopup) != 0; }
+};
+
+using PhraseMenu = std::vector<PhraseMenuItem>;
+
+}  // namespace vbr

@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+
+#include "exchange/query.h"
+#include "menu/menu_item_info.h"
+#include "phrases/command_tree.h"
+#include "platform/clock.h"
+#include "platform/log.h"
+#include "platform/system_info.h"
+
+namespace vbr {
+
+// Shows a menu in front of the target and gives the foreground back when it has closed.
+class MenuPresenter {
+  public:
+    virtual ~MenuPresenter() = default;
+
+    // Runs the menu at the point, or at the mouse cursor; the chosen item's id, 0 for none.
+    virtual std::uint32_t Show(const PhraseMenu& menu, std::optional<ScreenPoint> at) = 0;
+    virtual bool IsShown() const = 0;
+};
+
+// Told how a menu ended: an item's id, or -1 for no choice, and the target window.
+using ChoiceNotice = std::function<void(std::int32_t choice, WindowHandle target)>;
+
+// Turns a query into the phrase menu and hands the user's choice on. Belongs to the main thread.
+class IDataNeededHander_MenuSelf {
+  public:
+    IDataNeededHander_MenuSelf(const CVBRCommandTree& tree, MenuPresenter& presenter, Clock& clock,
+                               ChoiceNotice notice, Log& log)
+        : tree_(tree),
+          presenter_(presenter),
+          clock_(clock),
+          notice_(std::move(notice)),
+          log_(log) {}
+
+    // Keyboard layout macros of a chosen phrase are honoured.
+    bool IsAllow_SwitchLayout() const { return true; }
+    // The hook side is told not to wait for an answer.
+    bool IsAllow_WaitAnswerFromExeAgent() const { return false; }
+    bool IsMenuShown() const { return presenter_.IsShown(); }
+
+    // Shows the menu and returns when it has closed. Without phrases no menu opens.
+    void OnDataNeeded(const WPQuery& query);
+
+    // Marks the phrase as the last one chosen.
+    void RememberCommand(std::uint32_t id);
+
+    void SetClipboardAtHotkey(std::u16string text) { clipboardAtHotkey_ = std::move(text); }
+    const std::u16string& ClipboardAtHotkey() const { return clipboardAtHotkey_; }
+    const std::u16string& SelectedText() const { return selectedText_; }
+    LayoutHandle Hkl() const { return hkl_; }
+
+  private:
+    PhraseMenu MakeMenu() const;
+
+    const CVBRCommandTree& tree_;
+    MenuPresenter& presenter_;
+    Clock& clock_;
+    ChoiceNotice notice_;
+    Log& log_;
+    std::uint32_t lastCommandId_ = 0;
+    std::u16string selectedText_;
+    LayoutHandle hkl_ = 0;
+    std::u16string clipboardAtHotkey_;
+};
+
+}  // namespace vbr
