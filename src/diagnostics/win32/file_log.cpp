@@ -1,0 +1,149 @@
+// SPDX-License-Identifier: MIT
+#include "diagnostics/win32/file_log.h"
+
+#include <system_error>
+
+#include "diagnostics/log_entry.h"
+#include "platform/object_names.h"
+#include "platform/win32/wide.h"
+#include "platform/win32/world_security.h"
+
+namespace vbr {
+namespace {
+
+constexpr DWORD kGuardWaitMs = 5000;
+constexpr DWORD kRetryMs = 50;
+constexpr char16_t kByteOrderMark = 0xFEFF;
+
+bool Append(const UniqueHandle& file, std::u16string_view text) {
+    DWORD written = 0;
+    const auto bytes = static_cast<DWORD>(text.size() * sizeof(char16_t));
+    return WriteFile(file.get(), text.data(), bytes, &written, nullptr) && written == bytes;
+}
+
+UniqueHandle OpenForAppend(const std::u16string& path) {
+    UniqueHandle file(CreateFileW(Wide(path), GENERIC_WRITE, FILE_SHARE_READ, nullptr,
+                                  OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+    if (IsValid(file)) {
+        SetFilePointer(file.get(), 0, nullptr, FILE_END);
+    } else if (GetLastError() == ERROR_FILE_NOT_FOUND) {
+        file.reset(CreateFileW(Wide(path), GENERIC_WRITE, FILE_SHARE_READ, WorldSecurity(),
+                               CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
+        if (IsValid(file)) {
+            Append(file, {&kByteOrderMark, 1});
+        }
+    }
+    return file;
+}
+
+// Another program may hold the file for a moment.
+UniqueHandle OpenPatiently(const std::u16string& path) {
+    const ULONGLONG giveUp = GetTickCount64() + kGuardWaitMs;
+    UniqueHandle file = OpenForAppend(path);
+    while (!IsValid(file) && GetLastError() == ERROR_SHARING_VIOLATION &&
+           GetTickCount64() < giveUp) {
+        Sleep(kRetryMs);
+        file = OpenForAppend(path);
+    }
+    return file;
+}
+
+}  // namespace
+
+bool FileLog::StartLog(const std::u16string& path) {
+    const std::lock_guard lock(mutex_);
+    if (!path_.empty()) {
+        return false;
+    }
+    atom_ = GlobalAddAtomW(Wide(path));
+    guard_.reset(CreateEventW(WorldSecurity(), TRUE, TRUE, Wide(kEventLogGuard.data())));
+    if (!atom_ || !guard_) {
+        GlobalDeleteAtom(atom_);
+        atom_ = 0;
+        return false;
+    }
+    try {
+        stopping_ = false;
+        writer_ = std::thread([this] { WriteQueue(); });
+    } catch (const std::system_error&) {
+        GlobalDeleteAtom(atom_);
+        atom_ = 0;
+        return false;
+    }
+    path_ = path;
+    return true;
+}
+
+void FileLog::StopLog() {
+    {
+        const std::lock_guard lock(mutex_);
+        if (path_.empty()) {
+            return;
+        }
+        stopping_ = true;
+    }
+    wake_.notify_one();
+    writer_.join();
+    const std::lock_guard lock(mutex_);
+    GlobalDeleteAtom(atom_);
+    atom_ = 0;
+    guard_.reset();
+    path_.clear();
+}
+
+bool FileLog::IsLogOn() const {
+    const std::lock_guard lock(mutex_);
+    return !path_.empty();
+}
+
+std::u16string FileLog::Path() const {
+    const std::lock_guard lock(mutex_);
+    return path_;
+}
+
+std::uint16_t FileLog::Atom() const {
+    const std::lock_guard lock(mutex_);
+    return atom_;
+}
+
+void FileLog::Write(std::u16string_view text) {
+    {
+        const std::lock_guard lock(mutex_);
+        if (path_.empty() || stopping_ || text.empty()) {
+            return;
+        }
+        queue_.push_back(FormLogEntry(kDefaultLogPrefix, text, clock_.LocalTime()));
+    }
+    wake_.notify_one();
+}
+
+void FileLog::WriteQueue() {
+    std::unique_lock lock(mutex_);
+    while (true) {
+        wake_.wait(lock, [this] { return stopping_ || !queue_.empty(); });
+        if (queue_.empty()) {
+            return;
+        }
+        const std::u16string entry = std::move(queue_.front());
+        queue_.pop_front();
+        const std::u16string path = path_;
+        lock.unlock();
+        WriteEntry(path, entry);
+        lock.lock();
+    }
+}
+
+void FileLog::WriteEntry(const std::u16string& path, const std::u16string& entry) {
+    // A writer that died with the guard held must not stop the others for good.
+    if (WaitForSingleObject(guard_.get(), kGuardWaitMs) != WAIT_OBJECT_0) {
+        SetEvent(guard_.get());
+        return;
+    }
+    ResetEvent(guard_.get());
+    if (const UniqueHandle file = OpenPatiently(path); IsValid(file)) {
+        Append(file, entry);
+    }
+    SetEvent(guard_.get());
+}
+
+}  // namespace vbr

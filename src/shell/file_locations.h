@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "platform/file_access.h"
+
+namespace vbr {
+
+// Where every file of the program lies. Folders end in a backslash.
+struct FileLocations {
+    std::u16string ModulePath;
+    std::u16string ProgramFolder;
+    bool Portable = false;  // everything stays beside the program file
+    std::u16string LocalSettings;
+    std::u16string UserSettings;
+    std::u16string SettingsFile;  // one of the two above
+    std::u16string LogFile;
+
+    std::u16string HookLibrary() const;
+    std::u16string Editor() const;
+    std::u16string Welcome() const;
+};
+
+// Decides the locations by the drive of the program file and by what may be written. Makes an
+// empty Settings.ini beside the program when there is none, and the folder in the user's profile
+// when the user copy is chosen.
+FileLocations ChooseFileLocations(std::u16string_view modulePath, FileAccess& access);
+
+// The folder of the phrases for the stored setting: empty is the default, a value without a colon
+// lies below the program folder, environment variables are expanded.
+std::u16string EffectivePhrasesFolder(std::u16string_view stored, const FileLocations& locations,
+                                      const FileAccess& access);
+
+}  // namespace vbr

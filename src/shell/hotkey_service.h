@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "exchange/hook_service.h"
+#include "phrases/command_tree.h"
+#include "platform/hotkey_registrar.h"
+#include "platform/log.h"
+#include "platform/named_objects.h"
+#include "platform/shared_memory.h"
+#include "settings/settings.h"
+
+namespace vbr {
+
+// Start-up and service messages of this run, for the user's report.
+using MessageList = std::vector<std::u16string>;
+
+// A hot key in words, "Ctrl+Alt+Enter".
+std::u16string HotkeyText(std::uint16_t mods, std::u16string_view keyName);
+
+// What the program registers and installs so that the hot key brings a menu: the key itself, the
+// objects shared with the hook library, and the library. Belongs to the main thread.
+class HotkeyService {
+  public:
+    struct Parts {
+        CVBRSettings& Settings;
+        CVBRDLLService& Hooks;
+        HotkeyRegistrar& Hotkeys;
+        NamedObjects& Objects;
+        SharedMemory& Memory;
+        Log& ServiceLog;
+        MessageList& Messages;
+    };
+
+    explicit HotkeyService(const Parts& parts) : parts_(parts) {}
+
+    // Turns the service on. On a failure everything made is undone, `errorText` tells the user why,
+    // and the message list keeps it.
+    bool Install(const HookServiceStart& start, bool libraryExists, std::u16string& errorText);
+    void Stop();
+
+    // The hook library is installed: a hot key press will be served.
+    bool IsInstalled() const { return parts_.Hooks.IsInstalled(); }
+
+    // The settings' hot key in words.
+    std::u16string HotkeyName() const;
+
+  private:
+    bool CreateInterchangeObjects();
+    void CloseInterchangeObjects();
+    bool RegisterHotkey(std::u16string& errorText);
+    void UnregisterHotkey();
+    void Report(const std::u16string& message, std::u16string& errorText);
+
+    Parts parts_;
+    bool hotkeyRegistered_ = false;
+    std::unique_ptr<SharedBlock> area_;
+    std::unique_ptr<NamedEvent> dataNeeded_;
+    std::unique_ptr<NamedEvent> dataCompleted_;
+};
+
+}  // namespace vbr

@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+
+#include "platform/autostart.h"
+#include "platform/log.h"
+#include "platform/named_objects.h"
+#include "platform/system_error_text.h"
+#include "shell/command_line.h"
+
+namespace vbr {
+
+// Exit codes of the process.
+inline constexpr int kExitDone = 0;
+inline constexpr int kExitSignalled = 1;  // a running instance was told, or none to end
+inline constexpr int kExitNoInstanceEvent = 2;
+inline constexpr int kExitReleasedDelay = 12;  // another process left its autostart delay
+
+// Decides what this process is: a control process that signals the running instance and ends, or
+// the one resident instance of the session. Named events are all that instances share.
+class InstanceControl {
+  public:
+    InstanceControl(NamedObjects& objects, Autostart& autostart, const SystemErrorText& errors,
+                    Log& log)
+        : objects_(objects), autostart_(autostart), errors_(errors), log_(log) {}
+
+    // The steps up to the instance event. An exit code, or nothing when this process is to be the
+    // resident instance and now owns the event. `makeLanguage` prepares the texts after the
+    // autostart delay, `showHelp` shows the list of keys.
+    std::optional<int> Settle(const CVBRCmdLine& cmdLine, std::uint32_t delaySeconds,
+                              const std::function<void()>& makeLanguage,
+                              const std::function<void()>& showHelp);
+
+    // The instance event: it exists while this instance runs, and its setting is the stop signal
+    // of every thread. Null before Settle has made it.
+    NamedEvent* StopEvent() { return instance_.get(); }
+
+    // Tells every thread to stop.
+    void SignalStop();
+
+    // Lets a new instance start.
+    void Release();
+
+  private:
+    std::optional<int> KeepAutoLoadDelay(const CVBRCmdLine& cmdLine, std::uint32_t delaySeconds);
+    void WaitForNextInstance(std::uint32_t delaySeconds);
+    void TakeOver();
+    void SignalRunning(const CVBRCmdLine& cmdLine);
+
+    NamedObjects& objects_;
+    Autostart& autostart_;
+    const SystemErrorText& errors_;
+    Log& log_;
+    std::unique_ptr<NamedEvent> instance_;
+};
+
+}  // namespace vbr

@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string_view>
+
+#include "diagnostics/win32/file_log.h"
+#include "platform/win32/win_autostart.h"
+#include "platform/win32/win_clock.h"
+#include "platform/win32/win_error_text.h"
+#include "platform/win32/win_file_access.h"
+#include "platform/win32/win_named_objects.h"
+#include "platform/win32/win_profile_store.h"
+#include "settings/embedded_strings.h"
+#include "settings/settings.h"
+#include "shell/command_line.h"
+#include "shell/file_locations.h"
+#include "shell/instance_control.h"
+
+namespace vbr {
+
+// The process from its start to its end.
+class Application {
+  public:
+    Application();
+
+    // Settles what this process is and runs it; the exit code. `cmdLine` is the raw command line
+    // without the program path.
+    int Main(std::u16string_view cmdLine);
+
+  private:
+    int RunResident(const CVBRCmdLine& cmdLine);
+    int RunTrayWindow(const CVBRCmdLine& cmdLine);
+    void ShowHelp();
+    std::u16string DateAndTime() const;
+
+    WinClock clock_;
+    WinFileAccess access_;
+    WinProfileStore profile_;
+    WinNamedObjects objects_;
+    WinAutostart autostart_;
+    WinErrorText errors_;
+    FileLocations locations_;
+    CVBRSettings settings_;
+    FileLog log_;
+    EmbeddedStrings strings_;
+    InstanceControl instance_;
+};
+
+}  // namespace vbr

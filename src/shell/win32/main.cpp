@@ -1,0 +1,9 @@
+// SPDX-License-Identifier: MIT
+#include "platform/win32/windows.h"
+
+#include "platform/win32/wide.h"
+#include "shell/win32/application.h"
+
+int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR cmdLine, int) {
+    return vbr::Application().Main(vbr::FromWide(cmdLine));
+}
