@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/driver/keyboard.h"
+
+#include <algorithm>
+#include <vector>
+
+namespace vbr::desktop {
+namespace {
+
+INPUT KeyInput(WORD key, DWORD flags) {
+    INPUT input{};
+    input.type = INPUT_KEYBOARD;
+    input.ki.wVk = key;
+    input.ki.wScan = static_cast<WORD>(MapVirtualKeyW(key, MAPVK_VK_TO_VSC));
+    input.ki.dwFlags = flags;
+    return input;
+}
+
+}  // namespace
+
+void PressKeys(std::initializer_list<WORD> keys) {
+    std::vector<INPUT> inputs;
+    for (const WORD key : keys) {
+        inputs.push_back(KeyInput(key, 0));
+    }
+    std::for_each(std::rbegin(keys), std::rend(keys),
+                  [&](WORD key) { inputs.push_back(KeyInput(key, KEYEVENTF_KEYUP)); });
+    SendInput(static_cast<UINT>(inputs.size()), inputs.data(), sizeof(INPUT));
+}
+
+}  // namespace vbr::desktop

@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/win32/windows.h"
+
+#include <initializer_list>
+
+namespace vbr::desktop {
+
+// Presses the keys in order and lets them go in the opposite order, as a person does.
+void PressKeys(std::initializer_list<WORD> keys);
+
+// The program's own default hot key.
+inline void PressHotkey() {
+    PressKeys({VK_CONTROL, VK_MENU, VK_RETURN});
+}
+
+}  // namespace vbr::desktop

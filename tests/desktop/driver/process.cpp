@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/driver/process.h"
+
+namespace vbr::desktop {
+
+Process::Process(const std::wstring& commandLine) {
+    STARTUPINFOW startup{};
+    startup.cb = sizeof startup;
+    PROCESS_INFORMATION info{};
+    std::wstring writable = commandLine;
+    if (CreateProcessW(nullptr, writable.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
+                       &startup, &info)) {
+        CloseHandle(info.hThread);
+        handle_.reset(info.hProcess);
+        id_ = info.dwProcessId;
+    }
+}
+
+bool Process::IsRunning() const {
+    return handle_ && !WaitForExit(0);
+}
+
+std::optional<DWORD> Process::WaitForExit(DWORD milliseconds) const {
+    DWORD code = 0;
+    if (!handle_ || WaitForSingleObject(handle_.get(), milliseconds) != WAIT_OBJECT_0 ||
+        !GetExitCodeProcess(handle_.get(), &code)) {
+        return std::nullopt;
+    }
+    return code;
+}
+
+void Process::Terminate() {
+    if (IsRunning()) {
+        TerminateProcess(handle_.get(), 1);
+        WaitForSingleObject(handle_.get(), INFINITE);
+    }
+}
+
+}  // namespace vbr::desktop

@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/driver/program.h"
+
+#include <cstdlib>
+#include <fstream>
+
+#include "desktop/driver/waiting.h"
+
+namespace vbr::desktop {
+namespace {
+
+std::filesystem::path BuiltFolder() {
+    const wchar_t* folder = _wgetenv(L"VELLUMBRIDGE_FOLDER");
+    return folder ? folder : L"C:\\Vellumbridge";
+}
+
+}  // namespace
+
+HWND TrayWindow() {
+    return FindWindowW(nullptr, L"Vellumbridge");
+}
+
+bool WaitUntilReady() {
+    return WaitUntil([] {
+        DWORD_PTR ignored = 0;
+        return TrayWindow() &&
+               SendMessageTimeoutW(TrayWindow(), WM_NULL, 0, 0, SMTO_NORMAL, 1000, &ignored) != 0;
+    });
+}
+
+Program::Program() {
+    static int count = 0;
+    folder_ = std::filesystem::temp_directory_path() / (L"vbr-" + std::to_wstring(++count));
+    std::filesystem::remove_all(folder_);
+    std::filesystem::create_directories(Phrases());
+    for (const wchar_t* file : {L"Vellumbridge.exe", L"Vellumbridge.dll"}) {
+        std::filesystem::copy_file(BuiltFolder() / file, folder_ / file);
+    }
+}
+
+Program::~Program() {
+    resident_.Terminate();
+    std::error_code ignored;
+    std::filesystem::remove_all(folder_, ignored);
+}
+
+std::filesystem::path Program::AddPhrase(const std::string& name, int sortId,
+                                         const std::string& xmlCmd) const {
+    const std::filesystem::path path = Phrases() / (name + ".vellumbridge");
+    std::ofstream(path, std::ios::binary)
+        << "<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\" ?>\r\n"
+           "<VBRCommand UsageCount=\"0\" DisabledIsNoHasSelection=\"0\" UseTitleOnly=\"0\" "
+           "SortID=\""
+        << sortId << "\" FlagsMenu=\"0\">\r\n    <MenuName>" << name
+        << "</MenuName>\r\n    <DataType>TEXT</DataType>\r\n    <Cmd>" << xmlCmd
+        << "</Cmd>\r\n    <Hint></Hint>\r\n</VBRCommand>\r\n";
+    return path;
+}
+
+void Program::WriteSettings(const std::string& lines) const {
+    std::ofstream(folder_ / L"Settings.ini") << "[Settings]\n" << lines << "\n";
+}
+
+Process Program::Start(const std::wstring& arguments) const {
+    return Process(L"\"" + (folder_ / L"Vellumbridge.exe").wstring() + L"\" " + arguments);
+}
+
+bool Program::StartResident(const std::wstring& arguments) {
+    resident_ = Start(arguments);
+    return WaitUntilReady();
+}
+
+std::optional<DWORD> Program::End() {
+    Start(L"/exit").WaitForExit(kPatienceMs);
+    return resident_.WaitForExit(kPatienceMs);
+}
+
+}  // namespace vbr::desktop

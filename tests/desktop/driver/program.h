@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/win32/windows.h"
+
+#include <filesystem>
+#include <string>
+
+#include "desktop/driver/process.h"
+
+namespace vbr::desktop {
+
+// The hidden main window of the running program, null when there is none.
+HWND TrayWindow();
+
+// Waits until the program answers messages: its menu, hot key and events are up.
+bool WaitUntilReady();
+
+// The built program in a folder of its own, with phrases and settings of the test's choice.
+class Program {
+  public:
+    Program();
+    ~Program();
+    Program(const Program&) = delete;
+    Program& operator=(const Program&) = delete;
+
+    const std::filesystem::path& Folder() const { return folder_; }
+    std::filesystem::path Phrases() const { return folder_ / L"UserPhrases"; }
+
+    // Writes a plain text phrase; `xmlCmd` is the text as it stands in the file.
+    std::filesystem::path AddPhrase(const std::string& name, int sortId,
+                                    const std::string& xmlCmd) const;
+    void WriteSettings(const std::string& lines) const;
+
+    // Starts a process of the program with these arguments.
+    Process Start(const std::wstring& arguments = L"") const;
+
+    // Starts the resident instance and waits until it is ready.
+    bool StartResident(const std::wstring& arguments = L"");
+    Process& Resident() { return resident_; }
+
+    // Ends the resident instance by "/exit"; its exit code, or nothing if it goes on.
+    std::optional<DWORD> End();
+
+  private:
+    std::filesystem::path folder_;
+    Process resident_;
+};
+
+}  // namespace vbr::desktop
