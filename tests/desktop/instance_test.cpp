@@ -1,0 +1,157 @@
+// SPDX-License-Identifier: MIT
+#include "platform/win32/windows.h"
+
+#include <gtest/gtest.h>
+
+#include "desktop/driver/process.h"
+#include "desktop/driver/program.h"
+#include "desktop/driver/waiting.h"
+#include "platform/object_names.h"
+#include "platform/win32/wide.h"
+
+namespace vbr::desktop {
+namespace {
+
+constexpr DWORD kNotEndedMs = 1500;
+
+bool EventExists(std::u16string_view name) {
+    return UniqueHandle(OpenEventW(SYNCHRONIZE, FALSE, Wide(name.data()))) != nullptr;
+}
+
+UniqueHandle MakeEvent(std::u16string_view name) {
+    return UniqueHandle(CreateEventW(nullptr, FALSE, FALSE, Wide(name.data())));
+}
+
+bool IsSet(const UniqueHandle& event) {
+    return WaitForSingleObject(event.get(), 0) == WAIT_OBJECT_0;
+}
+
+std::optional<DWORD> ExitCode(const Process& process) {
+    return process.WaitForExit(kPatienceMs);
+}
+
+// Finds a message box and answers it.
+bool CloseMessageBox(DWORD process) {
+    return WaitUntil([process] {
+        const HWND box = FindWindowW(L"#32770", L"Vellumbridge");
+        DWORD owner = 0;
+        GetWindowThreadProcessId(box, &owner);
+        return box && owner == process && IsWindowVisible(box) &&
+               PostMessageW(box, WM_COMMAND, IDOK, 0);
+    });
+}
+
+class Instance : public testing::Test {
+  protected:
+    Program program_;
+};
+
+TEST_F(Instance, SecondStartEndsWith1AndTheFirstGoesOn) {
+    ASSERT_TRUE(program_.StartResident());
+    EXPECT_EQ(ExitCode(program_.Start()), 1U);
+    EXPECT_TRUE(program_.Resident().IsRunning());
+    EXPECT_EQ(program_.End(), 0U);
+    EXPECT_FALSE(EventExists(kEventInstance));
+    EXPECT_FALSE(EventExists(kEventAlreadyWork));
+}
+
+TEST_F(Instance, ExitWithNothingRunningEndsWith1AndStartsNothing) {
+    EXPECT_EQ(ExitCode(program_.Start(L"/exit")), 1U);
+    EXPECT_FALSE(EventExists(kEventInstance));
+}
+
+TEST_F(Instance, InstanceEventThatCannotBeMadeEndsWith2) {
+    const UniqueHandle taken(CreateMutexW(nullptr, FALSE, Wide(kEventInstance.data())));
+    EXPECT_EQ(ExitCode(program_.Start()), 2U);
+}
+
+TEST_F(Instance, HelpShowsTheKeysAndEndsWith0) {
+    const Process help = program_.Start(L"/?");
+    EXPECT_TRUE(CloseMessageBox(help.Id()));
+    EXPECT_EQ(ExitCode(help), 0U);
+    EXPECT_FALSE(EventExists(kEventInstance));
+}
+
+TEST_F(Instance, EditReachesTheRunningInstanceAndEndsWith0) {
+    ASSERT_TRUE(program_.StartResident());
+    EXPECT_EQ(ExitCode(program_.Start(L"-EDIT")), 0U);
+    EXPECT_EQ(program_.End(), 0U);
+}
+
+TEST_F(Instance, PlainStartReleasesTheAutostartDelayAndEndsWith12) {
+    program_.WriteSettings("DelayAutoLoadSeconds_NextRelease=600");
+    const Process delayed = program_.Start(L"/autoload");
+    ASSERT_TRUE(WaitUntil([] { return EventExists(kEventAutoLoadWait); }));
+    EXPECT_FALSE(EventExists(kEventInstance));
+    EXPECT_EQ(ExitCode(program_.Start()), 12U);
+    EXPECT_TRUE(WaitUntilReady());
+    EXPECT_FALSE(EventExists(kEventAutoLoadWait));
+    EXPECT_EQ(ExitCode(program_.Start(L"/exit")), 1U);
+    EXPECT_EQ(ExitCode(delayed), 0U);
+}
+
+TEST_F(Instance, AutostartWithoutDelayIsResidentAtOnce) {
+    program_.WriteSettings("DelayAutoLoadSeconds_NextRelease=0");
+    ASSERT_TRUE(program_.StartResident(L"/autoload"));
+    EXPECT_TRUE(EventExists(kEventInstance));
+    EXPECT_EQ(program_.End(), 0U);
+}
+
+TEST_F(Instance, UaDeletesTheAutostartValueAndEndsTheRunningInstance) {
+    const wchar_t* run = L"Software\\Microsoft\\Windows\\CurrentVersion\\Run";
+    RegSetKeyValueW(HKEY_CURRENT_USER, run, L"Vellumbridge", REG_SZ, L"x", 2 * sizeof(wchar_t));
+    ASSERT_TRUE(program_.StartResident());
+    EXPECT_EQ(ExitCode(program_.Start(L"/ua")), 1U);
+    EXPECT_EQ(ExitCode(program_.Resident()), 0U);
+    EXPECT_EQ(RegGetValueW(HKEY_CURRENT_USER, run, L"Vellumbridge", RRF_RT_ANY, nullptr, nullptr,
+                           nullptr),
+              ERROR_FILE_NOT_FOUND);
+}
+
+TEST_F(Instance, ShowMenuAndUpdateCheckSignalTheirOwnEvents) {
+    ASSERT_TRUE(program_.StartResident(L"/noinstall"));
+    const UniqueHandle updates = MakeEvent(kEventCheckForUpdates);
+    const UniqueHandle seen(CreateEventW(nullptr, FALSE, FALSE, nullptr));
+    // The signal is set and reset in one go: only a waiting thread hears it.
+    const auto listen = [](void* context) -> DWORD {
+        const auto* handles = static_cast<HANDLE*>(context);
+        WaitForSingleObject(handles[0], kPatienceMs);
+        SetEvent(handles[1]);
+        return 0;
+    };
+    HANDLE handles[] = {updates.get(), seen.get()};
+    const UniqueHandle listener(CreateThread(nullptr, 0, listen, handles, 0, nullptr));
+    Sleep(200);
+    EXPECT_EQ(ExitCode(program_.Start(L"/cfu")), 1U);
+    EXPECT_EQ(WaitForSingleObject(listener.get(), kPatienceMs), WAIT_OBJECT_0);
+    EXPECT_FALSE(IsSet(updates));
+    EXPECT_EQ(ExitCode(program_.Start(L"/showmenu")), 1U);
+    EXPECT_TRUE(WaitUntil([] {
+        const HWND menu = FindWindowW(L"#32768", nullptr);
+        return menu && IsWindowVisible(menu);
+    }));
+    EXPECT_EQ(program_.End(), 0U);
+}
+
+TEST_F(Instance, TakeOverWaitsUntilTheFirstInstanceHasEnded) {
+    ASSERT_TRUE(program_.StartResident());
+    const UniqueHandle ended(CreateEventW(nullptr, TRUE, FALSE, Wide(kEventTakeOver.data())));
+    const Process elevated = program_.Start(L"/asadmin");
+    EXPECT_EQ(ExitCode(program_.Resident()), 0U);
+    EXPECT_FALSE(elevated.WaitForExit(kNotEndedMs));
+    EXPECT_FALSE(EventExists(kEventInstance));
+    SetEvent(ended.get());
+    EXPECT_TRUE(WaitUntilReady());
+    EXPECT_EQ(ExitCode(program_.Start(L"/exit")), 1U);
+    EXPECT_EQ(ExitCode(elevated), 0U);
+}
+
+TEST_F(Instance, TakenHotKeyLeavesTheProgramRunning) {
+    ASSERT_TRUE(RegisterHotKey(nullptr, 1, MOD_CONTROL | MOD_ALT, VK_RETURN));
+    EXPECT_TRUE(program_.StartResident());
+    UnregisterHotKey(nullptr, 1);
+    EXPECT_EQ(program_.End(), 0U);
+}
+
+}  // namespace
+}  // namespace vbr::desktop
