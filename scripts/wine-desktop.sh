@@ -39,6 +39,18 @@ Windows Registry Editor Version 5.00
 REG
 }
 
+# Ends the prefix's server and all its programs, or waits for the programs to end by themselves.
+end_wine() {
+    local name=
+    [[ ! -r $WINEPREFIX/wineserver ]] || name=$(<"$WINEPREFIX/wineserver")
+    [[ ${1:-} == wait ]] || wineserver -k >/dev/null 2>&1 || true
+    timeout 60 wineserver -w || true
+    # Debian's server leaves its socket's folder, and copies that kept the name would share it.
+    if [[ $name == wine-* ]]; then
+        rm -rf "${WINEPREFIX:?}/wineserver" "/tmp/$name"
+    fi
+}
+
 # A new prefix with our settings in it.
 make_prefix() {
     export WINEPREFIX=$1
@@ -49,11 +61,9 @@ make_prefix() {
     settings >"$WINEPREFIX/settings.reg"
     wine regedit /S "$WINEPREFIX/settings.reg"
     rm "$WINEPREFIX/settings.reg"
-    wineserver -w
+    end_wine wait
     # Wine links Documents and the like to the caller's own folders.
     find "$WINEPREFIX/drive_c/users" -type l -exec rm {} \; -exec mkdir {} \;
-    # It names the server's socket; copies that kept it would share one server.
-    rm -f "$WINEPREFIX/wineserver"
 }
 
 # Sets `template` to the folder of the template, made when this Wine and these settings have none.
@@ -96,7 +106,7 @@ remove_stale_runs() {
         [[ -e $stale/lock ]] || continue
         (
             flock -n 7 || exit 0
-            WINEPREFIX=$stale/prefix wineserver -k >/dev/null 2>&1 || true
+            WINEPREFIX=$stale/prefix end_wine
             rm -rf "$stale"
         ) 7<"$stale/lock" || true
     done
@@ -130,8 +140,7 @@ finish() {
         kill -TERM -- "-$command_pid" 2>/dev/null || true
     fi
     if [[ -d $work/prefix ]]; then
-        wineserver -k >/dev/null 2>&1 || true
-        timeout 20 wineserver -w || true
+        end_wine
     fi
     if [[ $display_pid ]]; then
         kill "$display_pid" 2>/dev/null || true
@@ -204,7 +213,7 @@ on_display() {
             mv "$WINEPREFIX.new" "$WINEPREFIX"
             # Here the programs stand among the user's other windows.
             wine reg delete 'HKCU\Software\Wine\Explorer' /v Desktop /f >/dev/null 8>&-
-            wineserver -w
+            end_wine wait
         fi
     ) 8>"$cache/display.lock"
     wineserver -p1

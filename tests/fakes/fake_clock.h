@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "platform/clock.h"
+
+namespace vbr {
+
+// A clock that stands still until the test moves it; a sleep moves the tick count only.
+class FakeClock : public Clock {
+  public:
+    SystemTime Local;
+    SystemTime Utc;
+    std::uint32_t Tick = 0;
+    std::vector<std::uint32_t> Sleeps;
+
+    SystemTime LocalTime() const override { return Local; }
+    SystemTime UtcTime() const override { return Utc; }
+    std::uint32_t TickCount() const override { return Tick; }
+
+    void Sleep(std::uint32_t milliseconds) override {
+        Sleeps.push_back(milliseconds);
+        Tick += milliseconds;
+    }
+};
+
+}  // namespace vbr

@@ -1,0 +1,168 @@
+// SPDX-License-Identifier: MIT
+#include "phrases/command_file.h"
+
+#include <gtest/gtest.h>
+#include <memory>
+
+#include "base/text.h"
+#include "fakes/memory_log.h"
+#include "fakes/native_file_store.h"
+
+namespace vbr {
+namespace {
+
+constexpr std::string_view kHandWritten =
+    "<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\" ?>\r\n"
+    "<VBRCommand Excluded=\"1\" UsageCount=\"7\" DisabledIsNoHasSelection=\"1\" UseTitleOnly=\"1\" "
+    "SortID=\"4294967295\" FlagsMenu=\"3\" DateUsage=\"2024|2|29|23|5|9\">\r\n"
+    "    <MenuName>  Привет,  &quot;мир&quot; &amp; co \U0001F642 </MenuName>\r\n"
+    "    <DataType>TEXT</DataType>\r\n"
+    "    <Cmd>&#x0D;&#x0A;one  two&#x09;&lt;b&gt;&#x0D;&#x0A;&apos;&amp;#x41;&apos;</Cmd>\r\n"
+    "    <Hint>  a hint  </Hint>\r\n"
+    "</VBRCommand>\r\n";
+
+std::string Document(std::string_view attributes, std::string_view children) {
+    return "<VBRCommand " + std::string(attributes) + ">" + std::string(children) + "</VBRCommand>";
+}
+
+VBRCommand Parsed(std::string_view xml) {
+    VBRCommand record;
+    EXPECT_EQ(ParseCommand(record, xml), CommandReadResult::Ok) << xml;
+    return record;
+}
+
+TEST(CommandFile, HandWrittenFileSurvivesReadAndWriteByteForByte) {
+    EXPECT_EQ(CommandToXml(Parsed(kHandWritten)), kHandWritten);
+}
+
+TEST(CommandFile, FieldsAreRead) {
+    const VBRCommand record = Parsed(kHandWritten);
+    EXPECT_EQ(record.Text, u"  Привет,  \"мир\" & co 🙂 ");
+    EXPECT_EQ(record.Cmd, u"\r\none  two\t<b>\r\n'&#x41;'");
+    EXPECT_EQ(record.ToolTipText, u"  a hint  ");
+    EXPECT_FALSE(record.IsEnabled());
+    EXPECT_EQ(record.UsageCount, 7);
+    EXPECT_EQ(record.SortID, 4294967295U);
+    EXPECT_EQ(record.FlagsMenu, kSeparatorBefore | kSeparatorAfter);
+    EXPECT_EQ(record.DateUsage.Day, 29);
+    EXPECT_EQ(record.DateUsage.Second, 9);
+}
+
+TEST(CommandFile, EveryTextComesBackUnitForUnit) {
+    std::u16string controls;
+    for (char16_t c = 1; c < 0x100; ++c) {
+        controls += c;
+    }
+    for (const std::u16string& text :
+         {std::u16string(u""), std::u16string(u" "), std::u16string(u"\r\n\r\n"),
+          std::u16string(u"\t"), std::u16string(u"]]>&amp;lt;&#x2014;&#x"),
+          std::u16string(u"<!-- no comment -->"), controls}) {
+        VBRCommand record;
+        record.Text = u"title";
+        record.Cmd = text;
+        record.ToolTipText = text;
+        const VBRCommand back = Parsed(CommandToXml(record));
+        EXPECT_EQ(back.Cmd, text);
+        EXPECT_EQ(back.ToolTipText, text);
+    }
+}
+
+TEST(CommandFile, NumbersAndWordsOutOfRangeAreCorrected) {
+    struct Case {
+        std::string Attributes;
+        std::string DataType;
+        bool Enabled;
+        std::int32_t UsageCount;
+        std::int32_t Kind;
+        bool DateIsSet;
+    };
+    const Case cases[] = {
+        {"UsageCount=\"-5\" Excluded=\"2\"", "exec", false, 0, kDataTypeExec, false},
+        {"UsageCount=\"99999999999\" Excluded=\"0\"", "Rtf", true, 2147483647, kDataTypeRtf, false},
+        {"DateUsage=\"0|1|1|1|1|1\"", "HTML", true, 0, kDataTypeText, false},
+        {"DateUsage=\"2020\" UsageCount=\"x\"", "", true, 0, kDataTypeText, true},
+    };
+    for (const Case& c : cases) {
+        const VBRCommand record = Parsed(Document(
+            c.Attributes, "<MenuName>n</MenuName><DataType>" + c.DataType + "</DataType>"));
+        EXPECT_EQ(record.IsEnabled(), c.Enabled) << c.Attributes;
+        EXPECT_EQ(record.UsageCount, c.UsageCount) << c.Attributes;
+        EXPECT_EQ(record.DataType, c.Kind) << c.DataType;
+        const bool dateWritten = CommandToXml(record).find("DateUsage") != std::string::npos;
+        EXPECT_EQ(dateWritten, c.DateIsSet) << c.Attributes;
+    }
+}
+
+TEST(CommandFile, TitleAndHintAreCut) {
+    const VBRCommand record =
+        Parsed(Document("", "<MenuName>" + std::string(70, 'a') + "</MenuName><Hint>" +
+                                std::string(600, 'b') + "</Hint>"));
+    EXPECT_EQ(record.Text, std::u16string(60, u'a'));
+    EXPECT_EQ(record.ToolTipText, std::u16string(512, u'b'));
+}
+
+TEST(CommandFile, WhatIsNoWholePhraseIsRefused) {
+    const std::string whole(kHandWritten);
+    const std::pair<std::string, CommandReadResult> cases[] = {
+        {"", CommandReadResult::NotXml},
+        {"plain words", CommandReadResult::NotXml},
+        {"<Other><MenuName>n</MenuName></Other>", CommandReadResult::NotXml},
+        {Document("", "<Cmd>no title</Cmd>"), CommandReadResult::NoTitle},
+        {Document("", "<MenuName></MenuName>"), CommandReadResult::NoTitle},
+        {Document("", "<MenuName>caf\xE9</MenuName>"), CommandReadResult::NotUtf8},
+        {whole + '\xFF', CommandReadResult::NotUtf8},
+    };
+    for (const auto& [xml, result] : cases) {
+        VBRCommand record;
+        EXPECT_EQ(ParseCommand(record, xml), result) << xml;
+    }
+}
+
+// A phrase that lost its end must not come back as a shorter phrase and be saved so.
+TEST(CommandFile, FileCutAnywhereInTheDocumentIsRefused) {
+    const std::size_t end = kHandWritten.rfind('>');
+    for (std::size_t length = 0; length <= end; ++length) {
+        VBRCommand record;
+        EXPECT_NE(ParseCommand(record, kHandWritten.substr(0, length)), CommandReadResult::Ok)
+            << length;
+    }
+}
+
+TEST(CommandFile, GroupFileHoldsAttributesOnlyAndGivesThemBack) {
+    VBRCommand group;
+    group.Text = u"name of the folder";
+    group.SortID = 9;
+    group.FlagsMenu = kSeparatorBefore;
+    group.SetDateUsage({.Year = 2020, .Month = 1, .Day = 1});
+    group.Commands = std::make_unique<std::vector<VBRCommand>>();
+    group.Commands->emplace_back();
+    EXPECT_FALSE(group.StampDateUsage({.Year = 2021}));
+    const std::string xml = CommandToXml(group);
+    EXPECT_EQ(xml,
+              "<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\" ?>\r\n"
+              "<VBRCommand UsageCount=\"0\" DisabledIsNoHasSelection=\"0\" UseTitleOnly=\"0\" "
+              "SortID=\"9\" FlagsMenu=\"1\" />\r\n");
+    VBRCommand back;
+    EXPECT_EQ(ParseCommand(back, xml), CommandReadResult::NoTitle);
+    EXPECT_EQ(back.SortID, 9U);
+}
+
+TEST(CommandFile, FailedWriteIsLoggedAndTold) {
+    NativeFileStore store;
+    store.ReplaceError = SystemError{5, u"Access denied."};
+    MemoryLog log;
+    CommandFiles files(store, log);
+    VBRCommand record;
+    record.Text = u"the record";
+    std::u16string told;
+    EXPECT_FALSE(files.WriteCommandFile(
+        record, "nowhere.vellumbridge",
+        [&](const std::filesystem::path& path, std::u16string_view error, const VBRCommand& r) {
+            told = Concat(path.u16string(), u"|", error, u"|", r.Text);
+        }));
+    EXPECT_EQ(told, u"nowhere.vellumbridge|ERROR: code 5, Access denied.|the record");
+    EXPECT_EQ(log.Lines, std::vector<std::u16string>{u"ERROR: code 5, Access denied."});
+}
+
+}  // namespace
+}  // namespace vbr
