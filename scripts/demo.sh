@@ -6,11 +6,14 @@ root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 desktop=$root/scripts/wine-desktop.sh
 demo() { wine "$root/build/windows/bin/vellumbridge_demo.exe" "$1" | tr -d '\r'; }
 
-failed() {
-    "$desktop" screenshot "$root/out/demo-failed.png"
-    echo "The demo failed; out/demo-failed.png shows where." >&2
+done=no
+ended() {
+    if [[ $done == no ]]; then
+        "$desktop" screenshot "$root/out/demo-failed.png"
+        echo "The demo failed; out/demo-failed.png shows where." >&2
+    fi
 }
-trap failed ERR
+trap ended EXIT
 rm -f "$root"/out/demo*.png
 
 echo "== Starting Notepad and Vellumbridge"
@@ -27,6 +30,7 @@ text=$(demo choose)
 
 echo "== Ending the program"
 demo close
+done=yes
 
 echo
 echo "This is what arrived in Notepad:"

@@ -167,14 +167,13 @@ std::u16string_view DescribeReadResult(CommandReadResult result) {
     return u"";
 }
 
-CommandReadResult ParseCommand(VBRCommand& record, std::string_view xml) {
+CommandReadResult ParseCommand(VBRCommand& record, const std::string& xml) {
     if (!IsValidUtf8(xml)) {
         return CommandReadResult::NotUtf8;
     }
     TiXmlBase::SetCondenseWhiteSpace(false);
     TiXmlDocument document;
-    const std::string source(xml);
-    document.Parse(source.c_str(), nullptr, TIXML_ENCODING_UTF8);
+    document.Parse(xml.c_str(), nullptr, TIXML_ENCODING_UTF8);
     const TiXmlElement* root = document.FirstChildElement(kRootName);
     if (document.Error() || !root) {
         return CommandReadResult::NotXml;

@@ -27,7 +27,7 @@ std::u16string_view DescribeReadResult(CommandReadResult result);
 
 // Fills an initialised record from the text of a phrase file: a UTF-8 XML document with the root
 // element VBRCommand. FilePath and CMDID stay as they are.
-CommandReadResult ParseCommand(VBRCommand& record, std::string_view xml);
+CommandReadResult ParseCommand(VBRCommand& record, const std::string& xml);
 
 // The phrase file of a record: XML in UTF-8 without a mark, lines ended by CR LF, texts escaped so
 // that ParseCommand gives them back unit for unit.

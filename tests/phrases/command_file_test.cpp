@@ -11,7 +11,7 @@
 namespace vbr {
 namespace {
 
-constexpr std::string_view kHandWritten =
+const std::string kHandWritten =
     "<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\" ?>\r\n"
     "<VBRCommand Excluded=\"1\" UsageCount=\"7\" DisabledIsNoHasSelection=\"1\" UseTitleOnly=\"1\" "
     "SortID=\"4294967295\" FlagsMenu=\"3\" DateUsage=\"2024|2|29|23|5|9\">\r\n"
@@ -25,7 +25,7 @@ std::string Document(std::string_view attributes, std::string_view children) {
     return "<VBRCommand " + std::string(attributes) + ">" + std::string(children) + "</VBRCommand>";
 }
 
-VBRCommand Parsed(std::string_view xml) {
+VBRCommand Parsed(const std::string& xml) {
     VBRCommand record;
     EXPECT_EQ(ParseCommand(record, xml), CommandReadResult::Ok) << xml;
     return record;
@@ -102,7 +102,6 @@ TEST(CommandFile, TitleAndHintAreCut) {
 }
 
 TEST(CommandFile, WhatIsNoWholePhraseIsRefused) {
-    const std::string whole(kHandWritten);
     const std::pair<std::string, CommandReadResult> cases[] = {
         {"", CommandReadResult::NotXml},
         {"plain words", CommandReadResult::NotXml},
@@ -110,7 +109,7 @@ TEST(CommandFile, WhatIsNoWholePhraseIsRefused) {
         {Document("", "<Cmd>no title</Cmd>"), CommandReadResult::NoTitle},
         {Document("", "<MenuName></MenuName>"), CommandReadResult::NoTitle},
         {Document("", "<MenuName>caf\xE9</MenuName>"), CommandReadResult::NotUtf8},
-        {whole + '\xFF', CommandReadResult::NotUtf8},
+        {kHandWritten + '\xFF', CommandReadResult::NotUtf8},
     };
     for (const auto& [xml, result] : cases) {
         VBRCommand record;

@@ -77,12 +77,19 @@ void TrayIcon::Delete(HWND window) {
 }
 
 void TrayIcon::StartInstallThread(HWND window, NamedEvent& stop) {
+    if (installing_.exchange(true)) {
+        return;
+    }
     if (install_.joinable()) {
         install_.join();
     }
     try {
-        install_ = std::thread([window, &stop] { TryInstall(window, stop); });
+        install_ = std::thread([this, window, &stop] {
+            TryInstall(window, stop);
+            installing_ = false;
+        });
     } catch (const std::system_error&) {
+        installing_ = false;
         SendMessageW(window, kMsgInstallTrayIcon, 0, 0);
     }
 }

@@ -3,6 +3,7 @@
 
 #include "platform/win32/windows.h"
 
+#include <atomic>
 #include <shellapi.h>
 #include <string>
 #include <thread>
@@ -32,12 +33,14 @@ class TrayIcon {
     void Delete(HWND window);
 
     // Sends the install message until it is answered with a non-zero result: at logon the shell
-    // may not be up yet. Every 2 seconds, 200 times, until the stop event is set.
+    // may not be up yet. Every 2 seconds, 200 times, until the stop event is set. A thread that is
+    // still trying is left at it.
     void StartInstallThread(HWND window, NamedEvent& stop);
 
   private:
     NOTIFYICONDATAW data_{};
     std::thread install_;
+    std::atomic<bool> installing_ = false;
 };
 
 }  // namespace vbr

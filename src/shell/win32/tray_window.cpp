@@ -32,21 +32,7 @@ HICON ProgramIcon(int width, int height) {
 CVBRTrayWnd::CVBRTrayWnd(const TrayContext& context)
     : context_(context),
       instanceSignal_(Registered(kMessageInstanceSignal)),
-      taskbarCreated_(Registered(kMessageTaskbarCreated)),
-      queryMessage_(Registered(kMessageQuery)),
-      system_(context.Locations.ProgramFolder),
-      files_(fileStore_, context.TrayLog),
-      saver_(files_),
-      tree_(files_, saver_, clock_, context.TrayLog),
-      values_(clock_, locale_, system_),
-      macros_(values_, layouts_, locale_, context.TrayLog),
-      text_(input_, context.TrayLog),
-      runner_(macros_, text_, context.TrayLog),
-      delivery_(tree_, macros_, runner_),
-      selection_(clipboard_, input_, windows_, clock_),
-      hookModule_(context.Locations.HookLibrary()),
-      hooks_(hookModule_, objects_, windows_, selection_, context.Locations.HookLibrary(),
-             context.TrayLog) {}
+      taskbarCreated_(Registered(kMessageTaskbarCreated)) {}
 
 CVBRTrayWnd::~CVBRTrayWnd() {
     Destroy();
@@ -89,14 +75,15 @@ LRESULT CVBRTrayWnd::OnCreate(WPARAM, LPARAM) {
                  reinterpret_cast<LPARAM>(
                      ProgramIcon(GetSystemMetrics(SM_CXSMICON), GetSystemMetrics(SM_CYSMICON))));
     SendMessageW(Handle(), WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(ProgramIcon(0, 0)));
-    hotkeys_ = std::make_unique<WinHotkeyRegistrar>(Handle(), kHotkeyId);
-    service_ = std::make_unique<HotkeyService>(HotkeyService::Parts{
-        context_.Settings, hooks_, *hotkeys_, objects_, objects_, context_.TrayLog, messages_});
+    road_ = std::make_unique<PhraseRoad>(
+        PhraseRoad::Parts{context_.Settings, context_.Locations, context_.Access, context_.TrayLog,
+                          messages_},
+        Handle());
     if (context_.CmdLine.NoInstall()) {
         messages_.push_back(u"No install on launch. Flag specifided");
     } else {
         std::u16string ignored;
-        InstallService(ignored);
+        road_->InstallService(ignored);
     }
     icon_.StartInstallThread(Handle(), context_.Stop);
     SetWindowPos(Handle(), nullptr, -100, -100, 10, 10,
@@ -113,7 +100,7 @@ LRESULT CVBRTrayWnd::OnCreate(WPARAM, LPARAM) {
 
 LRESULT CVBRTrayWnd::OnDestroy(WPARAM, LPARAM) {
     context_.Stop.Set();
-    service_->Stop();
+    road_->StopService();
     icon_.Delete(Handle());
     CAppObjects::SetTrayWindow(nullptr);
     return 0;
@@ -159,9 +146,9 @@ LRESULT CVBRTrayWnd::OnTaskbarCreated() {
 
 LRESULT CVBRTrayWnd::OnInstanceSignal(WPARAM code) {
     if (code == kSignalAlreadyWorks) {
-        if (!service_->IsInstalled()) {
+        if (!road_->IsServiceInstalled()) {
             std::u16string ignored;
-            InstallService(ignored);
+            road_->InstallService(ignored);
         }
         UpdateTrayIcon(TrayIconMode::ModifyWithBalloon, context_.Texts.LoadString(kStrAlreadyWorks),
                        true);
@@ -177,34 +164,16 @@ LRESULT CVBRTrayWnd::OnInstanceSignal(WPARAM code) {
 LRESULT CVBRTrayWnd::OnHotKey(WPARAM id, LPARAM) {
     if (id != kHotkeyId ||
         !doublePress_.Press(context_.Settings.HotkeyDoubled, clock_.TickCount()) ||
-        !service_->IsInstalled() || builder_->IsMenuShown()) {
+        !road_->IsServiceInstalled() || road_->IsMenuShown()) {
         return 0;
     }
-    StartQuery();
+    road_->StartQuery();
     return 0;
-}
-
-void CVBRTrayWnd::StartQuery() {
-    builder_->SetClipboardAtHotkey(clipboard_.UnicodeText());
-    WPQuery query;
-    if (hooks_.SendMessageToTargetWindow(query) == QueryStart::Local) {
-        builder_->OnDataNeeded(query);
-    }
 }
 
 LRESULT CVBRTrayWnd::OnCommandFromSelf(WPARAM choice, LPARAM target) {
     context_.TrayLog.Write(u"CVBRTrayWnd::OnWmCommandFromSelf");
-    const auto id = static_cast<std::int32_t>(choice);
-    if (id <= 0) {
-        return 0;
-    }
-    const auto phrase = static_cast<std::uint32_t>(id);
-    const DeliverResult result = delivery_.DeliverCommand(
-        phrase, static_cast<WindowHandle>(target),
-        {builder_->ClipboardAtHotkey(), builder_->SelectedText(), LanguageOf(builder_->Hkl())});
-    if (result == DeliverResult::Phrase) {
-        builder_->RememberCommand(phrase);
-    }
+    road_->Deliver(static_cast<std::int32_t>(choice), static_cast<WindowHandle>(target));
     return 0;
 }
 
@@ -214,7 +183,7 @@ LRESULT CVBRTrayWnd::OnCommand(WPARAM command, LPARAM) {
             ToggleService();
             break;
         case kCmdRereadPhrases:
-            LoadPhrases();
+            road_->LoadPhrases();
             UpdateTrayIcon(TrayIconMode::ModifyWithBalloon, {}, false);
             break;
         case kCmdExit:
@@ -228,50 +197,21 @@ LRESULT CVBRTrayWnd::OnCommand(WPARAM command, LPARAM) {
     return 1;
 }
 
-bool CVBRTrayWnd::InstallService(std::u16string& errorText) {
-    if (!builder_) {
-        const HWND window = Handle();
-        presenter_ = std::make_unique<PopupMenuPresenter>(window);
-        builder_ = std::make_unique<IDataNeededHander_MenuSelf>(
-            tree_, *presenter_, clock_,
-            [window](std::int32_t choice, WindowHandle target) {
-                PostMessageW(window, kMsgCommandFromSelf, static_cast<WPARAM>(choice),
-                             static_cast<LPARAM>(target));
-            },
-            context_.TrayLog);
-    }
-    if (context_.Settings.WriteLog) {
-        context_.TrayLog.StartLog(context_.Locations.LogFile);
-    } else {
-        context_.TrayLog.StopLog();
-    }
-    LoadPhrases();
-    const HookServiceStart start{reinterpret_cast<WindowHandle>(Handle()), queryMessage_,
-                                 context_.TrayLog.Path(), context_.TrayLog.Atom(),
-                                 builder_->IsAllow_WaitAnswerFromExeAgent()};
-    return service_->Install(start, context_.Access.FileExists(hooks_.LibraryPath()), errorText);
-}
-
 void CVBRTrayWnd::ToggleService() {
-    if (service_->IsInstalled()) {
-        service_->Stop();
-    } else if (std::u16string error; !InstallService(error) && !error.empty()) {
+    if (road_->IsServiceInstalled()) {
+        road_->StopService();
+    } else if (std::u16string error; !road_->InstallService(error) && !error.empty()) {
         ShowMessage(u"ERROR\n\n" + error, MB_ICONERROR);
     }
     UpdateTrayIcon(TrayIconMode::ModifyWithBalloon, {}, false);
 }
 
-void CVBRTrayWnd::LoadPhrases() {
-    tree_.LoadTree(EffectivePhrasesFolder(context_.Settings.PhrasesDirectory, context_.Locations,
-                                          context_.Access));
-}
-
 bool CVBRTrayWnd::UpdateTrayIcon(TrayIconMode mode, std::u16string_view balloonText, bool warning) {
     TrayState state;
-    state.ServiceInstalled = service_->IsInstalled();
-    state.HotkeyName = service_->HotkeyName();
-    state.PhrasesFolder = tree_.RootFolder().u16string();
-    state.Phrases = tree_.CountCommands();
+    state.ServiceInstalled = road_->IsServiceInstalled();
+    state.HotkeyName = road_->HotkeyName();
+    state.PhrasesFolder = road_->PhrasesFolder().u16string();
+    state.Phrases = road_->CountPhrases();
     const std::u16string firstLine = TrayFirstLine(state, context_.Texts);
     const std::u16string details = GetTrayInfoText(state, context_.Texts);
     TrayIconContent content;
@@ -291,7 +231,7 @@ void CVBRTrayWnd::DisplayTrayMenuAtCursor() {
 
 void CVBRTrayWnd::DisplayTrayMenu(POINT point) {
     const UniqueMenu menu = MakePopupMenu(
-        BuildTrayMenu({service_->IsInstalled(), tree_.CountCommands()}, context_.Texts));
+        BuildTrayMenu({road_->IsServiceInstalled(), road_->CountPhrases()}, context_.Texts));
     EndMenu();
     SetForegroundWindow(Handle());
     const int command =

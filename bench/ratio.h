@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <algorithm>
+#include <benchmark/benchmark.h>
+#include <chrono>
+#include <string>
+#include <vector>
+
+namespace vbr::bench {
+
+// Whether every ratio measured so far kept its bound.
+bool& AllWithinBounds();
+
+// Nanoseconds that the call takes.
+template <typename Call>
+double Time(Call&& call) {
+    const auto start = std::chrono::steady_clock::now();
+    call();
+    return std::chrono::duration<double, std::nano>(std::chrono::steady_clock::now() - start)
+        .count();
+}
+
+// Runs the work and its floor in interleaved pairs and reports the median of their ratios. A
+// median above the bound fails the run.
+template <typename Work, typename Floor>
+void MeasureRatio(benchmark::State& state, double bound, Work&& work, Floor&& floor) {
+    std::vector<double> ratios;
+    for (auto _ : state) {
+        const double floorTime = Time(floor);
+        const double workTime = Time(work);
+        ratios.push_back(workTime / floorTime);
+        state.SetIterationTime(workTime / 1e9);
+    }
+    const auto middle = ratios.begin() + static_cast<std::ptrdiff_t>(ratios.size() / 2);
+    std::nth_element(ratios.begin(), middle, ratios.end());
+    state.counters["ratio"] = *middle;
+    state.counters["bound"] = bound;
+    if (*middle > bound) {
+        AllWithinBounds() = false;
+        state.SetLabel("TOO SLOW");
+    }
+}
+
+}  // namespace vbr::bench

@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: MIT
+#include "shell/win32/phrase_road.h"
+
+#include "platform/object_names.h"
+#include "platform/win32/wide.h"
+#include "shell/tray_messages.h"
+
+namespace vbr {
+namespace {
+
+ChoiceNotice PostChoiceTo(HWND window) {
+    return [window](std::int32_t choice, WindowHandle target) {
+        PostMessageW(window, kMsgCommandFromSelf, static_cast<WPARAM>(choice),
+                     static_cast<LPARAM>(target));
+    };
+}
+
+}  // namespace
+
+PhraseRoad::PhraseRoad(const Parts& parts, HWND window)
+    : parts_(parts),
+      window_(window),
+      queryMessage_(RegisterWindowMessageW(Wide(kMessageQuery.data()))),
+      system_(parts.Locations.ProgramFolder),
+      files_(fileStore_, parts.RoadLog),
+      saver_(files_),
+      tree_(files_, saver_, clock_, parts.RoadLog),
+      values_(clock_, locale_, system_),
+      macros_(values_, layouts_, locale_, parts.RoadLog),
+      text_(input_, parts.RoadLog),
+      runner_(macros_, text_, parts.RoadLog),
+      delivery_(tree_, macros_, runner_),
+      selection_(clipboard_, input_, windows_, clock_),
+      hookModule_(parts.Locations.HookLibrary()),
+      hooks_(hookModule_, objects_, windows_, selection_, parts.Locations.HookLibrary(),
+             parts.RoadLog),
+      hotkeys_(window, kHotkeyId),
+      service_(
+          {parts.Settings, hooks_, hotkeys_, objects_, objects_, parts.RoadLog, parts.Messages}),
+      presenter_(window),
+      builder_(tree_, presenter_, clock_, PostChoiceTo(window), parts.RoadLog) {}
+
+bool PhraseRoad::InstallService(std::u16string& errorText) {
+    if (parts_.Settings.WriteLog) {
+        parts_.RoadLog.StartLog(parts_.Locations.LogFile);
+    } else {
+        parts_.RoadLog.StopLog();
+    }
+    LoadPhrases();
+    const HookServiceStart start{reinterpret_cast<WindowHandle>(window_), queryMessage_,
+                                 parts_.RoadLog.Path(), parts_.RoadLog.Atom(),
+                                 builder_.IsAllow_WaitAnswerFromExeAgent()};
+    return service_.Install(start, parts_.Access.FileExists(hooks_.LibraryPath()), errorText);
+}
+
+void PhraseRoad::LoadPhrases() {
+    tree_.LoadTree(
+        EffectivePhrasesFolder(parts_.Settings.PhrasesDirectory, parts_.Locations, parts_.Access));
+}
+
+void PhraseRoad::StartQuery() {
+    builder_.SetClipboardAtHotkey(clipboard_.UnicodeText());
+    WPQuery query;
+    if (hooks_.SendMessageToTargetWindow(query) == QueryStart::Local) {
+        builder_.OnDataNeeded(query);
+    }
+}
+
+void PhraseRoad::Deliver(std::int32_t choice, WindowHandle target) {
+    if (choice <= 0) {
+        return;
+    }
+    const auto id = static_cast<std::uint32_t>(choice);
+    const DeliveryContext context{builder_.ClipboardAtHotkey(), builder_.SelectedText(),
+                                  LanguageOf(builder_.Hkl())};
+    if (delivery_.DeliverCommand(id, target, context) == DeliverResult::Phrase) {
+        builder_.RememberCommand(id);
+    }
+}
+
+}  // namespace vbr

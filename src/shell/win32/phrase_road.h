@@ -1,0 +1,105 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/win32/windows.h"
+
+#include <cstdint>
+#include <filesystem>
+#include <string>
+
+#include "diagnostics/win32/file_log.h"
+#include "exchange/hook_service.h"
+#include "exchange/selected_text.h"
+#include "exchange/win32/hook_module.h"
+#include "macros/actions.h"
+#include "macros/command_delivery.h"
+#include "macros/macro_engine.h"
+#include "macros/macro_values.h"
+#include "macros/text_delivery.h"
+#include "menu/phrase_menu_handler.h"
+#include "menu/win32/popup_menu.h"
+#include "phrases/command_file.h"
+#include "phrases/command_saver.h"
+#include "phrases/command_tree.h"
+#include "platform/win32/win_clipboard.h"
+#include "platform/win32/win_clock.h"
+#include "platform/win32/win_desktop_windows.h"
+#include "platform/win32/win_file_store.h"
+#include "platform/win32/win_hotkey_registrar.h"
+#include "platform/win32/win_input_injector.h"
+#include "platform/win32/win_keyboard_layouts.h"
+#include "platform/win32/win_locale.h"
+#include "platform/win32/win_named_objects.h"
+#include "platform/win32/win_system_info.h"
+#include "settings/settings.h"
+#include "shell/file_locations.h"
+#include "shell/hotkey_service.h"
+
+namespace vbr {
+
+// The main job put together: from the hot key over the target, the menu and the macros to typed
+// text. Belongs to the main thread.
+class PhraseRoad {
+  public:
+    struct Parts {
+        CVBRSettings& Settings;
+        const FileLocations& Locations;
+        FileAccess& Access;
+        FileLog& RoadLog;
+        MessageList& Messages;
+    };
+
+    // `window` gets WM_HOTKEY and the choices of the menu.
+    PhraseRoad(const Parts& parts, HWND window);
+
+    // Applies the log setting, loads the phrases and turns the hot key on. On a failure the hot
+    // key stays off and `errorText` tells why.
+    bool InstallService(std::u16string& errorText);
+    void StopService() { service_.Stop(); }
+    bool IsServiceInstalled() const { return service_.IsInstalled(); }
+    std::u16string HotkeyName() const { return service_.HotkeyName(); }
+
+    void LoadPhrases();
+    CommandCounts CountPhrases() const { return tree_.CountCommands(); }
+    const std::filesystem::path& PhrasesFolder() const { return tree_.RootFolder(); }
+
+    // Asks the window in front and shows the menu; returns when the menu has closed.
+    void StartQuery();
+    bool IsMenuShown() const { return builder_.IsMenuShown(); }
+
+    // Carries out a choice of the menu: the id of a phrase.
+    void Deliver(std::int32_t choice, WindowHandle target);
+
+  private:
+    Parts parts_;
+    HWND window_;
+    UINT queryMessage_;
+
+    WinClock clock_;
+    WinLocale locale_;
+    WinSystemInfo system_;
+    WinKeyboardLayouts layouts_;
+    WinNamedObjects objects_;
+    WinFileStore fileStore_;
+    WinClipboard clipboard_;
+    WinInputInjector input_;
+    WinDesktopWindows windows_;
+
+    CommandFiles files_;
+    CommandSaver saver_;
+    CVBRCommandTree tree_;
+    MacroValues values_;
+    MacroEngine macros_;
+    TextDelivery text_;
+    ActionRunner runner_;
+    CommandDelivery delivery_;
+    SelectedTextReader selection_;
+    HookModule hookModule_;
+    CVBRDLLService hooks_;
+    WinHotkeyRegistrar hotkeys_;
+    HotkeyService service_;
+    PopupMenuPresenter presenter_;
+    IDataNeededHander_MenuSelf builder_;
+};
+
+}  // namespace vbr
