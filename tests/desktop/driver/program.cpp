@@ -5,6 +5,8 @@
 #include <fstream>
 
 #include "desktop/driver/waiting.h"
+#include "platform/object_names.h"
+#include "platform/win32/wide.h"
 
 namespace vbr::desktop {
 namespace {
@@ -22,8 +24,10 @@ HWND TrayWindow() {
 
 bool WaitUntilReady() {
     return WaitUntil([] {
+        // The last thing that the window's creation makes; before it the hot key may be missing.
+        const UniqueHandle created(OpenEventW(SYNCHRONIZE, FALSE, Wide(kEventShowMenu.data())));
         DWORD_PTR ignored = 0;
-        return TrayWindow() &&
+        return created && TrayWindow() &&
                SendMessageTimeoutW(TrayWindow(), WM_NULL, 0, 0, SMTO_NORMAL, 1000, &ignored) != 0;
     });
 }
