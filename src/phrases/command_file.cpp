@@ -7,6 +7,7 @@
 #include <tinyxml.h>
 
 #include "base/text.h"
+#include "base/xml_references.h"
 
 namespace vbr {
 namespace {
@@ -103,30 +104,6 @@ void ReadAttributes(VBRCommand& record, const TiXmlElement& root) {
 
 void SetNumber(TiXmlElement& element, const char* name, std::int64_t value) {
     element.SetAttribute(name, Utf16ToUtf8(ToDecimal(value)));
-}
-
-// The printer passes "&#x…" through unescaped, which would turn a phrase about character
-// references into the characters. A byte that UTF-8 never holds stands in for that ampersand.
-constexpr char kAmpersandMark = '\xFF';
-
-std::string MarkReferences(std::string text) {
-    for (std::size_t at = text.find("&#x"); at != text.npos; at = text.find("&#x", at + 1)) {
-        text[at] = kAmpersandMark;
-    }
-    return text;
-}
-
-std::string UnmarkReferences(const std::string& printed) {
-    std::string out;
-    out.reserve(printed.size());
-    for (const char c : printed) {
-        if (c == kAmpersandMark) {
-            out += "&amp;";
-        } else {
-            out += c;
-        }
-    }
-    return out;
 }
 
 void AddElement(TiXmlElement& root, const char* name, std::u16string_view text) {

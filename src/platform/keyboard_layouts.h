@@ -14,6 +14,8 @@ class KeyboardLayouts {
 
     // The language (low word) of each installed layout, in the system's order.
     virtual std::vector<Lcid> InstalledLanguages() const = 0;
+    // The language of the layout that a new program starts with.
+    virtual Lcid DefaultInputLanguage() const = 0;
 };
 
 }  // namespace vbr

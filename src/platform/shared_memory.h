@@ -11,6 +11,10 @@ namespace vbr {
 class SharedBlock {
   public:
     virtual ~SharedBlock() = default;
+
+    // Replaces what stands in the block by the text and a zero byte; false, with the old text kept,
+    // when it does not fit.
+    virtual bool Write(std::string_view text) = 0;
 };
 
 // Memory that other processes open by its name.

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <vector>
 
 #include "platform/clock.h"
@@ -15,6 +16,7 @@ class FakeClock : public Clock {
     SystemTime Utc;
     std::uint32_t Tick = 0;
     std::vector<std::uint32_t> Sleeps;
+    std::function<void()> WhileAsleep = [] {};
 
     SystemTime LocalTime() const override { return Local; }
     SystemTime UtcTime() const override { return Utc; }
@@ -23,6 +25,7 @@ class FakeClock : public Clock {
     void Sleep(std::uint32_t milliseconds) override {
         Sleeps.push_back(milliseconds);
         Tick += milliseconds;
+        WhileAsleep();
     }
 };
 

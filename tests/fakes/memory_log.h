@@ -10,18 +10,27 @@
 
 namespace vbr {
 
-// Keeps the log's entries. Any thread may write; Lines is read when no thread writes any more.
+// Keeps the log's entries, and beside them the section that each was written under. Any thread may
+// write; both are read when no thread writes any more.
 class MemoryLog : public Log {
   public:
     std::vector<std::u16string> Lines;
+    std::vector<std::u16string> Sections;
 
     void Write(std::u16string_view text) override {
         const std::lock_guard lock(mutex_);
         Lines.emplace_back(text);
+        Sections.push_back(section_);
+    }
+    void WriteBare(std::u16string_view text) override { Write(text); }
+    void SetLogSection(std::u16string_view name) override {
+        const std::lock_guard lock(mutex_);
+        section_ = name;
     }
 
   private:
     std::mutex mutex_;
+    std::u16string section_;
 };
 
 }  // namespace vbr

@@ -8,6 +8,7 @@ namespace vbr {
 class WinKeyboardLayouts : public KeyboardLayouts {
   public:
     std::vector<Lcid> InstalledLanguages() const override;
+    Lcid DefaultInputLanguage() const override;
 };
 
 }  // namespace vbr

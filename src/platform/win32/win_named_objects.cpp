@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/win32/win_named_objects.h"
 
+#include <cstring>
+
 #include "platform/win32/wide.h"
 #include "platform/win32/world_security.h"
 
@@ -9,10 +11,28 @@ namespace {
 
 class WinSharedBlock : public SharedBlock {
   public:
-    explicit WinSharedBlock(UniqueHandle handle) : handle_(std::move(handle)) {}
+    WinSharedBlock(UniqueHandle handle, std::uint32_t bytes)
+        : handle_(std::move(handle)), bytes_(bytes) {}
+
+    // A view for the write alone. The system would map up to the end of the block's last page,
+    // which is more than the block promises.
+    bool Write(std::string_view text) override {
+        if (text.size() >= bytes_) {
+            return false;
+        }
+        void* view = MapViewOfFile(handle_.get(), FILE_MAP_WRITE, 0, 0, text.size() + 1);
+        if (!view) {
+            return false;
+        }
+        std::memcpy(view, text.data(), text.size());
+        static_cast<char*>(view)[text.size()] = '\0';
+        FlushViewOfFile(view, text.size() + 1);
+        return UnmapViewOfFile(view) != 0;
+    }
 
   private:
     UniqueHandle handle_;
+    std::uint32_t bytes_;
 };
 
 UniqueHandle OpenByName(std::u16string_view name, DWORD access) {
@@ -77,7 +97,7 @@ std::unique_ptr<SharedBlock> WinNamedObjects::Create(std::u16string_view name,
                                                      std::uint32_t bytes) {
     UniqueHandle handle(CreateFileMappingW(INVALID_HANDLE_VALUE, WorldSecurity(), PAGE_READWRITE, 0,
                                            bytes, Wide(std::u16string(name))));
-    return handle ? std::make_unique<WinSharedBlock>(std::move(handle)) : nullptr;
+    return handle ? std::make_unique<WinSharedBlock>(std::move(handle), bytes) : nullptr;
 }
 
 }  // namespace vbr

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "base/text.h"
+#include "fakes/journal.h"
+#include "platform/desktop_windows.h"
+
+namespace vbr {
+
+// Window n belongs to thread n + 1 and process n + 2; each fact tells what it was asked about.
+class FakeDesktopWindows : public DesktopWindows {
+  public:
+    explicit FakeDesktopWindows(Journal& calls) : calls_(calls) {}
+
+    WindowThread ThreadOf(WindowHandle window) const override {
+        return {static_cast<std::uint32_t>(window + 1), static_cast<std::uint32_t>(window + 2)};
+    }
+    std::u16string ProgramPath(std::uint32_t process) const override {
+        return Concat(u"program ", process);
+    }
+    std::u16string ClassName(WindowHandle window) const override {
+        return Concat(u"class ", window);
+    }
+    LayoutHandle KeyboardLayout(std::uint32_t thread) const override { return 1000 + thread; }
+    void SendCopy(WindowHandle window) override {
+        calls_.push_back("copy message to " + std::to_string(window));
+    }
+
+  private:
+    Journal& calls_;
+};
+
+}  // namespace vbr

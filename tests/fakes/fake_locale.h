@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "base/text.h"
+#include "platform/keyboard_layouts.h"
+#include "platform/locale.h"
+
+namespace vbr {
+
+inline constexpr Lcid kEnglish = 0x0409;
+inline constexpr Lcid kBritish = 0x0809;
+inline constexpr Lcid kRussian = 0x0419;
+
+// English and Russian. The weekday stands first in an English long date, last in a Russian one.
+class FakeLocale : public Locale {
+  public:
+    Lcid UserDefault() const override { return kEnglish; }
+    std::u16string LongDate(Lcid lcid, const SystemTime& t) const override {
+        const std::u16string weekday = WeekdayName(lcid, t.DayOfWeek, NameForm::Full);
+        const std::u16string month = MonthName(lcid, t.Month, NameForm::Full);
+        return lcid == kRussian ? Concat(t.Day, u".", t.Month, u".", t.Year, u" г., ", weekday)
+                                : Concat(weekday, u", ", month, u" ", t.Day, u", ", t.Year);
+    }
+    std::u16string Time24(Lcid, const SystemTime& t) const override {
+        return Concat(t.Hour, u":", t.Minute, u":", t.Second);
+    }
+    std::u16string WeekdayName(Lcid lcid, int day, NameForm form) const override {
+        constexpr std::u16string_view kNames[][7] = {
+            {u"Sunday", u"Monday", u"Tuesday", u"Wednesday", u"Thursday", u"Friday", u"Saturday"},
+            {u"воскресенье", u"понедельник", u"вторник", u"среда", u"четверг", u"пятница",
+             u"суббота"}};
+        return InForm(kNames[lcid == kRussian][day], form);
+    }
+    std::u16string MonthName(Lcid, int month, NameForm form) const override {
+        return InForm(month == 3 ? u"March" : u"Another", form);
+    }
+    std::u16string Iso639Name(Lcid lcid) const override { return lcid == kRussian ? u"ru" : u"en"; }
+    std::u16string Upper(std::u16string_view text) const override { return ToUpper(text); }
+    std::u16string Lower(std::u16string_view text) const override { return Concat(u"low ", text); }
+
+  private:
+    static std::u16string InForm(std::u16string_view name, NameForm form) {
+        return std::u16string(form == NameForm::Short ? name.substr(0, 3) : name);
+    }
+};
+
+class FakeKeyboardLayouts : public KeyboardLayouts {
+  public:
+    std::vector<Lcid> Languages = {kEnglish, kRussian, kBritish};
+    Lcid DefaultLanguage = kEnglish;
+    std::vector<Lcid> InstalledLanguages() const override { return Languages; }
+    Lcid DefaultInputLanguage() const override { return DefaultLanguage; }
+};
+
+}  // namespace vbr

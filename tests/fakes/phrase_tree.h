@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "fakes/fake_clock.h"
+#include "fakes/memory_log.h"
+#include "fakes/native_file_store.h"
+#include "fakes/temp_folder.h"
+#include "phrases/command_tree.h"
+
+namespace vbr {
+
+// A phrase tree over real files in a folder of the test's own.
+struct PhraseTree {
+    TempFolder Folder;
+    NativeFileStore Store;
+    FakeClock Clock;
+    MemoryLog Log;
+    CommandFiles Files{Store, Log};
+    CommandSaver Saver{Files};
+    CVBRCommandTree Tree{Files, Saver, Clock, Log};
+
+    // Writes a phrase, titled as its file, and loads the tree again.
+    void Add(const std::string& path, std::u16string_view text,
+             std::int32_t dataType = kDataTypeText, std::uint32_t flagsMenu = 0) {
+        VBRCommand record;
+        record.Text = std::filesystem::path(path).stem().u16string();
+        record.Cmd = text;
+        record.DataType = dataType;
+        record.FlagsMenu = flagsMenu;
+        Folder.Write(path, CommandToXml(record));
+        Tree.LoadTree(Folder.Path());
+    }
+};
+
+}  // namespace vbr

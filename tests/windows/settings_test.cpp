@@ -1,0 +1,125 @@
+// SPDX-License-Identifier: MIT
+#include "settings/settings.h"
+
+#include "platform/win32/windows.h"
+
+#include <algorithm>
+#include <cstring>
+#include <gtest/gtest.h>
+
+#include "fakes/profile_cases.h"
+#include "platform/object_names.h"
+#include "platform/win32/handle.h"
+#include "platform/win32/wide.h"
+#include "platform/win32/win_keyboard_layouts.h"
+#include "platform/win32/win_menu_font.h"
+#include "platform/win32/win_named_objects.h"
+#include "platform/win32/win_profile_store.h"
+#include "settings/shared_settings.h"
+
+namespace vbr {
+namespace {
+
+INSTANTIATE_TYPED_TEST_SUITE_P(Windows, ProfileStoreTest, WinProfileStore);
+
+class WinSettingsTest : public testing::Test {
+  protected:
+    CVBRSettings Make(const FontBytes& menuFont) {
+        SystemDefaults system;
+        system.MenuFont = menuFont;
+        return {profile_, {file_, file_, file_, u"C:\\App\\", u"Test.exe"}, system};
+    }
+
+    TempFolder folder_;
+    std::filesystem::path file_ = folder_.Path() / "Settings.ini";
+    WinProfileStore profile_;
+};
+
+TEST_F(WinSettingsTest, StructValuesAreThoseOfTheSystem) {
+    std::array<std::uint8_t, 5> bytes = {1, 0xAB, 0xFF, 0, 0x7C};
+    std::array<std::uint8_t, 5> read{};
+    EXPECT_TRUE(profile_.WriteStruct(file_, u"S", u"Ours", bytes));
+    EXPECT_TRUE(GetPrivateProfileStructW(L"S", L"Ours", read.data(), 5, file_.c_str()));
+    EXPECT_EQ(read, bytes);
+    read = {};
+    EXPECT_TRUE(WritePrivateProfileStructW(L"S", L"Theirs", bytes.data(), 5, file_.c_str()));
+    EXPECT_TRUE(profile_.ReadStruct(file_, u"S", u"Theirs", read));
+    EXPECT_EQ(read, bytes);
+}
+
+TEST_F(WinSettingsTest, TheMenuFontOfTheSystemSurvivesAFile) {
+    const FontBytes font = SystemMenuFont();
+    LOGFONTW parts{};
+    std::memcpy(&parts, font.data(), font.size());
+    EXPECT_NE(parts.lfHeight, 0);
+    EXPECT_NE(parts.lfFaceName[0], L'\0');
+    Make(font).Save();
+    CVBRSettings settings = Make({});
+    settings.Load();
+    EXPECT_EQ(settings.FontForMenu, font);
+}
+
+TEST_F(WinSettingsTest, ASavedFileIsReadBackByTheSystemsCalls) {
+    CVBRSettings settings = Make({});
+    settings.DaysCheckForUpdates = 12;
+    settings.Language = u"Русский.lng";
+    folder_.Write("Settings.ini", Utf16Bytes(u""));
+    settings.Save();
+    EXPECT_EQ(GetPrivateProfileIntW(L"Settings", L"DaysCheckForUpdates", 0, file_.c_str()), 12u);
+    EXPECT_EQ(Make({}).GetLanguageFileName(), u"C:\\App\\Русский.lng");
+}
+
+TEST(WinKeyboardLayoutsTest, TheDefaultInputLanguageIsAnInstalledOne) {
+    const WinKeyboardLayouts layouts;
+    const std::vector<Lcid> installed = layouts.InstalledLanguages();
+    EXPECT_NE(std::find(installed.begin(), installed.end(), layouts.DefaultInputLanguage()),
+              installed.end());
+}
+
+class SharedAreaTest : public testing::Test {
+  protected:
+    static UniqueHandle Open() {
+        return UniqueHandle(OpenFileMappingW(FILE_MAP_READ, FALSE, Wide(kAreaSettings.data())));
+    }
+    // What another program reads there.
+    static std::string Area() {
+        const UniqueHandle mapping = Open();
+        const void* view = mapping ? MapViewOfFile(mapping.get(), FILE_MAP_READ, 0, 0, 0) : nullptr;
+        const std::string text = view ? static_cast<const char*>(view) : "(none)";
+        UnmapViewOfFile(view);
+        return text;
+    }
+
+    WinNamedObjects objects_;
+};
+
+TEST_F(SharedAreaTest, AnotherProgramReadsTheLastText) {
+    SharedSettings shared(objects_);
+    for (const std::u16string_view selected : {u"a longer text", u"x", u"Фраза"}) {
+        EXPECT_TRUE(shared.WriteSharedSettings(13, 3, true, selected));
+        EXPECT_EQ(Area(), SharedSettingsText(13, 3, true, selected));
+    }
+}
+
+TEST_F(SharedAreaTest, TheBlockHoldsOneByteLessThanItsSize) {
+    const auto block = objects_.Create(kAreaSettings, kAreaSettingsSize);
+    ASSERT_TRUE(block);
+    const std::string longest(kAreaSettingsSize - 1, 'x');
+    EXPECT_TRUE(block->Write(longest));
+    EXPECT_FALSE(block->Write(longest + "y"));
+    EXPECT_EQ(Area(), longest);
+}
+
+TEST_F(SharedAreaTest, NoHandleIsLeftHoweverOftenItIsWritten) {
+    {
+        SharedSettings shared(objects_);
+        for (int i = 0; i < 3; ++i) {
+            EXPECT_TRUE(shared.WriteSharedSettings(13, 3, false, u""));
+        }
+        EXPECT_TRUE(Open());
+    }
+    EXPECT_FALSE(Open());
+}
+
+}  // namespace
+}  // namespace vbr
