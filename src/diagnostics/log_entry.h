@@ -15,4 +15,10 @@ inline constexpr std::u16string_view kDefaultLogPrefix = u"EXE_Agent";
 std::u16string FormLogEntry(std::u16string_view prefix, std::u16string_view text,
                             const SystemTime& localTime);
 
+// A line that waits for others of its entry: the default prefix, date and text, without an end.
+std::u16string FormQueuedLine(std::u16string_view text, const SystemTime& localTime);
+
+// The entry, ended by CR LF once.
+std::u16string EndLogEntry(std::u16string entry);
+
 }  // namespace vbr

@@ -41,6 +41,9 @@ inline constexpr std::uint32_t kAreaInterchangeSize = 2'252'800;
 inline constexpr std::u16string_view kMessageTaskbarCreated = u"TaskbarCreated";
 inline constexpr std::u16string_view kMessageInstanceSignal =
     u"VBR_7B11E8E0-A712-4caa-A06B-01BEA4F7DFC4";
+// A string for the message list.
+inline constexpr std::u16string_view kMessageAddMessage = u"{C4629BDD-5FE3-47de-863B-E8D10BB7E2EB}";
+inline constexpr std::u16string_view kMessageMouseEvent = u"{CD8F8D19-9440-4b61-ADD7-980B478E41F6}";
 // The closing brace is missing in the name itself.
 inline constexpr std::u16string_view kMessageQuery = u"{FC970502-EECA-4c50-AF80-CF39EA345E99";
 

@@ -3,7 +3,6 @@
 
 #include <system_error>
 
-#include "diagnostics/log_entry.h"
 #include "platform/object_names.h"
 #include "platform/win32/wide.h"
 #include "platform/win32/world_security.h"
@@ -11,7 +10,7 @@
 namespace vbr {
 namespace {
 
-constexpr DWORD kGuardWaitMs = 5000;
+constexpr DWORD kPatienceMs = 5000;
 constexpr DWORD kRetryMs = 50;
 constexpr char16_t kByteOrderMark = 0xFEFF;
 
@@ -24,26 +23,12 @@ bool Append(const UniqueHandle& file, std::u16string_view text) {
 UniqueHandle OpenForAppend(const std::u16string& path) {
     UniqueHandle file(CreateFileW(Wide(path), GENERIC_WRITE, FILE_SHARE_READ, nullptr,
                                   OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
-    if (IsValid(file)) {
-        SetFilePointer(file.get(), 0, nullptr, FILE_END);
-    } else if (GetLastError() == ERROR_FILE_NOT_FOUND) {
+    if (!IsValid(file) && GetLastError() == ERROR_FILE_NOT_FOUND) {
         file.reset(CreateFileW(Wide(path), GENERIC_WRITE, FILE_SHARE_READ, WorldSecurity(),
                                CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
-        if (IsValid(file)) {
-            Append(file, {&kByteOrderMark, 1});
-        }
     }
-    return file;
-}
-
-// Another program may hold the file for a moment.
-UniqueHandle OpenPatiently(const std::u16string& path) {
-    const ULONGLONG giveUp = GetTickCount64() + kGuardWaitMs;
-    UniqueHandle file = OpenForAppend(path);
-    while (!IsValid(file) && GetLastError() == ERROR_SHARING_VIOLATION &&
-           GetTickCount64() < giveUp) {
-        Sleep(kRetryMs);
-        file = OpenForAppend(path);
+    if (IsValid(file) && SetFilePointer(file.get(), 0, nullptr, FILE_END) == 0) {
+        Append(file, {&kByteOrderMark, 1});
     }
     return file;
 }
@@ -52,22 +37,20 @@ UniqueHandle OpenPatiently(const std::u16string& path) {
 
 bool FileLog::StartLog(const std::u16string& path) {
     const std::lock_guard lock(mutex_);
-    if (!path_.empty()) {
+    if (!path_.empty() || path.empty()) {
         return false;
     }
     atom_ = GlobalAddAtomW(Wide(path));
     guard_.reset(CreateEventW(WorldSecurity(), TRUE, TRUE, Wide(kEventLogGuard.data())));
     if (!atom_ || !guard_) {
-        GlobalDeleteAtom(atom_);
-        atom_ = 0;
+        TurnOff();
         return false;
     }
     try {
         stopping_ = false;
         writer_ = std::thread([this] { WriteQueue(); });
     } catch (const std::system_error&) {
-        GlobalDeleteAtom(atom_);
-        atom_ = 0;
+        TurnOff();
         return false;
     }
     path_ = path;
@@ -85,8 +68,14 @@ void FileLog::StopLog() {
     wake_.notify_one();
     writer_.join();
     const std::lock_guard lock(mutex_);
-    GlobalDeleteAtom(atom_);
-    atom_ = 0;
+    TurnOff();
+}
+
+void FileLog::TurnOff() {
+    if (atom_) {
+        GlobalDeleteAtom(atom_);
+        atom_ = 0;
+    }
     guard_.reset();
     path_.clear();
 }
@@ -106,13 +95,13 @@ std::uint16_t FileLog::Atom() const {
     return atom_;
 }
 
-void FileLog::Write(std::u16string_view text) {
+void FileLog::QueueEntry(std::u16string entry) {
     {
         const std::lock_guard lock(mutex_);
-        if (path_.empty() || stopping_ || text.empty()) {
+        if (path_.empty() || stopping_) {
             return;
         }
-        queue_.push_back(FormLogEntry(kDefaultLogPrefix, text, clock_.LocalTime()));
+        queue_.push_back({std::move(entry), GetTickCount64()});
     }
     wake_.notify_one();
 }
@@ -124,7 +113,7 @@ void FileLog::WriteQueue() {
         if (queue_.empty()) {
             return;
         }
-        const std::u16string entry = std::move(queue_.front());
+        const Entry entry = std::move(queue_.front());
         queue_.pop_front();
         const std::u16string path = path_;
         lock.unlock();
@@ -133,17 +122,34 @@ void FileLog::WriteQueue() {
     }
 }
 
-void FileLog::WriteEntry(const std::u16string& path, const std::u16string& entry) {
+void FileLog::WriteEntry(const std::u16string& path, const Entry& entry) {
     // A writer that died with the guard held must not stop the others for good.
-    if (WaitForSingleObject(guard_.get(), kGuardWaitMs) != WAIT_OBJECT_0) {
+    if (WaitForSingleObject(guard_.get(), kPatienceMs) != WAIT_OBJECT_0) {
         SetEvent(guard_.get());
         return;
     }
     ResetEvent(guard_.get());
-    if (const UniqueHandle file = OpenPatiently(path); IsValid(file)) {
-        Append(file, entry);
+    if (const UniqueHandle file = OpenPatiently(path, entry); IsValid(file)) {
+        Append(file, entry.Text);
     }
     SetEvent(guard_.get());
+}
+
+// Another program may hold the file for a moment. When one entry has waited for it in vain, those
+// that came meanwhile have waited too.
+UniqueHandle FileLog::OpenPatiently(const std::u16string& path, const Entry& entry) {
+    const bool waitedInVain = entry.QueuedAt < gaveUpAt_;
+    const ULONGLONG giveUp = GetTickCount64() + (waitedInVain ? 0 : kPatienceMs);
+    UniqueHandle file = OpenForAppend(path);
+    while (!IsValid(file) && GetLastError() == ERROR_SHARING_VIOLATION) {
+        if (GetTickCount64() >= giveUp) {
+            gaveUpAt_ = waitedInVain ? gaveUpAt_ : giveUp;
+            return {};
+        }
+        Sleep(kRetryMs);
+        file = OpenForAppend(path);
+    }
+    return file;
 }
 
 }  // namespace vbr

@@ -4,50 +4,57 @@
 #include "platform/win32/windows.h"
 
 #include <condition_variable>
+#include <cstdint>
 #include <deque>
 #include <mutex>
 #include <string>
 #include <thread>
 
-#include "platform/clock.h"
-#include "platform/log.h"
+#include "diagnostics/entry_log.h"
 #include "platform/win32/handle.h"
 
 namespace vbr {
 
 // The log file: UTF-16 with a byte order mark. One thread writes the entries, in their order; the
-// file is shared with other processes by a named event.
-class FileLog : public Log {
+// file is shared with other processes by a named event. One thread starts and stops the log.
+class FileLog : public EntryLog {
   public:
-    explicit FileLog(const Clock& clock) : clock_(clock) {}
+    explicit FileLog(const Clock& clock) : EntryLog(clock) {}
     ~FileLog() override { StopLog(); }
 
     // False when the log is on already or its guard can't be made.
     bool StartLog(const std::u16string& path);
 
-    // Writes what waits and turns the log off.
+    // Writes what waits and turns the log off. A file that another program holds delays it by a
+    // few seconds at most, whatever the number of entries.
     void StopLog();
-    bool IsLogOn() const;
+    bool IsLogOn() const override;
 
     // Path and global atom of the running log, for the hook library; empty and 0 while it is off.
     std::u16string Path() const;
     std::uint16_t Atom() const;
 
-    void Write(std::u16string_view text) override;
-
   private:
-    void WriteQueue();
-    void WriteEntry(const std::u16string& path, const std::u16string& entry);
+    struct Entry {
+        std::u16string Text;
+        ULONGLONG QueuedAt = 0;  // ticks
+    };
 
-    const Clock& clock_;
+    void QueueEntry(std::u16string entry) override;
+    void WriteQueue();
+    void WriteEntry(const std::u16string& path, const Entry& entry);
+    UniqueHandle OpenPatiently(const std::u16string& path, const Entry& entry);
+    void TurnOff();
+
     mutable std::mutex mutex_;
     std::condition_variable wake_;
-    std::deque<std::u16string> queue_;
+    std::deque<Entry> queue_;
     std::u16string path_;
     ATOM atom_ = 0;
     UniqueHandle guard_;
     bool stopping_ = false;
     std::thread writer_;
+    ULONGLONG gaveUpAt_ = 0;  // ticks; the writer's own
 };
 
 }  // namespace vbr

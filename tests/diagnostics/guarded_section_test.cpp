@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: MIT
+#include "diagnostics/guarded_section.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <memory>
+
+#include "fakes/fake_alert_box.h"
+#include "fakes/memory_log.h"
+#include "fakes/throwing_fault_catcher.h"
+#include "settings/embedded_strings.h"
+
+namespace vbr {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+constexpr std::uint32_t kAccessViolation = 0xC0000005;
+
+class GuardedSectionsTest : public testing::Test {
+  protected:
+    FakeAlertBox::Box ErrorBox(const std::u16string& text) {
+        return {text, u"Vellumbridge", 0x40010};
+    }
+
+    MemoryLog log_;
+    EmbeddedStrings strings_;
+    FakeAlertBox box_;
+    ErrorReport report_{log_, strings_, box_};
+    ThrowingFaultCatcher catcher_;
+    GuardedSections sections_{catcher_, report_};
+};
+
+TEST_F(GuardedSectionsTest, WorkWithoutAFaultGivesItsResultAndNoReport) {
+    const std::unique_ptr<int> result = sections_.Run(kFaultMakeMenu, std::unique_ptr<int>(),
+                                                      [] { return std::make_unique<int>(7); });
+    ASSERT_TRUE(result);
+    EXPECT_EQ(*result, 7);
+    EXPECT_THAT(log_.Lines, IsEmpty());
+    EXPECT_THAT(box_.Shown, IsEmpty());
+}
+
+TEST_F(GuardedSectionsTest, AFaultIsReportedWithItsNameAndGivesTheSectionsResult) {
+    const int result =
+        sections_.Run(kFaultMeasureItem, 5, []() -> int { throw Fault{kAccessViolation}; });
+    EXPECT_EQ(result, 5);
+    const std::u16string report =
+        u"ERROR: Exception in IDataNeededHander_MenuSelf::OnMenuMEASUREITEM "
+        u"GetExceptionCode=3221225477 status=[EXCEPTION_ACCESS_VIOLATION]";
+    EXPECT_THAT(log_.Lines, ElementsAre(u"ERROR: " + report));
+    EXPECT_THAT(box_.Shown, ElementsAre(ErrorBox(report)));
+}
+
+TEST_F(GuardedSectionsTest, ASectionWithoutAResultReportsCodesWithoutANameToo) {
+    sections_.Run(kFaultCleanupMenu, [] { throw Fault{1}; });
+    EXPECT_THAT(box_.Shown,
+                ElementsAre(ErrorBox(u"Crash: on IDataNeededHander_MenuSelf::CleanupMenu "
+                                     u"GetExceptionCode=1 status=[Not found]")));
+}
+
+TEST_F(GuardedSectionsTest, AFaultWithABoxOfItsOwnStaysOutOfTheLog) {
+    const bool result = sections_.RunWithBox(kFaultShellNotify, false,
+                                             []() -> bool { throw Fault{kAccessViolation}; });
+    EXPECT_FALSE(result);
+    EXPECT_THAT(log_.Lines, IsEmpty());
+    EXPECT_THAT(box_.Shown, ElementsAre(ErrorBox(u"Exception in Shell_Notify")));
+}
+
+TEST_F(GuardedSectionsTest, ASilentFaultGivesTheFallbackAlone) {
+    const auto textOf = [this](bool faulty) {
+        return RunSilently(catcher_, std::u16string(u"none"), [faulty] {
+            return faulty ? throw Fault{kAccessViolation} : std::u16string(u"text");
+        });
+    };
+    EXPECT_EQ(textOf(false), u"text");
+    EXPECT_EQ(textOf(true), u"none");
+}
+
+}  // namespace
+}  // namespace vbr

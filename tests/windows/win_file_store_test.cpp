@@ -1,0 +1,109 @@
+// SPDX-License-Identifier: MIT
+#include "platform/win32/win_file_store.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <string>
+#include <vector>
+
+#include "fakes/temp_folder.h"
+#include "platform/win32/handle.h"
+#include "platform/win32/win_error_text.h"
+#include "windows/access_list.h"
+
+namespace vbr {
+namespace {
+
+using std::filesystem::path;
+using testing::ElementsAre;
+
+const path kName = u"Привет 😀.vellumbridge";
+
+class WinFileStoreTest : public testing::Test {
+  protected:
+    ~WinFileStoreTest() override { SetFileAttributesW(File().c_str(), FILE_ATTRIBUTE_NORMAL); }
+
+    path File() const { return folder_.Path() / kName; }
+
+    bool IsReadOnly() const {
+        return (GetFileAttributesW(File().c_str()) & FILE_ATTRIBUTE_READONLY) != 0;
+    }
+
+    UniqueHandle Hold(DWORD access, DWORD share) const {
+        return UniqueHandle(
+            CreateFileW(File().c_str(), access, share, nullptr, OPEN_EXISTING, 0, nullptr));
+    }
+
+    std::vector<path> Files() const {
+        std::vector<path> names;
+        for (const auto& entry : std::filesystem::directory_iterator(folder_.Path())) {
+            names.push_back(entry.path().filename());
+        }
+        return names;
+    }
+
+    TempFolder folder_;
+    WinFileStore store_;
+};
+
+TEST_F(WinFileStoreTest, ReplaceLeavesTheNewContentAlone) {
+    folder_.Write(kName, std::string(5000, 'o'));
+    const std::string bytes("new\r\n\0\x1A\xFF", 8);
+    EXPECT_FALSE(store_.Replace(File(), bytes));
+    EXPECT_EQ(folder_.Read(kName), bytes);
+    EXPECT_EQ(store_.Read(File()), bytes);
+    EXPECT_THAT(Files(), ElementsAre(kName));
+}
+
+TEST_F(WinFileStoreTest, ReplaceWritesOverAReadOnlyFileAndTakesTheMarkAway) {
+    folder_.Write(kName, "old");
+    ASSERT_TRUE(SetFileAttributesW(File().c_str(), FILE_ATTRIBUTE_READONLY));
+    EXPECT_FALSE(store_.Replace(File(), "new"));
+    EXPECT_EQ(store_.Read(File()), "new");
+    EXPECT_FALSE(IsReadOnly());
+}
+
+TEST_F(WinFileStoreTest, AReplacedFileIsOpenToEverybodyWhateverTheOldOneWas) {
+    folder_.Write(kName, "old");
+    const std::wstring open = AccessListOfOpenFileIn(folder_.Path());
+    ASSERT_TRUE(SetAccess(File(), L"D:P(A;;FA;;;SY)"));
+    ASSERT_NE(AccessListOf(File()), open);
+    EXPECT_FALSE(store_.Replace(File(), "new"));
+    EXPECT_EQ(AccessListOf(File()), open);
+}
+
+TEST_F(WinFileStoreTest, AHeldFileStaysAsItWasAndTheErrorSaysWhy) {
+    folder_.Write(kName, "old");
+    ASSERT_TRUE(SetFileAttributesW(File().c_str(), FILE_ATTRIBUTE_READONLY));
+    UniqueHandle held = Hold(GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE);
+    ASSERT_TRUE(IsValid(held));
+
+    const std::optional<SystemError> error = store_.Replace(File(), "new");
+    ASSERT_TRUE(error);
+    EXPECT_TRUE(error->Code == ERROR_ACCESS_DENIED || error->Code == ERROR_SHARING_VIOLATION)
+        << error->Code;
+    EXPECT_NE(error->Text, u"");
+    EXPECT_EQ(error->Text, WinErrorText().TextOf(error->Code));
+    held.reset();
+    EXPECT_EQ(store_.Read(File()), "old");
+    EXPECT_TRUE(IsReadOnly());
+    EXPECT_THAT(Files(), ElementsAre(kName));
+}
+
+TEST_F(WinFileStoreTest, AFileThatIsBeingWrittenIsNotRead) {
+    folder_.Write(kName, "half");
+    UniqueHandle writer = Hold(GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE);
+    ASSERT_TRUE(IsValid(writer));
+    EXPECT_EQ(store_.Read(File()), std::nullopt);
+    writer.reset();
+    EXPECT_EQ(store_.Read(File()), "half");
+}
+
+TEST_F(WinFileStoreTest, AnEmptyFileIsReadAndAMissingOneIsNot) {
+    EXPECT_EQ(store_.Read(File()), std::nullopt);
+    EXPECT_FALSE(store_.Replace(File(), ""));
+    EXPECT_EQ(store_.Read(File()), "");
+}
+
+}  // namespace
+}  // namespace vbr
