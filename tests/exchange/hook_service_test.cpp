@@ -1,0 +1,110 @@
+// SPDX-License-Identifier: MIT
+#include "exchange/hook_service.h"
+
+#include <gtest/gtest.h>
+
+#include "fakes/exchange_desk.h"
+
+namespace vbr {
+namespace {
+
+class HookService : public testing::Test, protected ExchangeDesk {
+  protected:
+    bool Install() { return Service.InstallDLLService({}, code_); }
+
+    void ExpectFailure(std::uint32_t code, const Journal& calls) {
+        Calls.clear();
+        EXPECT_FALSE(Install());
+        EXPECT_EQ(code_, code);
+        EXPECT_EQ(Calls, calls);
+        EXPECT_FALSE(Service.IsInstalled());
+        EXPECT_TRUE(Objects.Owned.empty());
+    }
+
+    std::uint32_t code_ = 99;
+    WPQuery query_;
+};
+
+TEST_F(HookService, EachFailureOfInstallHasItsCodeAndLeavesNothingBehind) {
+    Library.InstallResult = false;
+    Library.ErrorCode = 3;
+    ExpectFailure(3, {"load", "install", "unload"});
+    Library.InstallResult = std::nullopt;
+    ExpectFailure(5, {"load", "install", "unload"});
+    Objects.Refused = {u""};
+    ExpectFailure(7, {"load", "unload"});
+    Library.Loads = false;
+    ExpectFailure(4, {"load"});
+}
+
+TEST_F(HookService, ASecondInstallIsRefusedAndKeepsTheFirst) {
+    EXPECT_TRUE(Install());
+    EXPECT_EQ(code_, 0U);
+    EXPECT_FALSE(Install());
+    EXPECT_EQ(code_, 2U);
+    EXPECT_TRUE(Service.IsInstalled());
+    EXPECT_EQ(Calls, (Journal{"load", "install"}));
+}
+
+TEST_F(HookService, TheLibraryIsToldTheLogsPathOnlyWhileTheLogIsOn) {
+    Library.InstallResult = false;
+    Install();
+    EXPECT_EQ(Library.LogPath, std::nullopt);
+    Service.InstallDLLService({.LogPath = u"C:\\log.txt"}, code_);
+    EXPECT_EQ(Library.LogPath, u"C:\\log.txt");
+}
+
+TEST_F(HookService, UninstallWakesAllWindowsBeforeTheLibraryGoes) {
+    Install();
+    EXPECT_TRUE(Service.UninstallDLLService());
+    EXPECT_EQ(Calls, (Journal{"load", "install", "uninstall", "broadcast", "unload"}));
+    EXPECT_FALSE(Service.IsInstalled());
+    EXPECT_TRUE(Objects.SetByOwner.contains(u""));
+    EXPECT_TRUE(Objects.Owned.empty());
+}
+
+TEST_F(HookService, ALibraryThatRefusesToUninstallStaysLoaded) {
+    Install();
+    for (const std::optional<bool> answer : {std::optional(false), std::optional<bool>()}) {
+        Library.UninstallResult = answer;
+        EXPECT_FALSE(Service.UninstallDLLService());
+        EXPECT_TRUE(Service.IsInstalled());
+    }
+    EXPECT_EQ(Calls, (Journal{"load", "install", "uninstall", "uninstall"}));
+}
+
+TEST_F(HookService, AQueryTellsTheTargetWithOrWithoutASelection) {
+    Install();
+    Library.Target = 50;
+    for (const std::u16string& selected : {std::u16string(), std::u16string(u"selected")}) {
+        Clock.WhileAsleep = [&] { Clipboard.Content = selected; };
+        EXPECT_EQ(Service.SendMessageToTargetWindow(query_), QueryStart::Local);
+        EXPECT_EQ(query_.SelText, selected);
+        EXPECT_EQ(query_.StateSelText, selected.empty() ? 1 : 2);
+        EXPECT_EQ(query_.TargetWindow, 50U);
+        EXPECT_EQ(query_.WindowClassName, u"class 50");
+        EXPECT_EQ(query_.AppPath, u"program 52");
+        EXPECT_EQ(query_.Hkl, 1051U);
+    }
+}
+
+TEST_F(HookService, WithoutATargetTheQueryFailsAndNothingIsCopied) {
+    Library.Target = 50;  // of a library that isn't installed
+    EXPECT_EQ(Service.SendMessageToTargetWindow(query_), QueryStart::Failed);
+    Install();
+    Library.Target = 0;
+    EXPECT_EQ(Service.SendMessageToTargetWindow(query_), QueryStart::Failed);
+    EXPECT_TRUE(Input.Sent.empty());
+}
+
+TEST_F(HookService, TheTargetCopiesToAnEmptiedClipboardAndGetsTimeForIt) {
+    Clock.WhileAsleep = [&] { Calls.push_back("sleep"); };
+    Selection.ExtractSelectedText(50);
+    EXPECT_EQ(Calls, (Journal{"empty", "keys", "copy message to 50", "sleep", "read"}));
+    EXPECT_EQ(Clock.Sleeps, std::vector{400U});
+    const std::vector<KeyEvent> copyKeys = {{17, 0, 4}, {67, 0, 4}, {67, 0, 6}, {17, 0, 6}};
+    EXPECT_EQ(Input.Sent.at(0), copyKeys);
+}
+
+}  // namespace
+}  // namespace vbr
