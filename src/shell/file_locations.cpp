@@ -2,6 +2,7 @@
 #include "shell/file_locations.h"
 
 #include "base/text.h"
+#include "settings/phrases_folder.h"
 
 namespace vbr {
 namespace {
@@ -101,7 +102,7 @@ FileLocations ChooseFileLocations(std::u16string_view modulePath, FileAccess& ac
 std::u16string EffectivePhrasesFolder(std::u16string_view stored, const FileLocations& locations,
                                       const FileAccess& access) {
     if (stored.empty()) {
-        return locations.ProgramFolder + u"UserPhrases\\";
+        return DefaultPhrasesFolder(locations.ProgramFolder);
     }
     std::u16string folder(stored);
     if (folder.find(u':') == folder.npos) {

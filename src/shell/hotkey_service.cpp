@@ -103,7 +103,10 @@ bool HotkeyService::RegisterHotkey(std::u16string& errorText) {
     }
     const std::uint32_t error = parts_.Hotkeys.Register(settings.HotkeyMods, settings.HotkeyVk);
     hotkeyRegistered_ = error == 0;
-    if (!hotkeyRegistered_) {
+    if (hotkeyRegistered_) {
+        shared_.WriteSharedSettings(settings.HotkeyVk, settings.HotkeyMods, settings.Hotkey_Doubled,
+                                    u"");
+    } else {
         const std::u16string message = Concat(u"Cannot register hotkey. Error: ", error);
         errorText += Concat(u"\n\n", message);
         parts_.Messages.push_back(message);
@@ -119,6 +122,7 @@ void HotkeyService::UnregisterHotkey() {
 
 void HotkeyService::Report(const std::u16string& message, std::u16string& errorText) {
     parts_.Messages.push_back(message);
+    errorText += errorText.empty() ? u"" : u"\n";
     errorText += message;
 }
 

@@ -13,6 +13,7 @@
 #include "platform/named_objects.h"
 #include "platform/shared_memory.h"
 #include "settings/settings.h"
+#include "settings/shared_settings.h"
 
 namespace vbr {
 
@@ -36,7 +37,7 @@ class HotkeyService {
         MessageList& Messages;
     };
 
-    explicit HotkeyService(const Parts& parts) : parts_(parts) {}
+    explicit HotkeyService(const Parts& parts) : parts_(parts), shared_(parts.Memory) {}
 
     // Turns the service on. On a failure everything made is undone, `errorText` tells the user why,
     // and the message list keeps it.
@@ -49,6 +50,9 @@ class HotkeyService {
     // The settings' hot key in words.
     std::u16string HotkeyName() const;
 
+    // What the editor reads about the active hot key and the selected text.
+    SharedSettings& Shared() { return shared_; }
+
   private:
     bool CreateInterchangeObjects();
     void CloseInterchangeObjects();
@@ -57,6 +61,7 @@ class HotkeyService {
     void Report(const std::u16string& message, std::u16string& errorText);
 
     Parts parts_;
+    SharedSettings shared_;
     bool hotkeyRegistered_ = false;
     std::unique_ptr<SharedBlock> area_;
     std::unique_ptr<NamedEvent> dataNeeded_;

@@ -4,6 +4,7 @@
 #include "base/text.h"
 #include "resources/menu_templates.h"
 #include "resources/resource_ids.h"
+#include "shell/tray_links.h"
 
 namespace vbr {
 namespace {
@@ -16,23 +17,47 @@ std::u16string WithCounts(std::u16string_view text, const CommandCounts& counts)
     return Concat(TrimRight(text, u" "), u" [", counts.Enabled, u"/", counts.Total, u"]");
 }
 
+bool IsChecked(int commandId, const TrayMenuState& state) {
+    switch (commandId) {
+        case kCmdEnableService:
+            return state.ServiceInstalled;
+        case kCmdSounds:
+            return state.SoundsOn;
+        case kCmdWriteLog:
+            return state.LogOn;
+        case kCmdHistoryPaneOnStart:
+            return state.PaneOnStart;
+        default:
+            return false;
+    }
+}
+
 void UpdateEntries(std::vector<MenuEntry>& entries, const TrayMenuState& state) {
     for (MenuEntry& entry : entries) {
         UpdateEntries(entry.Children, state);
-        if (entry.Id == kCmdEnableService) {
-            entry.Checked = state.ServiceInstalled;
-        } else if (entry.Id == kCmdRereadPhrases) {
+        entry.Checked = IsChecked(entry.Id, state);
+        entry.Grayed = entry.Id != 0 && !IsTrayCommandAvailable(entry.Id);
+        if (entry.Id == kCmdRereadPhrases) {
             entry.Text = WithCounts(entry.Text, state.Phrases);
         }
-        entry.Grayed = entry.Id != 0 && !IsTrayCommandAvailable(entry.Id);
     }
 }
 
 }  // namespace
 
 bool IsTrayCommandAvailable(int commandId) {
-    return commandId == kCmdEnableService || commandId == kCmdRereadPhrases ||
-           commandId == kCmdExit;
+    switch (commandId) {
+        case kCmdEnableService:
+        case kCmdRereadPhrases:
+        case kCmdSounds:
+        case kCmdWriteLog:
+        case kCmdHistoryPaneOnStart:
+        case kCmdEmailToUs:
+        case kCmdExit:
+            return true;
+        default:
+            return !LinkOfCommand(commandId).empty();
+    }
 }
 
 std::vector<MenuEntry> BuildTrayMenu(const TrayMenuState& state, const Strings& strings) {

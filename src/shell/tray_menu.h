@@ -12,6 +12,9 @@ namespace vbr {
 // What the tray menu shows of the program's state.
 struct TrayMenuState {
     bool ServiceInstalled = false;
+    bool SoundsOn = false;
+    bool LogOn = false;
+    bool PaneOnStart = false;
     CommandCounts Phrases;
 };
 

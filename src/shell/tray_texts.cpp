@@ -38,4 +38,16 @@ std::u16string TrayTip(std::u16string_view firstLine, std::u16string_view detail
     return tip;
 }
 
+TrayIconContent MakeTrayIconContent(const TrayState& state, std::u16string_view balloonText,
+                                    bool warning, const Strings& strings) {
+    const std::u16string firstLine = TrayFirstLine(state, strings);
+    TrayIconContent content;
+    content.IconId = state.ServiceInstalled ? kIconProgram : kIconProgramOff;
+    content.Info = GetTrayInfoText(state, strings);
+    content.Tip = TrayTip(firstLine, content.Info);
+    content.InfoTitle = balloonText.empty() ? firstLine : Concat(firstLine, u", ", balloonText);
+    content.Warning = warning;
+    return content;
+}
+
 }  // namespace vbr

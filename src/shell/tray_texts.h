@@ -20,6 +20,18 @@ struct TrayState {
     CommandCounts Phrases;
 };
 
+// How the tray icon is changed.
+enum class TrayIconMode { Add = 0, ModifyWithBalloon = 1, Modify = 2 };
+
+// What the icon shows; the two info texts are its balloon.
+struct TrayIconContent {
+    int IconId = 0;
+    std::u16string Tip;
+    std::u16string InfoTitle;
+    std::u16string Info;
+    bool Warning = false;
+};
+
 // Name, version and whether the service is on.
 std::u16string TrayFirstLine(const TrayState& state, const Strings& strings);
 
@@ -28,5 +40,9 @@ std::u16string GetTrayInfoText(const TrayState& state, const Strings& strings);
 
 // First line and details, cut to kTrayTipMax: whole lines go from the end first.
 std::u16string TrayTip(std::u16string_view firstLine, std::u16string_view details);
+
+// Icon, tip and balloon for the state; `balloonText` joins the balloon's title.
+TrayIconContent MakeTrayIconContent(const TrayState& state, std::u16string_view balloonText,
+                                    bool warning, const Strings& strings);
 
 }  // namespace vbr

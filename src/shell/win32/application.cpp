@@ -11,8 +11,11 @@
 #include "platform/date_forms.h"
 #include "platform/object_names.h"
 #include "platform/win32/wide.h"
+#include "platform/win32/win_keyboard_layouts.h"
 #include "platform/win32/win_locale.h"
+#include "platform/win32/win_menu_font.h"
 #include "resources/resource_ids.h"
+#include "settings/system_defaults.h"
 #include "shell/tray_messages.h"
 #include "shell/win32/app_objects.h"
 #include "shell/win32/event_watcher.h"
@@ -33,7 +36,8 @@ std::u16string ModulePath() {
 }
 
 SettingsFiles SettingsFilesOf(const FileLocations& locations) {
-    return {locations.SettingsFile, locations.LocalSettings, locations.UserSettings};
+    return {locations.SettingsFile, locations.LocalSettings, locations.UserSettings,
+            locations.ProgramFolder, locations.ModulePath.substr(locations.ProgramFolder.size())};
 }
 
 // COM and the controls that the windows use, for as long as this lives.
@@ -70,8 +74,14 @@ int RunMessageLoop() {
 
 Application::Application()
     : locations_(ChooseFileLocations(ModulePath(), access_)),
-      settings_(profile_, SettingsFilesOf(locations_)),
+      settings_(
+          profile_, SettingsFilesOf(locations_),
+          ReadSystemDefaults(WinKeyboardLayouts(), WinLocale(), profile_, locations_.ProgramFolder,
+                             SystemMenuFont(), [this] { return DateAndTime(); })),
       log_(clock_),
+      report_(log_, strings_, alerts_),
+      guard_(faults_, report_),
+      rooms_(log_),
       instance_(objects_, autostart_, errors_, log_) {
     settings_.Load();
 }
@@ -90,6 +100,7 @@ int Application::Main(std::u16string_view rawCmdLine) {
     }
     const int result = RunResident(cmdLine);
     instance_.Release();
+    CAppObjects::TempFiles().DeleteAll(log_);
     log_.Write(u"===End Vellum Bridge===");
     return result;
 }
@@ -106,8 +117,11 @@ int Application::RunResident(const CVBRCmdLine& cmdLine) {
     alreadyWorkWatcher.Start(
         kEventAlreadyWork, EventReset::Manual, ObjectAccess::World, stop,
         [signal] { SendMessageW(CAppObjects::TrayWindow(), signal, kSignalAlreadyWorks, 0); });
-    log_.Write(Concat(u"\n\n=============================\n===Start Vellumbridge ", VersionText(),
-                      u" on ", DateAndTime(), u"==="));
+    {
+        const LogSection label(log_, u"TEMP PREFIX TEXT");
+        log_.Write(Concat(u"\n\n=============================\n===Start Vellumbridge ",
+                          VersionText(), u" on ", DateAndTime(), u"==="));
+    }
     const WindowToolkit toolkit;
     const auto optionsChanged =
         objects_.Create(kEventOptionsChanged, EventReset::Automatic, ObjectAccess::World);
@@ -118,8 +132,8 @@ int Application::RunResident(const CVBRCmdLine& cmdLine) {
 }
 
 int Application::RunTrayWindow(const CVBRCmdLine& cmdLine) {
-    CVBRTrayWnd tray(
-        {settings_, locations_, access_, strings_, log_, cmdLine, *instance_.StopEvent()});
+    CVBRTrayWnd tray({settings_, profile_, locations_, access_, strings_, log_, guard_, cmdLine,
+                      *instance_.StopEvent(), rooms_.All()});
     return tray.Create() ? RunMessageLoop() : 0;
 }
 

@@ -3,10 +3,14 @@
 
 #include <string_view>
 
+#include "diagnostics/error_report.h"
+#include "diagnostics/guarded_section.h"
 #include "diagnostics/win32/file_log.h"
+#include "platform/win32/win_alert_box.h"
 #include "platform/win32/win_autostart.h"
 #include "platform/win32/win_clock.h"
 #include "platform/win32/win_error_text.h"
+#include "platform/win32/win_fault_catcher.h"
 #include "platform/win32/win_file_access.h"
 #include "platform/win32/win_named_objects.h"
 #include "platform/win32/win_profile_store.h"
@@ -15,6 +19,7 @@
 #include "shell/command_line.h"
 #include "shell/file_locations.h"
 #include "shell/instance_control.h"
+#include "shell/rooms_off.h"
 
 namespace vbr {
 
@@ -43,6 +48,11 @@ class Application {
     CVBRSettings settings_;
     FileLog log_;
     EmbeddedStrings strings_;
+    WinAlertBox alerts_;
+    WinFaultCatcher faults_;
+    ErrorReport report_;
+    GuardedSections guard_;
+    RoomsOff rooms_;
     InstanceControl instance_;
 };
 

@@ -58,12 +58,14 @@ void PhraseRoad::LoadPhrases() {
         EffectivePhrasesFolder(parts_.Settings.PhrasesDirectory, parts_.Locations, parts_.Access));
 }
 
-void PhraseRoad::StartQuery() {
+QueryStart PhraseRoad::StartQuery() {
     builder_.SetClipboardAtHotkey(clipboard_.UnicodeText());
     WPQuery query;
-    if (hooks_.SendMessageToTargetWindow(query) == QueryStart::Local) {
+    const QueryStart start = hooks_.SendMessageToTargetWindow(query);
+    if (start == QueryStart::Local) {
         builder_.OnDataNeeded(query);
     }
+    return start;
 }
 
 void PhraseRoad::Deliver(std::int32_t choice, WindowHandle target) {

@@ -63,9 +63,13 @@ class PhraseRoad {
     CommandCounts CountPhrases() const { return tree_.CountCommands(); }
     const std::filesystem::path& PhrasesFolder() const { return tree_.RootFolder(); }
 
-    // Asks the window in front and shows the menu; returns when the menu has closed.
-    void StartQuery();
+    // Asks the window in front. When that is answered here, shows the menu and returns when it has
+    // closed.
+    QueryStart StartQuery();
     bool IsMenuShown() const { return builder_.IsMenuShown(); }
+    bool IsAllow_WaitAnswerFromExeAgent() const {
+        return builder_.IsAllow_WaitAnswerFromExeAgent();
+    }
 
     // Carries out a choice of the menu: the id of a phrase.
     void Deliver(std::int32_t choice, WindowHandle target);

@@ -3,28 +3,37 @@
 
 #include "base/text.h"
 #include "platform/object_names.h"
-#include "platform/win32/auto_foreground_window.h"
-#include "platform/win32/menu_handle.h"
 #include "platform/win32/wide.h"
 #include "resources/resource_ids.h"
-#include "shell/tray_menu.h"
 #include "shell/tray_messages.h"
-#include "shell/tray_texts.h"
 #include "shell/win32/app_objects.h"
+#include "web/link_language.h"
 
 namespace vbr {
 namespace {
 
 constexpr DWORD kTrayStyle = 0x008D0000;
+constexpr int kOutside = -100;  // left of and above every screen
 constexpr DWORD kExitBalloonMs = 500;
 
 UINT Registered(std::u16string_view name) {
     return RegisterWindowMessageW(Wide(name.data()));
 }
 
-HICON ProgramIcon(int width, int height) {
-    return static_cast<HICON>(LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(kIconProgram),
-                                         IMAGE_ICON, width, height, LR_SHARED));
+void SetWindowIcon(HWND window, WPARAM kind, int width, int height) {
+    const HANDLE icon = LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(kIconProgram),
+                                   IMAGE_ICON, width, height, LR_SHARED);
+    SendMessageW(window, WM_SETICON, kind, reinterpret_cast<LPARAM>(icon));
+}
+
+// An elevated window still takes the choice of a target with fewer rights.
+void AdmitCopyData() {
+    using Filter = BOOL(WINAPI*)(UINT, DWORD);
+    const auto filter = reinterpret_cast<Filter>(reinterpret_cast<void*>(
+        GetProcAddress(GetModuleHandleW(L"user32.dll"), "ChangeWindowMessageFilter")));
+    if (filter) {
+        filter(WM_COPYDATA, MSGFLT_ADD);
+    }
 }
 
 }  // namespace
@@ -32,19 +41,28 @@ HICON ProgramIcon(int width, int height) {
 CVBRTrayWnd::CVBRTrayWnd(const TrayContext& context)
     : context_(context),
       instanceSignal_(Registered(kMessageInstanceSignal)),
-      taskbarCreated_(Registered(kMessageTaskbarCreated)) {}
+      taskbarCreated_(Registered(kMessageTaskbarCreated)),
+      addMessage_(Registered(kMessageAddMessage)),
+      mouseEvent_(Registered(kMessageMouseEvent)),
+      session_(*this, context.TrayLog),
+      sounds_(
+          context.Locations.ProgramFolder,
+          [&settings = context.Settings] { return settings.SoundOnEvents; }, context.TrayLog),
+      icon_(context.Guard) {}
 
 CVBRTrayWnd::~CVBRTrayWnd() {
+    // The threads that this object joins wait for it.
+    context_.Stop.Set();
     Destroy();
 }
 
 bool CVBRTrayWnd::Create() {
+    const std::u16string title = Text(kStrProductName);
     WindowCreation creation;
     creation.ClassName = L"Vellumbridge_Tray";
-    const std::u16string title = context_.Texts.LoadString(kStrProductName);
     creation.Title = title;
     creation.Style = kTrayStyle;
-    creation.X = creation.Y = -100;
+    creation.X = creation.Y = kOutside;
     creation.Width = creation.Height = 95;
     return WindowBase::Create(creation);
 }
@@ -53,95 +71,187 @@ std::optional<LRESULT> CVBRTrayWnd::OnMessage(UINT message, WPARAM wParam, LPARA
     static constexpr MessageHandler<CVBRTrayWnd> kMap[] = {
         {WM_CREATE, &CVBRTrayWnd::OnCreate},
         {WM_DESTROY, &CVBRTrayWnd::OnDestroy},
+        {WM_TIMER, &CVBRTrayWnd::OnTimer},
+        {WM_ENDSESSION, &CVBRTrayWnd::OnEndSession},
+        {WM_WTSSESSION_CHANGE, &CVBRTrayWnd::OnSessionChange},
         {WM_HOTKEY, &CVBRTrayWnd::OnHotKey},
         {WM_COMMAND, &CVBRTrayWnd::OnCommand},
+        {WM_COPYDATA, &CVBRTrayWnd::OnCopyData},
+        {WM_NOTIFY, &CVBRTrayWnd::OnNotify},
+        {WM_ENTERIDLE, &CVBRTrayWnd::OnEnterIdle},
+        {WM_MENUSELECT, &CVBRTrayWnd::OnMenuSelect},
         {kMsgInstallTrayIcon, &CVBRTrayWnd::OnInstallTrayIcon},
         {kMsgTrayNotify, &CVBRTrayWnd::OnTrayNotify},
+        {kMsgQueryReady, &CVBRTrayWnd::OnQueryReady},
+        {kMsgEditorState, &CVBRTrayWnd::OnEditorState},
+        {kMsgUpdateResult, &CVBRTrayWnd::OnUpdateResult},
+        {kMsgEditorEnded, &CVBRTrayWnd::OnEditorEnded},
+        {kMsgGetPaneTitle, &CVBRTrayWnd::OnGetPaneTitle},
+        {kMsgShowPane, &CVBRTrayWnd::OnShowPane},
+        {kMsgInstallSpy, &CVBRTrayWnd::OnInstallSpy},
+        {kMsgAllowWaitAgent, &CVBRTrayWnd::OnAllowWaitAgent},
         {kMsgCommandFromSelf, &CVBRTrayWnd::OnCommandFromSelf},
+        {kMsgGetQueue, &CVBRTrayWnd::OnGetQueue},
+        {kMsgHideTip, &CVBRTrayWnd::OnHideTip},
+        {kMsgWaitError, &CVBRTrayWnd::OnWaitError},
         {kMsgShowMenuRequest, &CVBRTrayWnd::OnShowMenuRequest},
+        {kMsgRightMenuCommand, &CVBRTrayWnd::OnRightMenuCommand},
+        {kMsgLanguageChanged, &CVBRTrayWnd::OnLanguageChanged},
+        {kMsgPaneBlink, &CVBRTrayWnd::OnPaneBlink},
+        {kMsgGetPaneText, &CVBRTrayWnd::OnGetPaneText},
     };
     if (message == instanceSignal_) {
         return OnInstanceSignal(wParam);
     }
     if (message == taskbarCreated_) {
-        return OnTaskbarCreated();
+        icon_.StartInstallThread(Handle(), context_.Stop);
+        return 0;
+    }
+    if (message == addMessage_) {
+        return OnAddMessage(lParam);
+    }
+    if (message == mouseEvent_) {
+        return OnMouseEvent();
     }
     return DispatchMessageMap(*this, kMap, message, wParam, lParam);
 }
 
 LRESULT CVBRTrayWnd::OnCreate(WPARAM, LPARAM) {
     CAppObjects::SetTrayWindow(Handle());
-    SendMessageW(Handle(), WM_SETICON, ICON_SMALL,
-                 reinterpret_cast<LPARAM>(
-                     ProgramIcon(GetSystemMetrics(SM_CXSMICON), GetSystemMetrics(SM_CYSMICON))));
-    SendMessageW(Handle(), WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(ProgramIcon(0, 0)));
+    CAppObjects::SetSounds(&sounds_);
+    ApplyLanguage();
+    AdmitCopyData();
+    SetWindowIcon(Handle(), ICON_SMALL, GetSystemMetrics(SM_CXSMICON),
+                  GetSystemMetrics(SM_CYSMICON));
+    SetWindowIcon(Handle(), ICON_BIG, 0, 0);
     road_ = std::make_unique<PhraseRoad>(
         PhraseRoad::Parts{context_.Settings, context_.Locations, context_.Access, context_.TrayLog,
-                          messages_},
+                          CAppObjects::Messages()},
         Handle());
     if (context_.CmdLine.NoInstall()) {
-        messages_.push_back(u"No install on launch. Flag specifided");
+        CAppObjects::Messages().push_back(u"No install on launch. Flag specifided");
     } else {
         std::u16string ignored;
         road_->InstallService(ignored);
     }
     icon_.StartInstallThread(Handle(), context_.Stop);
-    SetWindowPos(Handle(), nullptr, -100, -100, 10, 10,
-                 SWP_NOACTIVATE | SWP_NOZORDER | SWP_HIDEWINDOW);
-    if (context_.CmdLine.Edit()) {
-        PostMessageW(Handle(), WM_COMMAND, kCmdEditPhrases, 0);
+    context_.TrayRooms.Tips.Create(Text(kStrDefaultMenuTip));
+    Watch(kEventEditorEnded, EventReset::Automatic, ObjectAccess::World,
+          [window = Handle()] { PostMessageW(window, kMsgEditorEnded, 0, 0); });
+    if (context_.Settings.IsNewVersion()) {
+        context_.TrayRooms.Companions.StartFirstRunAutostart();
     }
+    sounds_.Start(context_.Stop);
+    if (context_.Settings.AutoCheckForUpdates) {
+        context_.TrayRooms.Updates.Schedule();
+    }
+    if (context_.Settings.ShowHistoryPaneOnStart) {
+        context_.TrayRooms.Pane.Show(PaneShowMode::WithoutFocus);
+    }
+    SetWindowPos(Handle(), nullptr, kOutside, kOutside, 10, 10,
+                 SWP_NOACTIVATE | SWP_NOZORDER | SWP_HIDEWINDOW);
+    BeginSessionNotices(sessionNotify_, reinterpret_cast<WindowHandle>(Handle()), context_.TrayLog);
     StartWatchers();
-    if (context_.CmdLine.ShowMenu()) {
-        PostMessageW(Handle(), kMsgShowMenuRequest, 0, 0);
+    if (SetTimer(Handle(), kTimerLateWatchers, kLateWatchersMs, nullptr) == 0) {
+        StartLateWatchers();
     }
     return 0;
+}
+
+void CVBRTrayWnd::StartWatchers() {
+    const HWND window = Handle();
+    Watch(kEventCommandCheckForUpdates, EventReset::Manual, ObjectAccess::Default,
+          [window] { SendMessageW(window, WM_COMMAND, kCmdCheckForUpdates, 0); });
+    if (context_.CmdLine.Edit()) {
+        PostMessageW(window, WM_COMMAND, kCmdEditPhrases, 0);
+    }
+    if (context_.CmdLine.Cfu()) {
+        PostMessageW(window, WM_COMMAND, kCmdCheckForUpdates, 0);
+    }
+    Watch(kEventEdit, EventReset::Manual, ObjectAccess::World,
+          [window] { SendMessageW(window, WM_COMMAND, kCmdEditPhrases, 0); });
+    Watch(kEventShowMenu, EventReset::Automatic, ObjectAccess::World,
+          [window] { PostMessageW(window, kMsgShowMenuRequest, 0, 0); });
+    if (context_.CmdLine.ShowMenu()) {
+        PostMessageW(window, kMsgShowMenuRequest, 0, 0);
+    }
+    if (!context_.Settings.IsWelcomeAlreadyStarted()) {
+        context_.TrayRooms.Companions.StartWelcome(u"/auto");
+    }
+}
+
+void CVBRTrayWnd::StartLateWatchers() {
+    const HWND window = Handle();
+    Watch(kEventLangUiChanged, EventReset::Automatic, ObjectAccess::World,
+          [window] { SendMessageW(window, kMsgLanguageChanged, 0, 0); });
+    Watch(kEventCheckForUpdates, EventReset::Automatic, ObjectAccess::World,
+          [window] { SendMessageW(window, WM_COMMAND, kCmdCheckForUpdates, 0); });
+    Watch(kEventFloatPaneBlink, EventReset::Automatic, ObjectAccess::World,
+          [window] { SendMessageW(window, kMsgPaneBlink, 0, 0); });
+}
+
+void CVBRTrayWnd::Watch(std::u16string_view event, EventReset reset, ObjectAccess access,
+                        std::function<void()> onSignal) {
+    auto watcher = std::make_unique<EventWatcher>();
+    if (watcher->Start(event, reset, access, context_.Stop, std::move(onSignal))) {
+        watchers_.push_back(std::move(watcher));
+    } else {
+        context_.TrayLog.LogError(Concat(u"Cannot watch the event ", event));
+    }
 }
 
 LRESULT CVBRTrayWnd::OnDestroy(WPARAM, LPARAM) {
     context_.Stop.Set();
     road_->StopService();
     icon_.Delete(Handle());
+    context_.TrayRooms.Pane.Close();
+    if (context_.TrayRooms.History.IsSpyRunning()) {
+        context_.TrayRooms.History.StopSpy();
+    }
+    EndSessionNotices(sessionNotify_, reinterpret_cast<WindowHandle>(Handle()), context_.TrayLog);
+    CAppObjects::SetSounds(nullptr);
     CAppObjects::SetTrayWindow(nullptr);
     return 0;
 }
 
-void CVBRTrayWnd::StartWatchers() {
-    const HWND window = Handle();
-    editWatcher_.Start(kEventEdit, EventReset::Manual, ObjectAccess::World, context_.Stop,
-                       [window] { SendMessageW(window, WM_COMMAND, kCmdEditPhrases, 0); });
-    showMenuWatcher_.Start(kEventShowMenu, EventReset::Automatic, ObjectAccess::World,
-                           context_.Stop,
-                           [window] { PostMessageW(window, kMsgShowMenuRequest, 0, 0); });
-}
-
-LRESULT CVBRTrayWnd::OnInstallTrayIcon(WPARAM, LPARAM) {
-    const bool added = UpdateTrayIcon(TrayIconMode::Add, {}, false);
-    if (!added) {
-        context_.TrayLog.Write(u"ERROR: cannot install tray icon");
+LRESULT CVBRTrayWnd::OnTimer(WPARAM id, LPARAM) {
+    KillTimer(Handle(), id);
+    switch (id) {
+        case kTimerPaneHover:
+            if (lastHoveredCommand_ == kCmdTogglePane) {
+                context_.TrayRooms.Pane.Blink();
+            }
+            break;
+        case kTimerHideBalloon:
+            HideTrayBalloon();
+            break;
+        case kTimerPhraseMenu:
+            StartQuery(false);
+            context_.TrayRooms.Pane.Show(PaneShowMode::BringBack);
+            break;
+        case kTimerLateWatchers:
+            StartLateWatchers();
+            break;
+        default:
+            break;
     }
-    return added;
-}
-
-LRESULT CVBRTrayWnd::OnTrayNotify(WPARAM, LPARAM mouseMessage) {
-    if (mouseMessage == WM_LBUTTONUP || mouseMessage == WM_RBUTTONUP ||
-        mouseMessage == NIN_BALLOONUSERCLICK) {
-        DisplayTrayMenuAtCursor();
-    }
     return 0;
 }
 
-LRESULT CVBRTrayWnd::OnShowMenuRequest(WPARAM, LPARAM) {
-    const CAutoForegroundWindow front(Handle());
-    SetActiveWindow(Handle());
-    MessageBeep(MB_ICONINFORMATION);
-    DisplayTrayMenuAtCursor();
+LRESULT CVBRTrayWnd::OnEndSession(WPARAM wParam, LPARAM lParam) {
+    context_.TrayLog.Write(Concat(u"WM_ENDSESSION wParam=", wParam, u" lParam=", lParam));
     return 0;
 }
 
-LRESULT CVBRTrayWnd::OnTaskbarCreated() {
-    icon_.StartInstallThread(Handle(), context_.Stop);
+LRESULT CVBRTrayWnd::OnSessionChange(WPARAM reason, LPARAM sessionId) {
+    session_.OnWmWTSSessionChange(static_cast<std::uint32_t>(reason),
+                                  static_cast<std::uint32_t>(sessionId));
     return 0;
+}
+
+void CVBRTrayWnd::AnnounceSessionEvent(std::uint32_t reason) {
+    uiObservers_.Announce(
+        [reason](UiObserver& observer) { observer.OnUiChanged(UiChange::Session, reason); });
 }
 
 LRESULT CVBRTrayWnd::OnInstanceSignal(WPARAM code) {
@@ -150,100 +260,19 @@ LRESULT CVBRTrayWnd::OnInstanceSignal(WPARAM code) {
             std::u16string ignored;
             road_->InstallService(ignored);
         }
-        UpdateTrayIcon(TrayIconMode::ModifyWithBalloon, context_.Texts.LoadString(kStrAlreadyWorks),
-                       true);
+        sounds_.PlayEventSound(EventSound::AlreadyWorks);
+        UpdateTrayIcon(TrayIconMode::ModifyWithBalloon, Text(kStrAlreadyWorks), true);
     } else if (code == kSignalExit) {
-        UpdateTrayIcon(TrayIconMode::ModifyWithBalloon, context_.Texts.LoadString(kStrExiting),
-                       false);
+        UpdateTrayIcon(TrayIconMode::ModifyWithBalloon, Text(kStrExiting), false);
         Sleep(kExitBalloonMs);
         PostMessageW(Handle(), WM_COMMAND, kCmdExit, 0);
     }
     return 0;
 }
 
-LRESULT CVBRTrayWnd::OnHotKey(WPARAM id, LPARAM) {
-    if (id != kHotkeyId ||
-        !doublePress_.Press(context_.Settings.HotkeyDoubled, clock_.TickCount()) ||
-        !road_->IsServiceInstalled() || road_->IsMenuShown()) {
-        return 0;
-    }
-    road_->StartQuery();
-    return 0;
-}
-
-LRESULT CVBRTrayWnd::OnCommandFromSelf(WPARAM choice, LPARAM target) {
-    context_.TrayLog.Write(u"CVBRTrayWnd::OnWmCommandFromSelf");
-    road_->Deliver(static_cast<std::int32_t>(choice), static_cast<WindowHandle>(target));
-    return 0;
-}
-
-LRESULT CVBRTrayWnd::OnCommand(WPARAM command, LPARAM) {
-    switch (const int id = LOWORD(command)) {
-        case kCmdEnableService:
-            ToggleService();
-            break;
-        case kCmdRereadPhrases:
-            road_->LoadPhrases();
-            UpdateTrayIcon(TrayIconMode::ModifyWithBalloon, {}, false);
-            break;
-        case kCmdExit:
-            DestroyWindow(Handle());
-            PostQuitMessage(0);
-            break;
-        default:
-            context_.TrayLog.Write(Concat(u"Command ", id, u" is off"));
-            break;
-    }
-    return 1;
-}
-
-void CVBRTrayWnd::ToggleService() {
-    if (road_->IsServiceInstalled()) {
-        road_->StopService();
-    } else if (std::u16string error; !road_->InstallService(error) && !error.empty()) {
-        ShowMessage(u"ERROR\n\n" + error, MB_ICONERROR);
-    }
-    UpdateTrayIcon(TrayIconMode::ModifyWithBalloon, {}, false);
-}
-
-bool CVBRTrayWnd::UpdateTrayIcon(TrayIconMode mode, std::u16string_view balloonText, bool warning) {
-    TrayState state;
-    state.ServiceInstalled = road_->IsServiceInstalled();
-    state.HotkeyName = road_->HotkeyName();
-    state.PhrasesFolder = road_->PhrasesFolder().u16string();
-    state.Phrases = road_->CountPhrases();
-    const std::u16string firstLine = TrayFirstLine(state, context_.Texts);
-    const std::u16string details = GetTrayInfoText(state, context_.Texts);
-    TrayIconContent content;
-    content.IconId = state.ServiceInstalled ? kIconProgram : kIconProgramOff;
-    content.Tip = TrayTip(firstLine, details);
-    content.InfoTitle = balloonText.empty() ? firstLine : Concat(firstLine, u", ", balloonText);
-    content.Info = details;
-    content.Warning = warning;
-    return icon_.Update(Handle(), mode, content);
-}
-
-void CVBRTrayWnd::DisplayTrayMenuAtCursor() {
-    POINT point{};
-    GetCursorPos(&point);
-    DisplayTrayMenu(point);
-}
-
-void CVBRTrayWnd::DisplayTrayMenu(POINT point) {
-    const UniqueMenu menu = MakePopupMenu(
-        BuildTrayMenu({road_->IsServiceInstalled(), road_->CountPhrases()}, context_.Texts));
-    EndMenu();
-    SetForegroundWindow(Handle());
-    const int command =
-        TrackPopupMenu(menu.get(), TPM_RETURNCMD, point.x, point.y, 0, Handle(), nullptr);
-    EndMenu();
-    if (command != 0) {
-        SendMessageW(Handle(), WM_COMMAND, static_cast<WPARAM>(command), 0);
-    }
-}
-
-void CVBRTrayWnd::ShowMessage(const std::u16string& text, UINT flags) {
-    MessageBoxW(Handle(), Wide(text), Wide(context_.Texts.LoadString(kStrProductName)), flags);
+// The texts come in the new language from now on; links follow it.
+void CVBRTrayWnd::ApplyLanguage() {
+    SetUseRuUrls(context_.Profile, context_.Settings.GetLanguageFileName(), context_.TrayLog);
 }
 
 }  // namespace vbr

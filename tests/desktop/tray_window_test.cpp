@@ -1,0 +1,247 @@
+// SPDX-License-Identifier: MIT
+#include "platform/win32/windows.h"
+
+#include <algorithm>
+#include <atomic>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <iterator>
+#include <regex>
+#include <thread>
+#include <tinyxml.h>
+#include <vector>
+
+#include "desktop/driver/notepad.h"
+#include "desktop/driver/program.h"
+#include "desktop/driver/waiting.h"
+#include "platform/object_names.h"
+#include "platform/win32/wide.h"
+#include "resources/resource_ids.h"
+#include "shell/tray_messages.h"
+
+namespace vbr::desktop {
+namespace {
+
+std::string FileBytes(const std::filesystem::path& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
+    DWORD_PTR result = 0;
+    SendMessageTimeoutW(TrayWindow(), message, wParam, lParam, SMTO_NORMAL, kPatienceMs, &result);
+    return static_cast<LRESULT>(result);
+}
+
+// Memory of the program's process, as an outside sender of a message needs it.
+class RemoteBuffer {
+  public:
+    explicit RemoteBuffer(DWORD process)
+        : process_(OpenProcess(PROCESS_VM_OPERATION | PROCESS_VM_READ, FALSE, process)),
+          address_(VirtualAllocEx(process_.get(), nullptr, kSize, MEM_COMMIT, PAGE_READWRITE)) {}
+
+    LPARAM Address() const { return reinterpret_cast<LPARAM>(address_); }
+
+    std::wstring Text() const {
+        wchar_t text[kSize / sizeof(wchar_t)]{};
+        ReadProcessMemory(process_.get(), address_, text, kSize, nullptr);
+        return text;
+    }
+
+  private:
+    static constexpr SIZE_T kSize = 1024;
+    UniqueHandle process_;
+    void* address_;
+};
+
+class TrayWindowTest : public testing::Test {
+  protected:
+    std::wstring Setting(const wchar_t* section, const wchar_t* key) const {
+        wchar_t value[512];
+        GetPrivateProfileStringW(section, key, L"<missing>", value, 512,
+                                 (program_.Folder() / L"Settings.ini").c_str());
+        return value;
+    }
+
+    Program program_;
+};
+
+TEST_F(TrayWindowTest, ToggleWritesEveryKeyTheStampsAndTheVersion) {
+    ASSERT_TRUE(program_.StartResident());
+    EXPECT_EQ(Setting(L"Settings", L"VBRVersion"), L"<missing>");
+    Send(WM_COMMAND, kCmdSounds);
+    EXPECT_EQ(Setting(L"Settings", L"VBRVersion"), L"VBR_150");
+    EXPECT_EQ(Setting(L"Settings", L"SoundOnEventsV094"), L"0");
+    EXPECT_EQ(Setting(L"Settings", L"Hotkey"), L"196621");
+    EXPECT_EQ(Setting(L"Settings", L"ExtMenuCommand__SUPPORT"), L"1");
+    EXPECT_EQ(Setting(L"Settings", L"FontForMenu").size(), 2 * (92U + 1));
+    EXPECT_EQ(Setting(L"A_SETTINGS", L"WRITED_TO"),
+              (program_.Folder() / L"Settings.ini").wstring());
+    EXPECT_EQ(Setting(L"A_SETTINGS", L"WRITED_WHO"), L"Vellumbridge.exe");
+    EXPECT_NE(Setting(L"A_SETTINGS", L"WRITED_WHEN"), L"<missing>");
+    wchar_t keys[8192];
+    DWORD length = GetPrivateProfileStringW(L"Settings", nullptr, L"", keys, 8192,
+                                            (program_.Folder() / L"Settings.ini").c_str());
+    EXPECT_EQ(std::count(keys, keys + length, L'\0'), 37) << "keys of the section";
+    Send(WM_COMMAND, kCmdSounds);
+    EXPECT_EQ(Setting(L"Settings", L"SoundOnEventsV094"), L"1");
+}
+
+TEST_F(TrayWindowTest, SharedAreaTellsTheEditorTheHotKey) {
+    program_.WriteSettings("Hotkey_Doubled=1");
+    ASSERT_TRUE(program_.StartResident());
+    const UniqueHandle area(OpenFileMappingW(FILE_MAP_READ, FALSE, Wide(kAreaSettings.data())));
+    const auto* text = static_cast<const char*>(MapViewOfFile(area.get(), FILE_MAP_READ, 0, 0, 0));
+    ASSERT_NE(text, nullptr);
+    TiXmlDocument document;
+    document.Parse(text, nullptr, TIXML_ENCODING_UTF8);
+    UnmapViewOfFile(text);
+    const TiXmlElement* root = document.FirstChildElement("VellumbridgeSettings");
+    ASSERT_NE(root, nullptr);
+    EXPECT_STREQ(root->Attribute("HotKey_Key"), "13");
+    EXPECT_STREQ(root->Attribute("HotKey_Mod"), "3");
+    EXPECT_STREQ(root->Attribute("Double"), "1");
+    EXPECT_EQ(root->FirstChild(), nullptr);
+}
+
+TEST_F(TrayWindowTest, PaneTitleIsGivenAndABadBufferIsSurvived) {
+    ASSERT_TRUE(program_.StartResident());
+    const RemoteBuffer buffer(program_.Resident().Id());
+    const std::wstring title = L"Vellumbridge - Clipboard History [0]";
+    EXPECT_EQ(Send(kMsgGetPaneTitle, 0, buffer.Address()), static_cast<LRESULT>(title.size()));
+    EXPECT_EQ(buffer.Text(), title);
+    EXPECT_EQ(Send(kMsgGetPaneTitle, 0, 16), static_cast<LRESULT>(title.size()));
+    Send(RegisterWindowMessageW(Wide(kMessageAddMessage.data())), 0, 16);
+    EXPECT_EQ(Send(kMsgGetPaneTitle), static_cast<LRESULT>(title.size()));
+}
+
+TEST_F(TrayWindowTest, EveryPrivateMessageOfAnOutsiderIsSurvived) {
+    ASSERT_TRUE(program_.StartResident(L"/noinstall"));
+    for (UINT message = WM_APP; message <= WM_APP + 40; ++message) {
+        if (message != kMsgShowMenuRequest) {  // opens a menu that waits for the user
+            Send(message, 1, 16);
+        }
+    }
+    for (const std::u16string_view name : {kMessageTaskbarCreated, kMessageMouseEvent}) {
+        Send(RegisterWindowMessageW(Wide(name.data())));
+    }
+    EXPECT_TRUE(program_.Resident().IsRunning());
+    EXPECT_EQ(program_.End(), 0U);
+}
+
+TEST_F(TrayWindowTest, InstanceSignalEndsTheProgram) {
+    ASSERT_TRUE(program_.StartResident());
+    const UINT signal = RegisterWindowMessageW(Wide(kMessageInstanceSignal.data()));
+    Send(signal, 5);
+    EXPECT_TRUE(program_.Resident().IsRunning());
+    Send(signal, kSignalExit);
+    EXPECT_EQ(program_.Resident().WaitForExit(kPatienceMs), 0U);
+}
+
+TEST_F(TrayWindowTest, WindowAnswersWhileSignalsRainDown) {
+    ASSERT_TRUE(program_.StartResident());
+    std::atomic<bool> done = false;
+    std::thread signals([&] {
+        for (int i = 0; i < 200; ++i) {
+            const UniqueHandle event(
+                OpenEventW(EVENT_MODIFY_STATE, FALSE, Wide(kEventAlreadyWork.data())));
+            SetEvent(event.get());
+            Sleep(5);
+        }
+        done = true;
+    });
+    int asked = 0;
+    int answered = 0;
+    while (!done) {
+        DWORD_PTR ignored = 0;
+        answered += SendMessageTimeoutW(TrayWindow(), WM_NULL, 0, 0, SMTO_NORMAL, kPatienceMs,
+                                        &ignored) != 0;
+        ++asked;
+        Sleep(10);
+    }
+    signals.join();
+    EXPECT_GT(asked, 0);
+    EXPECT_EQ(answered, asked);
+    EXPECT_EQ(program_.End(), 0U);
+}
+
+TEST_F(TrayWindowTest, ChoiceOfAnotherProcessIsTyped) {
+    program_.AddPhrase("Only", 1, "sent by data");
+    Notepad notepad;
+    ASSERT_TRUE(notepad.IsOpen());
+    ASSERT_TRUE(program_.StartResident());
+    ASSERT_TRUE(WaitUntil([&] { return notepad.BringToFront(); }));
+    BYTE block[138]{};
+    block[0] = 1;
+    COPYDATASTRUCT data{0, sizeof block, block};
+    Send(WM_COPYDATA, 0, reinterpret_cast<LPARAM>(&data));
+    EXPECT_EQ(notepad.WaitForText(u"sent by data"), u"sent by data");
+}
+
+TEST_F(TrayWindowTest, ExitLeavesNoEventAreaOrFile) {
+    program_.AddPhrase("Only", 1, "x");
+    ASSERT_TRUE(program_.StartResident());
+    EXPECT_EQ(program_.End(), 0U);
+    EXPECT_EQ(TrayWindow(), nullptr);
+    for (const std::u16string_view name :
+         {kEventInstance, kEventEdit, kEventShowMenu, kEventAlreadyWork, kEventExit,
+          kEventEditorEnded, kEventOptionsChanged, kEventLangUiChanged, kEventDataNeeded,
+          kEventDataCompleted}) {
+        EXPECT_EQ(OpenEventW(SYNCHRONIZE, FALSE, Wide(name.data())), nullptr)
+            << std::string(name.begin(), name.end());
+    }
+    EXPECT_EQ(OpenFileMappingW(FILE_MAP_READ, FALSE, Wide(kAreaSettings.data())), nullptr);
+    std::vector<std::wstring> files;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(program_.Folder())) {
+        files.push_back(entry.path().filename().wstring());
+    }
+    std::sort(files.begin(), files.end());
+    EXPECT_EQ(files,
+              (std::vector<std::wstring>{L"Only.vellumbridge", L"Settings.ini", L"UserPhrases",
+                                         L"Vellumbridge.dll", L"Vellumbridge.exe"}));
+}
+
+TEST_F(TrayWindowTest, LogIsUtf16WithOneMarkAndWholeLines) {
+    program_.WriteSettings("WriteLog=1");
+    for (int run = 0; run < 2; ++run) {
+        ASSERT_TRUE(program_.StartResident());
+        ASSERT_EQ(program_.End(), 0U);
+    }
+    const std::string bytes = FileBytes(program_.Folder() / L"LogReport.txt");
+    std::wstring text(reinterpret_cast<const wchar_t*>(bytes.data()),
+                      bytes.size() / sizeof(wchar_t));
+    ASSERT_FALSE(text.empty());
+    EXPECT_EQ(text[0], L'\xFEFF');
+    EXPECT_EQ(text.find(L'\xFEFF', 1), text.npos);
+    EXPECT_TRUE(std::regex_search(
+        text, std::wregex(L"\r\nEXE_Agent: \\[\\d\\d/\\d\\d/\\d\\d \\d\\d:\\d\\d:\\d\\d\\] "
+                          L"Automode not found\\. Continue\r\n")));
+    EXPECT_TRUE(text.ends_with(L"===End Vellum Bridge===\r\n"));
+}
+
+TEST_F(TrayWindowTest, StartsWithSettingsThatCannotBeRead) {
+    std::string garbage = "\xFF\x01[Sett";
+    for (int i = 0; i < 5000; ++i) {
+        garbage += static_cast<char>(i * 37);
+    }
+    const std::filesystem::path file = program_.Folder() / L"Settings.ini";
+    std::ofstream(file, std::ios::binary) << garbage;
+    ASSERT_TRUE(program_.StartResident());
+    EXPECT_EQ(program_.End(), 0U);
+    std::filesystem::remove(file);
+    std::filesystem::create_directory(file);
+    ASSERT_TRUE(program_.StartResident());
+    Send(WM_COMMAND, kCmdSounds);
+    EXPECT_EQ(program_.End(), 0U);
+    EXPECT_TRUE(std::filesystem::is_directory(file));
+}
+
+TEST_F(TrayWindowTest, StartsWithALogThatCannotBeWritten) {
+    program_.WriteSettings("WriteLog=1");
+    std::filesystem::create_directory(program_.Folder() / L"LogReport.txt");
+    ASSERT_TRUE(program_.StartResident());
+    EXPECT_EQ(program_.End(), 0U);
+}
+
+}  // namespace
+}  // namespace vbr::desktop

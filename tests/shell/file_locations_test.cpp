@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: MIT
+#include "shell/file_locations.h"
+
+#include <gtest/gtest.h>
+
+#include "base/text.h"
+#include "fakes/fake_file_access.h"
+
+namespace vbr {
+namespace {
+
+constexpr std::u16string_view kModule = u"C:\\App\\Vellumbridge.exe";
+const std::u16string kFolder = u"C:\\App\\";
+const std::u16string kSettings = u"C:\\App\\Settings.ini";
+const std::u16string kLog = u"C:\\App\\LogReport.txt";
+const std::u16string kUserSettings = u"C:\\Users\\Ann\\Vellumbridge\\Settings.ini";
+const std::u16string kUserLog = u"C:\\Users\\Ann\\Data\\LogReport_Vellumbridge.txt";
+
+TEST(FileLocations, StandBesideTheProgramWhereThatMayBeWritten) {
+    struct Case {
+        std::set<std::u16string> Files;
+        std::set<std::u16string> Writable;
+        std::u16string Settings;
+        std::u16string Log;
+    };
+    const Case cases[] = {{{}, {kFolder}, kSettings, kLog},
+                          {{}, {}, kUserSettings, kUserLog},
+                          {{kSettings, kLog}, {kSettings, kLog}, kSettings, kLog},
+                          {{kSettings, kLog}, {kFolder}, kUserSettings, kUserLog},  // read-only
+                          {{kSettings}, {kSettings}, kSettings, kUserLog}};
+    for (const Case& c : cases) {
+        FakeFileAccess access;
+        access.Files = c.Files;
+        access.Writable = c.Writable;
+        const FileLocations where = ChooseFileLocations(kModule, access);
+        EXPECT_TRUE(access.FileExists(kSettings) || c.Writable.empty());  // it is made
+        EXPECT_EQ(where.SettingsFile, c.Settings);
+        EXPECT_EQ(where.LogFile, c.Log);
+        EXPECT_EQ(access.MadeFolders.contains(u"C:\\Users\\Ann\\Vellumbridge\\"),
+                  c.Settings == kUserSettings);
+    }
+}
+
+TEST(FileLocations, OnARemovableOrRemoteDriveAllStaysBesideTheProgram) {
+    for (const DriveKind drive :
+         {DriveKind::Unknown, DriveKind::NoRoot, DriveKind::Removable, DriveKind::Fixed,
+          DriveKind::Remote, DriveKind::Optical, DriveKind::RamDisk}) {
+        FakeFileAccess access;
+        access.Drive = drive;
+        const FileLocations where = ChooseFileLocations(kModule, access);
+        const bool portable = drive < DriveKind::Fixed || drive == DriveKind::Remote;
+        EXPECT_EQ(where.Portable, portable);
+        EXPECT_EQ(where.SettingsFile, portable ? kSettings : kUserSettings);
+        EXPECT_EQ(where.LogFile, portable ? kLog : kUserLog);
+        EXPECT_EQ(access.MadeFolders.empty(), portable);
+    }
+}
+
+TEST(PhrasesFolder, FollowsTheStoredSetting) {
+    FakeFileAccess access;
+    access.Variables = {{u"USER", u"ann"}, {u"LONG", std::u16string(1000, u'x')}};
+    FileLocations where;
+    where.ProgramFolder = kFolder;
+    const std::pair<std::u16string_view, std::u16string_view> cases[] = {
+        {u"", u"C:\\App\\UserPhrases\\"},        {u"Mine", u"C:\\App\\Mine\\"},
+        {u"D:\\Mine\\", u"D:\\Mine\\"},          {u"%USER%\\x%USER%", u"C:\\App\\ann\\xann\\"},
+        {u"D:\\%NONE%USER%", u"D:\\%NONEann\\"}, {u"D:\\100%", u"D:\\100%\\"},
+        {u"D:\\%LONG%", u"D:\\%LONG%\\"}};
+    for (const auto& [stored, folder] : cases) {
+        EXPECT_EQ(EffectivePhrasesFolder(stored, where, access), folder) << Utf16ToUtf8(stored);
+    }
+}
+
+}  // namespace
+}  // namespace vbr

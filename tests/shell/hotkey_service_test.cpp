@@ -1,0 +1,155 @@
+// SPDX-License-Identifier: MIT
+#include "shell/hotkey_service.h"
+
+#include <gtest/gtest.h>
+
+#include "base/text.h"
+#include "fakes/exchange_desk.h"
+#include "fakes/native_profile_store.h"
+#include "platform/object_names.h"
+#include "shell/double_press.h"
+
+namespace vbr {
+namespace {
+
+struct FakeHotkeys : HotkeyRegistrar {
+    explicit FakeHotkeys(Journal& calls) : Calls(calls) {}
+    std::uint32_t Register(std::uint16_t mods, std::uint16_t vk) override {
+        Calls.push_back("register " + std::to_string(mods) + "+" + std::to_string(vk));
+        return Error;
+    }
+    bool Unregister() override {
+        Calls.push_back("unregister");
+        return true;
+    }
+    std::u16string KeyName(std::uint16_t vk) const override { return Concat(u"Key", vk); }
+
+    Journal& Calls;
+    std::uint32_t Error = 0;
+};
+
+struct FakeMemory : SharedMemory {
+    struct Block : SharedBlock {
+        Block(FakeMemory& memory, std::string name) : Memory(memory), Name(std::move(name)) {
+            Memory.Calls.push_back("make " + Name);
+        }
+        ~Block() override { Memory.Calls.push_back("close " + Name); }
+        bool Write(std::string_view text) override {
+            Memory.Calls.push_back("write " + Name);
+            Memory.Written = text;
+            return true;
+        }
+        FakeMemory& Memory;
+        std::string Name;
+    };
+    explicit FakeMemory(Journal& calls) : Calls(calls) {}
+    std::unique_ptr<SharedBlock> Create(std::u16string_view name, std::uint32_t) override {
+        const char* shortName = name == kAreaSettings ? "settings" : "area";
+        return Fails ? nullptr : std::make_unique<Block>(*this, shortName);
+    }
+
+    Journal& Calls;
+    std::string Written;
+    bool Fails = false;
+};
+
+class HotkeyServiceStart : public testing::Test, protected ExchangeDesk {
+  protected:
+    // The calls of a start that must fail and leave nothing behind.
+    Journal FailedStart(bool libraryExists = true) {
+        Calls.clear();
+        messages_.clear();
+        errorText_.clear();
+        EXPECT_FALSE(service_.Install({}, libraryExists, errorText_));
+        EXPECT_FALSE(service_.IsInstalled());
+        EXPECT_TRUE(Objects.Owned.empty());
+        return Calls;
+    }
+
+    MessageList messages_;
+    std::u16string errorText_;
+    FakeMemory memory_{Calls};
+    FakeHotkeys hotkeys_{Calls};
+    NativeProfileStore profile_;
+    CVBRSettings settings_{profile_, {}};
+    HotkeyService service_{{settings_, Service, hotkeys_, Objects, memory_, Log, messages_}};
+};
+
+TEST_F(HotkeyServiceStart, StopUndoesTheInstallBackwards) {
+    EXPECT_TRUE(service_.Install({}, true, errorText_));
+    EXPECT_TRUE(Objects.Exists(kEventDataNeeded) && Objects.Exists(kEventDataCompleted));
+    service_.Stop();
+    EXPECT_EQ(Calls,
+              (Journal{"make area", "register 3+13", "make settings", "write settings", "load",
+                       "install", "uninstall", "broadcast", "unload", "unregister", "close area"}));
+    EXPECT_EQ(memory_.Written, SharedSettingsText(13, 3, false, u""));
+    EXPECT_TRUE(Objects.Owned.empty());
+    EXPECT_TRUE(messages_.empty());
+}
+
+TEST_F(HotkeyServiceStart, WithoutAllSharedObjectsNoKeyIsRegistered) {
+    for (const std::u16string_view refused : {kEventDataNeeded, kEventDataCompleted}) {
+        Objects.Refused = {refused};
+        EXPECT_EQ(FailedStart(), (Journal{"make area", "close area"}));
+        EXPECT_EQ(errorText_, u"ERROR: Cannot create wait objects");
+        EXPECT_EQ(messages_, MessageList{errorText_});
+    }
+    Objects.Refused.clear();
+    memory_.Fails = true;
+    EXPECT_EQ(FailedStart(), Journal());
+}
+
+TEST_F(HotkeyServiceStart, AKeyThatIsTakenClosesTheSharedObjects) {
+    hotkeys_.Error = 1409;
+    EXPECT_EQ(FailedStart(), (Journal{"make area", "register 3+13", "close area"}));
+    EXPECT_EQ(messages_, (MessageList{u"Cannot register hotkey. Error: 1409",
+                                      u"ERROR: Cannot register hot key Ctrl+Alt+Key13"}));
+    EXPECT_EQ(errorText_, Concat(u"\n\n", messages_[0], u"\n", messages_[1]));
+}
+
+TEST_F(HotkeyServiceStart, ALibraryThatFailsGivesKeyAndObjectsBack) {
+    Library.InstallResult = false;
+    Library.ErrorCode = 3;
+    EXPECT_EQ(FailedStart(),
+              (Journal{"make area", "register 3+13", "make settings", "write settings", "load",
+                       "install", "unload", "unregister", "close area"}));
+    EXPECT_EQ(errorText_,
+              u"ERROR: Cannot kernel DLL install\nDLL path: L:\\lib.dll\n\n"
+              u"Cant install hook\nError code: 3");
+    EXPECT_EQ(messages_, MessageList{errorText_});
+    Library.Loads = false;
+    FailedStart(false);
+    EXPECT_EQ(errorText_,
+              u"ERROR: Cannot kernel DLL install\nDLL not found: L:\\lib.dll\n\n"
+              u"Cant load DLL\nError code: 4");
+}
+
+TEST_F(HotkeyServiceStart, AKeyOfZeroIsRepairedToTheDefault) {
+    for (const auto& [mods, call] :
+         std::map<std::uint16_t, std::string>{{0, "register 3+13"}, {8, "register 8+13"}}) {
+        settings_.HotkeyVk = 0;
+        settings_.HotkeyMods = mods;
+        service_.Install({}, true, errorText_);
+        EXPECT_EQ(Calls[1], call);
+        service_.Stop();
+        Calls.clear();
+    }
+}
+
+TEST(DoublePress, OnlyASecondPressWithinHalfASecondCounts) {
+    const std::pair<std::uint32_t, bool> presses[] = {
+        {10'000, false},      {10'500, true},  // in time
+        {20'000, false},      {20'100, true},
+        {20'200, false},                       // the third is a first press again
+        {20'701, false},      {20'800, true},  // too late, so a first press too
+        {0xFFFF'FF00, false}, {0xFFFF'FF80, true},
+        {0xFFFF'FFF0, false}, {0x80, true}};  // the tick count wraps
+    DoublePress press;
+    for (const auto& [tick, counts] : presses) {
+        EXPECT_EQ(press.Press(true, tick), counts) << tick;
+    }
+    EXPECT_TRUE(press.Press(false, 20'000));  // off
+}
+
+}  // namespace
+}  // namespace vbr

@@ -1,0 +1,171 @@
+// SPDX-License-Identifier: MIT
+#include "shell/instance_control.h"
+
+#include <gtest/gtest.h>
+
+#include "fakes/fake_named_objects.h"
+#include "fakes/journal.h"
+#include "fakes/memory_log.h"
+#include "platform/object_names.h"
+
+namespace vbr {
+namespace {
+
+using Names = std::vector<std::u16string_view>;
+
+struct FakeAutostart : Autostart {
+    int Deleted = 0;
+    void Delete() override { ++Deleted; }
+};
+
+struct FakeErrorText : SystemErrorText {
+    std::uint32_t LastError() const override { return 2; }
+    std::u16string TextOf(std::uint32_t code) const override { return Concat(u"text ", code); }
+};
+
+class InstanceStart : public testing::Test {
+  protected:
+    std::optional<int> Settle(std::u16string_view cmdLine, std::uint32_t delaySeconds = 0) {
+        objects_.Signals.clear();
+        objects_.Pulses.clear();
+        return control_.Settle(
+            CVBRCmdLine(cmdLine), delaySeconds, [this] { calls_.push_back("language"); },
+            [this] { calls_.push_back("help"); });
+    }
+    void RunAnother() {
+        objects_.Others = {kEventInstance, kEventEdit,        kEventShowMenu,
+                           kEventExit,     kEventAlreadyWork, kEventCheckForUpdates};
+    }
+    void AnswerWaits(std::u16string_view name, std::uint32_t ms, WaitResult result) {
+        objects_.OnWait = [=](std::u16string_view waitName, std::uint32_t waitMs) {
+            EXPECT_EQ(waitName, name);
+            EXPECT_EQ(waitMs, ms);
+            return result;
+        };
+    }
+
+    Journal calls_;
+    FakeNamedObjects objects_;
+    FakeAutostart autostart_;
+    FakeErrorText errors_;
+    MemoryLog log_;
+    InstanceControl control_{objects_, autostart_, errors_, log_};
+};
+
+TEST_F(InstanceStart, ARunningInstanceIsSignalledAndThisProcessEnds) {
+    struct Case {
+        std::u16string_view CmdLine;
+        int Code;
+        Names Signals;
+        Names Pulses;
+    };
+    const Case cases[] = {{u"", 1, {kEventAlreadyWork}, {}},
+                          {u"/autoload", 1, {kEventAlreadyWork}, {}},
+                          {u"/exit /cfu", 1, {kEventExit}, {}},
+                          {u"/ua", 1, {kEventExit}, {}},
+                          {u"/exit /showmenu", 1, {kEventShowMenu}, {}},
+                          {u"/cfu", 1, {}, {kEventCheckForUpdates}},
+                          {u"/asadmin", 1, {kEventExit, kEventAlreadyWork}, {}},  // it stays
+                          {u"/edit /exit", 0, {kEventEdit}, {}},
+                          {u"/?", 0, {}, {}}};
+    RunAnother();
+    for (const Case& c : cases) {
+        EXPECT_EQ(Settle(c.CmdLine), c.Code) << Utf16ToUtf8(c.CmdLine);
+        EXPECT_EQ(objects_.Signals, c.Signals) << Utf16ToUtf8(c.CmdLine);
+        EXPECT_EQ(objects_.Pulses, c.Pulses) << Utf16ToUtf8(c.CmdLine);
+    }
+    EXPECT_EQ(control_.StopEvent(), nullptr);
+}
+
+TEST_F(InstanceStart, WithoutARunningInstanceItBecomesTheResidentOneUntilReleased) {
+    for (const std::u16string_view text :
+         {u"", u"/autoload", u"/edit", u"/showmenu", u"/cfu", u"/asadmin"}) {
+        EXPECT_EQ(Settle(text), std::nullopt) << Utf16ToUtf8(text);
+        EXPECT_TRUE(objects_.Exists(kEventInstance));
+        control_.Release();
+        EXPECT_FALSE(objects_.Exists(kEventInstance));
+    }
+    EXPECT_EQ(objects_.Made[kEventInstance], std::pair(EventReset::Manual, ObjectAccess::World));
+}
+
+TEST_F(InstanceStart, TheInstanceEventIsGuardedAgainstClosing) {
+    {
+        InstanceControl forgotten(objects_, autostart_, errors_, log_);
+        forgotten.Settle(
+            CVBRCmdLine(u""), 0, [] {}, [] {});
+    }
+    EXPECT_TRUE(objects_.Exists(kEventInstance));
+}
+
+TEST_F(InstanceStart, ExitWithNothingRunningStartsNothing) {
+    EXPECT_EQ(Settle(u"/exit"), 1);
+    EXPECT_EQ(autostart_.Deleted, 0);
+    EXPECT_EQ(Settle(u"/ua"), 1);
+    EXPECT_EQ(autostart_.Deleted, 1);
+    EXPECT_TRUE(objects_.Made.empty());
+}
+
+TEST_F(InstanceStart, HelpIsShownInTheUsersLanguageAndEndsTheProcess) {
+    EXPECT_EQ(Settle(u"/?"), 0);
+    EXPECT_EQ(calls_, (Journal{"language", "help"}));
+}
+
+TEST_F(InstanceStart, AnInstanceEventThatCannotBeMadeEndsTheProcess) {
+    objects_.Refused = {kEventInstance};
+    EXPECT_EQ(Settle(u""), 2);
+}
+
+TEST_F(InstanceStart, APlainStartReleasesAProcessInItsAutostartDelayAndEnds) {
+    objects_.Others = {kEventAutoLoadWait};
+    EXPECT_EQ(Settle(u""), 12);
+    EXPECT_EQ(objects_.Signals, Names{kEventAutoLoadWait});
+}
+
+TEST_F(InstanceStart, AutoloadKeepsTheDelayAndGoesOnHoweverItEnds) {
+    const std::pair<WaitResult, std::u16string_view> cases[] = {
+        {WaitResult::Signalled, u"INFO: automode disabled WAIT_OBJECT_0"},
+        {WaitResult::TimedOut, u"INFO: automode expired WAIT_TIMEOUT"},
+        {WaitResult::Failed, u"INFO: automode default -1"}};
+    for (const auto& [result, line] : cases) {
+        AnswerWaits(kEventAutoLoadWait, 30000, result);
+        EXPECT_EQ(Settle(u"/autoload", 30), std::nullopt);
+        EXPECT_EQ(log_.Lines.back(), line);
+        EXPECT_FALSE(objects_.Exists(kEventAutoLoadWait));
+        control_.Release();
+    }
+    objects_.Refused = {kEventAutoLoadWait};
+    EXPECT_EQ(Settle(u"/autoload", 30), std::nullopt);
+}
+
+TEST_F(InstanceStart, AutoloadWithoutADelayMakesNoEventForIt) {
+    Settle(u"/autoload", 0);
+    EXPECT_FALSE(objects_.Made.contains(kEventAutoLoadWait));
+}
+
+TEST_F(InstanceStart, TakeOverTellsTheOldInstanceToEndAndWaitsForIt) {
+    RunAnother();
+    objects_.Others.insert(kEventTakeOver);
+    objects_.OnWait = [this](std::u16string_view name, std::uint32_t ms) {
+        EXPECT_EQ(objects_.Signals, Names{kEventExit});
+        EXPECT_EQ(Concat(name, u" ", ms), Concat(kEventTakeOver, u" 10000"));
+        objects_.Others.clear();
+        return WaitResult::Signalled;
+    };
+    EXPECT_EQ(Settle(u"/asadmin"), std::nullopt);
+    EXPECT_TRUE(objects_.Others.empty());
+    EXPECT_EQ(log_.Lines, std::vector<std::u16string>{u"Automode not found. Continue"});
+}
+
+TEST_F(InstanceStart, ATakeOverThatCannotWaitLogsTheReasonAndGoesOn) {
+    const std::u16string error = u"ERROR: Cannot wait event from first instance\n\nError Code: ";
+    EXPECT_EQ(Settle(u"/asadmin"), std::nullopt);
+    EXPECT_EQ(log_.Lines.back(), error + u"2\ntext 2");
+    control_.Release();
+    objects_.Others = {kEventTakeOver};
+    AnswerWaits(kEventTakeOver, 10000, WaitResult::TimedOut);
+    EXPECT_EQ(Settle(u"/asadmin"), std::nullopt);
+    EXPECT_EQ(log_.Lines.back(), error + u"0\ntext 0");
+}
+
+}  // namespace
+}  // namespace vbr
