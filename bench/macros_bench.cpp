@@ -3,7 +3,6 @@
 #include <string>
 
 #include "fakes/fake_clock.h"
-#include "fakes/fake_keyboard_layouts.h"
 #include "fakes/fake_locale.h"
 #include "fakes/fake_system_info.h"
 #include "fakes/memory_log.h"

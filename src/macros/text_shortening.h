@@ -9,8 +9,17 @@ namespace vbr {
 // No limit on the length of a title.
 inline constexpr int kNoLimit = -1;
 
-// A title on one line: trimmed, cut at the first line end or tab, and at `limit` UTF-16 units,
-// where "…" then follows.
+// Limits are in UTF-16 units; "…" comes on top of them. A surrogate pair is never halved.
+
+// A title on one line: trimmed, cut at the first line end or tab, and at `limit`, where "…" then
+// follows.
 std::u16string ShortenTitle(std::u16string_view text, int limit);
+
+// A text on one line that shows its start and its end, "…" between them, cut between words where
+// that is possible.
+std::u16string ShortenMiddle(std::u16string_view text, std::size_t limit);
+
+// A web address as its host and its last part, "…" between them; any other text by ShortenMiddle.
+std::u16string ShortenUrlOrText(std::u16string_view text, std::size_t limit);
 
 }  // namespace vbr

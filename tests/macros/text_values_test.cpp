@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: MIT
+#include <gtest/gtest.h>
+
+#include "base/text.h"
+#include "macros/number_words.h"
+#include "macros/prompt_split.h"
+#include "macros/text_shortening.h"
+#include "macros/url_text.h"
+
+namespace vbr {
+namespace {
+
+using TextCase = std::pair<std::u16string_view, std::u16string_view>;
+
+TEST(PromptSplit, PromptsAndTheTextAroundThemKeepTheirOrder) {
+    constexpr SegmentKind kText = SegmentKind::Text;
+    constexpr SegmentKind kPrompt = SegmentKind::Prompt;
+    const std::pair<std::u16string_view, std::vector<TextSegment>> cases[] = {
+        {u"", {{kText, u""}}},
+        {u"%PROMPT_TEXT={}%", {{kPrompt, u""}}},
+        {u"a%PROMPT_TEXT={x}%b%Prompt_Text={y}%",
+         {{kText, u"a"}, {kPrompt, u"x"}, {kText, u"b"}, {kPrompt, u"y"}}},
+        {u"%PROMPT_TEXT={a{b}c}%d}%", {{kPrompt, u"a{b}c"}, {kText, u"d}%"}}},
+        {u"}%PROMPT_TEXT={x}%b%PROMPT_TEXT={y} %",
+         {{kText, u"}"}, {kPrompt, u"x"}, {kText, u"b%PROMPT_TEXT={y} %"}}}};
+    for (const auto& [text, segments] : cases) {
+        EXPECT_EQ(SplitPromptMacros(text), segments) << Utf16ToUtf8(text);
+    }
+}
+
+TEST(NumberWords, NumbersInATextAreWrittenAsRussianSpeaksThem) {
+    const TextCase cases[] = {
+        {u"a1b02", u"aодинbдва"},
+        {u"0 10 11 12 14 19", u"ноль десять одиннадцать двенадцать четырнадцать девятнадцать"},
+        {u"40 58 90 101 216", u"сорок пятьдесят восемь девяносто сто один двести шестнадцать"},
+        {u"1000 2021 5000", u"одна тысяча две тысячи двадцать один пять тысяч"},
+        {u"11000 21000", u"одиннадцать тысяч двадцать одна тысяча"},
+        {u"1000000 2000003", u"один миллион два миллиона три"},
+        {u"5001000 22000000000", u"пять миллионов одна тысяча двадцать два миллиарда"},
+        {u"999000000000", u"девятьсот девяносто девять миллиардов"},
+        {u"1000000000000 99999999999999999999", u"1000000000000 99999999999999999999"}};
+    for (const auto& [text, words] : cases) {
+        EXPECT_EQ(NumbersInTextToWords(text), words) << Utf16ToUtf8(text);
+    }
+}
+
+TEST(ExtractUrl, PartsTheUrlAtTheStartFromWhatFollows) {
+    const std::pair<std::u16string_view, TextCase> cases[] = {
+        {u" see http://a.org", {u"", u"see http://a.org"}},
+        {u"\t\r\n HTTPS://a.org/x", {u"HTTPS://a.org/x", u""}},
+        {u"ftp://a b", {u"ftp://a", u" b"}},
+        {u"http://a\r\nb", {u"http://a", u"\r\nb"}},
+        {u"file://a b", {u"", u"file://a b"}},
+        {u"http://", {u"", u"http://"}}};
+    for (const auto& [text, parts] : cases) {
+        EXPECT_EQ(ExtractUrl(text, true), parts.first) << Utf16ToUtf8(text);
+        EXPECT_EQ(ExtractUrl(text, false), parts.second) << Utf16ToUtf8(text);
+    }
+}
+
+TEST(TrimProtocols, TakesEachProtocolFromTheStartInOneWalk) {
+    const TextCase cases[] = {{u"HTTP://http://ftp://a", u"a"},
+                              {u"http://https://a", u"a"},
+                              {u"https://http://a", u"http://a"},
+                              {u"file://a http://b", u"a http://b"},
+                              {u"a%TRIM_LEFT_ALLPROTS_FROM_SELTEXT%b", u"ab"}};
+    for (const auto& [text, expected] : cases) {
+        EXPECT_EQ(TrimProtocols(text), expected) << Utf16ToUtf8(text);
+    }
+}
+
+TEST(ShortenTitle, GivesOneLineOfAtMostTheLimit) {
+    const TextCase cases[] = {{u" \b\r\n title \t\v", u"title"},
+                              {u"123456", u"12345…"},
+                              {u"abc\r\nd", u"abc"},
+                              {u"abc\td", u"abc"},
+                              {u"a\tbc", u"a bc"},
+                              {u"1234🙂", u"1234…"}};
+    for (const auto& [text, expected] : cases) {
+        EXPECT_EQ(ShortenTitle(text, 5), expected) << Utf16ToUtf8(text);
+    }
+    EXPECT_EQ(ShortenTitle(u"without a limit", kNoLimit), u"without a limit");
+}
+
+}  // namespace
+}  // namespace vbr
