@@ -179,6 +179,8 @@ run() {
 
     copy_template "$work/prefix"
     export WINEPREFIX=$work/prefix
+    # Nobody listens; without a sound card the library would complain at every sound.
+    printf '\n[Software\\\\Wine\\\\Drivers]\n"Audio"=""\n' >>"$WINEPREFIX/user.reg"
     if [[ $display == yes ]]; then
         start_display
     fi
