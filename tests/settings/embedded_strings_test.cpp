@@ -44,12 +44,6 @@ void ExpectTidySeparators(const std::vector<MenuEntry>& entries, const std::u16s
     }
 }
 
-TEST(EmbeddedStringsTest, FirstAndLastStringAreFound) {
-    const EmbeddedStrings strings;
-    EXPECT_EQ(strings.LoadString(kStrProductName), u"Vellumbridge");
-    EXPECT_EQ(strings.LoadString(kCmdExit), u"Exit from Vellumbridge");
-}
-
 TEST(EmbeddedStringsTest, UnknownIdIsEmpty) {
     const EmbeddedStrings strings;
     for (const int id :
@@ -59,24 +53,11 @@ TEST(EmbeddedStringsTest, UnknownIdIsEmpty) {
     }
 }
 
-TEST(EmbeddedStringsTest, MultiLineTextHoldsALineFeedAndQuotes) {
-    const std::u16string text = EmbeddedStrings().LoadString(kStrAutomaticCheckHint);
-    EXPECT_NE(text.find(u"\"silent\" background. \nYou will"), std::u16string::npos);
-    EXPECT_EQ(text.find(u'\\'), std::u16string::npos);
-}
-
 TEST(EmbeddedStringsTest, HintNamesTheMenuCommandAsTheMenuShowsIt) {
     const EmbeddedStrings strings;
     const std::u16string command = strings.GetCommandText(kMenuTray, kCmdEditPhrases);
     EXPECT_EQ(command, u"Edit Phrases\\Settings");
     EXPECT_TRUE(strings.LoadString(kStrChangeTimeoutHint).ends_with(Concat(u"\"", command, u"\"")));
-}
-
-TEST(EmbeddedStringsTest, FixPaneHasATipAndATitle) {
-    const std::u16string text = EmbeddedStrings().LoadString(kCmdFixPane);
-    const std::size_t lineEnd = text.find(u'\n');
-    ASSERT_NE(lineEnd, std::u16string::npos);
-    EXPECT_EQ(text.substr(lineEnd + 1), u"Fix Pane");
 }
 
 TEST(EmbeddedStringsTest, CommandTextLosesAccessKeyAndEllipsis) {
@@ -94,12 +75,6 @@ TEST(EmbeddedStringsTest, CommandTextOfWhatIsNotInTheMenuIsEmpty) {
     EXPECT_EQ(strings.GetCommandText(kMenuTray, kCmdOpenWith), u"");
     EXPECT_EQ(strings.GetCommandText(kMenuHistoryRow, kCmdExit), u"");
     EXPECT_EQ(strings.GetCommandText(0, kCmdExit), u"");
-}
-
-TEST(EmbeddedStringsTest, CommandZeroIsNeitherASubMenuNorASeparator) {
-    const EmbeddedStrings strings;
-    EXPECT_EQ(strings.GetCommandText(kMenuTray, 0), u"");
-    EXPECT_EQ(FindCommand(MenuTemplateById(kMenuTray)->Entries, 0), nullptr);
 }
 
 TEST(CleanCommandTextTest, SingleAmpersandGoesAndDoubleStays) {
@@ -134,12 +109,6 @@ TEST_P(MenuTemplateTest, CommandIdsAreUnique) {
     }
 }
 
-TEST_P(MenuTemplateTest, EveryCommandHasAText) {
-    for (const MenuEntry& command : AllCommands(Entries())) {
-        EXPECT_NE(CleanCommandText(command.Text), u"") << command.Id;
-    }
-}
-
 TEST_P(MenuTemplateTest, EveryCommandHasATip) {
     const EmbeddedStrings strings;
     for (const MenuEntry& command : AllCommands(Entries())) {
@@ -152,17 +121,6 @@ TEST_P(MenuTemplateTest, EveryCommandHasATip) {
 
 TEST_P(MenuTemplateTest, SeparatorsOnlyStandBetweenEntries) {
     ExpectTidySeparators(Entries(), u"top level");
-}
-
-TEST_P(MenuTemplateTest, OneCommandOfTheTopLevelIsTheDefault) {
-    std::vector<int> defaults;
-    for (const MenuEntry& entry : Entries()) {
-        if (entry.Default) {
-            defaults.push_back(entry.Id);
-        }
-    }
-    const int expected = GetParam() == kMenuTray ? kCmdEditPhrases : kCmdCopyItem;
-    EXPECT_EQ(defaults, std::vector<int>{expected});
 }
 
 INSTANTIATE_TEST_SUITE_P(Menus, MenuTemplateTest, testing::Values(kMenuTray, kMenuHistoryRow));

@@ -72,6 +72,10 @@ TEST_F(WinLocaleTest, DatesAndNamesAreThoseOfTheLanguage) {
     EXPECT_EQ(locale_.MonthName(kGerman, 12, NameForm::Full), u"Dezember");
     EXPECT_EQ(locale_.Iso639Name(kRussian), u"ru");
     EXPECT_EQ(locale_.Iso639Name(kJapanese), u"ja");
+    EXPECT_EQ(locale_.LanguageAbbreviation(kEnglish), u"ENU");
+    EXPECT_EQ(locale_.LanguageAbbreviation(kGerman), u"DEU");
+    EXPECT_NE(locale_.LanguageName(kEnglish), u"");
+    EXPECT_NE(locale_.LanguageName(kEnglish), locale_.LanguageName(kGerman));
 }
 
 TEST_F(WinLocaleTest, CyrillicChangesItsCase) {
