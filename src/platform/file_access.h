@@ -23,7 +23,8 @@ class FileAccess {
   public:
     virtual ~FileAccess() = default;
 
-    virtual DriveKind KindOfDrive(std::u16string_view path) const = 0;
+    // `root` is a drive's or a share's root with its backslash.
+    virtual DriveKind KindOfDrive(std::u16string_view root) const = 0;
     virtual bool FileExists(std::u16string_view path) const = 0;
     // Whether this process may write the file or folder, by its access rights and attributes.
     virtual bool CanWrite(std::u16string_view path) const = 0;

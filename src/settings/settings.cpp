@@ -390,11 +390,12 @@ void CVBRSettings::Write(std::u16string_view section, std::u16string_view key,
     profile_.WriteString(files_.Chosen, section, key, value);
 }
 
-// A key that stands there without a value chooses the default folder, while a missing one leaves
-// the choice in memory.
+// A key that stands there without a value chooses the default folder, while a missing one, or one
+// too long to be read, leaves the choice in memory.
 void CVBRSettings::ReadPhrasesDirectory() {
     const std::u16string value = GetString(kKeyPhrases, u"");
-    if (value.empty() && !FindValue(kKeyPhrases)) {
+    const std::optional<std::u16string> stored = FindValue(kKeyPhrases);
+    if (value.empty() && (!stored || !stored->empty())) {
         return;
     }
     const bool isDefault = StoredPhrasesFolder(value, files_.ProgramFolder).empty();

@@ -86,11 +86,21 @@ std::u16string FileLocations::Welcome() const {
     return ProgramFolder + u"Vellumbridge_Welcome.exe";
 }
 
+std::u16string DriveRootOf(std::u16string_view path) {
+    if (!path.starts_with(u"\\\\")) {
+        return Concat(path.substr(0, path.find(u':') + 1), u"\\");
+    }
+    const std::size_t serverEnd = path.find(u'\\', 2);
+    const std::size_t shareEnd =
+        serverEnd == path.npos ? path.npos : path.find(u'\\', serverEnd + 1);
+    return WithBackslash(std::u16string(path.substr(0, shareEnd)));
+}
+
 FileLocations ChooseFileLocations(std::u16string_view modulePath, FileAccess& access) {
     FileLocations where;
     where.ModulePath = modulePath;
     where.ProgramFolder = FolderOf(modulePath);
-    where.Portable = IsPortable(access.KindOfDrive(modulePath));
+    where.Portable = IsPortable(access.KindOfDrive(DriveRootOf(modulePath)));
     where.LocalSettings = where.ProgramFolder + std::u16string(kSettingsName);
     where.UserSettings = WithBackslash(access.UserProfileFolder()) + u"Vellumbridge\\" +
                          std::u16string(kSettingsName);

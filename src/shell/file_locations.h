@@ -23,6 +23,9 @@ struct FileLocations {
     std::u16string Welcome() const;
 };
 
+// The root of the drive or the network share that holds a file, with a backslash at its end.
+std::u16string DriveRootOf(std::u16string_view path);
+
 // Decides the locations by the drive of the program file and by what may be written. Makes an
 // empty Settings.ini beside the program when there is none, and the folder in the user's profile
 // when the user copy is chosen.

@@ -56,6 +56,16 @@ TEST(FileLocations, OnARemovableOrRemoteDriveAllStaysBesideTheProgram) {
     }
 }
 
+TEST(DriveRoot, IsTheDriveOrTheShare) {
+    const std::pair<std::u16string_view, std::u16string_view> cases[] = {
+        {u"C:\\App\\Vellumbridge.exe", u"C:\\"},
+        {u"\\\\server\\share\\App\\Vellumbridge.exe", u"\\\\server\\share\\"},
+        {u"\\\\server\\share", u"\\\\server\\share\\"}};
+    for (const auto& [path, root] : cases) {
+        EXPECT_EQ(DriveRootOf(path), root) << Utf16ToUtf8(path);
+    }
+}
+
 TEST(PhrasesFolder, FollowsTheStoredSetting) {
     FakeFileAccess access;
     access.Variables = {{u"USER", u"ann"}, {u"LONG", std::u16string(1000, u'x')}};

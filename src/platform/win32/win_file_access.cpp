@@ -36,9 +36,8 @@ UniqueHandle ImpersonationToken() {
 
 }  // namespace
 
-DriveKind WinFileAccess::KindOfDrive(std::u16string_view path) const {
-    const std::u16string root = Concat(path.substr(0, path.find(u':') + 1), u"\\");
-    return static_cast<DriveKind>(GetDriveTypeW(Wide(root)));
+DriveKind WinFileAccess::KindOfDrive(std::u16string_view root) const {
+    return static_cast<DriveKind>(GetDriveTypeW(Wide(std::u16string(root))));
 }
 
 bool WinFileAccess::FileExists(std::u16string_view path) const {

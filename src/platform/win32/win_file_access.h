@@ -7,7 +7,7 @@ namespace vbr {
 
 class WinFileAccess : public FileAccess {
   public:
-    DriveKind KindOfDrive(std::u16string_view path) const override;
+    DriveKind KindOfDrive(std::u16string_view root) const override;
     bool FileExists(std::u16string_view path) const override;
     bool CanWrite(std::u16string_view path) const override;
     bool CreateOpenFile(std::u16string_view path) override;

@@ -3,6 +3,7 @@
 
 #include "platform/win32/windows.h"
 
+#include "platform/win32/handle.h"
 #include "platform/win32/wide.h"
 
 namespace vbr {
@@ -16,6 +17,16 @@ constexpr const wchar_t* kMissing = L"\x1A\x1A";
 bool SuitsTheSystem(std::string_view bytes) {
     const bool utf16 = bytes.starts_with("\xFF\xFE");
     return utf16 || (!bytes.starts_with("\xEF\xBB\xBF") && bytes.find('\0') == bytes.npos);
+}
+
+// The system writes a file without a mark in the ANSI code page, which would lose what that lacks.
+void StartUnicodeFile(const std::filesystem::path& file) {
+    const UniqueHandle handle(CreateFileW(file.c_str(), GENERIC_WRITE, 0, nullptr, OPEN_ALWAYS,
+                                          FILE_ATTRIBUTE_NORMAL, nullptr));
+    DWORD written = 0;
+    if (IsValid(handle)) {
+        WriteFile(handle.get(), "\xFF\xFE", 2, &written, nullptr);
+    }
 }
 
 }  // namespace
@@ -47,6 +58,9 @@ bool WinProfileStore::WriteString(const std::filesystem::path& file, std::u16str
     }
     if (found.Bytes && !SuitsTheSystem(*found.Bytes)) {
         return texts_.WriteString(file, section, key, value);
+    }
+    if (!found.Bytes || found.Bytes->empty()) {
+        StartUnicodeFile(file);
     }
     return WritePrivateProfileStringW(Wide(std::u16string(section)), Wide(std::u16string(key)),
                                       Wide(std::u16string(value)), file.c_str()) != 0;

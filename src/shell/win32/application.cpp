@@ -101,7 +101,7 @@ int Application::Main(std::u16string_view rawCmdLine) {
     const int result = RunResident(cmdLine);
     instance_.Release();
     CAppObjects::TempFiles().DeleteAll(log_);
-    log_.Write(u"===End Vellum Bridge===");
+    WriteBanner(u"===End Vellum Bridge===");
     return result;
 }
 
@@ -119,8 +119,8 @@ int Application::RunResident(const CVBRCmdLine& cmdLine) {
         [signal] { SendMessageW(CAppObjects::TrayWindow(), signal, kSignalAlreadyWorks, 0); });
     {
         const LogSection label(log_, u"TEMP PREFIX TEXT");
-        log_.Write(Concat(u"\n\n=============================\n===Start Vellumbridge ",
-                          VersionText(), u" on ", DateAndTime(), u"==="));
+        WriteBanner(Concat(u"\n\n=============================\n===Start Vellumbridge ",
+                           VersionText(), u" on ", DateAndTime(), u"==="));
     }
     const WindowToolkit toolkit;
     const auto optionsChanged =
@@ -135,6 +135,10 @@ int Application::RunTrayWindow(const CVBRCmdLine& cmdLine) {
     CVBRTrayWnd tray({settings_, profile_, locations_, access_, strings_, log_, guard_, cmdLine,
                       *instance_.StopEvent(), rooms_.All()});
     return tray.Create() ? RunMessageLoop() : 0;
+}
+
+void Application::WriteBanner(std::u16string_view text) {
+    log_.Write(Concat(text, u" ", DateAndTime()));
 }
 
 void Application::ShowHelp() {

@@ -36,6 +36,8 @@ class Application {
     int RunResident(const CVBRCmdLine& cmdLine);
     int RunTrayWindow(const CVBRCmdLine& cmdLine);
     void ShowHelp();
+    // A line that parts off a run of the program, with the time behind it.
+    void WriteBanner(std::u16string_view text);
     std::u16string DateAndTime() const;
 
     WinClock clock_;

@@ -54,8 +54,14 @@ bool PhraseRoad::InstallService(std::u16string& errorText) {
 }
 
 void PhraseRoad::LoadPhrases() {
-    tree_.LoadTree(
-        EffectivePhrasesFolder(parts_.Settings.PhrasesDirectory, parts_.Locations, parts_.Access));
+    // A file that is being swapped in can't be read.
+    saver_.Flush();
+    tree_.LoadTree(PhrasesFolder());
+}
+
+std::u16string PhraseRoad::PhrasesFolder() const {
+    return EffectivePhrasesFolder(parts_.Settings.PhrasesDirectory, parts_.Locations,
+                                  parts_.Access);
 }
 
 QueryStart PhraseRoad::StartQuery() {

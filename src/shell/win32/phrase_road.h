@@ -61,7 +61,8 @@ class PhraseRoad {
 
     void LoadPhrases();
     CommandCounts CountPhrases() const { return tree_.CountCommands(); }
-    const std::filesystem::path& PhrasesFolder() const { return tree_.RootFolder(); }
+    // The folder that the settings name, whether or not it exists.
+    std::u16string PhrasesFolder() const;
 
     // Asks the window in front. When that is answered here, shows the menu and returns when it has
     // closed.

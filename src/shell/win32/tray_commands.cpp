@@ -104,7 +104,6 @@ LRESULT CVBRTrayWnd::OnCommand(WPARAM command, LPARAM) {
             break;
         case kCmdExit:
             DestroyWindow(Handle());
-            PostQuitMessage(0);
             break;
         case kCmdEmailToUs:
             SendMail(shellOpener_, reinterpret_cast<WindowHandle>(Handle()));
@@ -147,7 +146,7 @@ void CVBRTrayWnd::RereadPhrases(bool balloon) {
 
 bool CVBRTrayWnd::UpdateTrayIcon(TrayIconMode mode, std::u16string_view balloonText, bool warning) {
     const TrayState state{road_->IsServiceInstalled(), IsProcessElevated(), road_->HotkeyName(),
-                          road_->PhrasesFolder().u16string(), road_->CountPhrases()};
+                          road_->PhrasesFolder(), road_->CountPhrases()};
     return icon_.Update(Handle(), mode,
                         MakeTrayIconContent(state, balloonText, warning, context_.Texts));
 }

@@ -20,10 +20,14 @@ UINT Registered(std::u16string_view name) {
     return RegisterWindowMessageW(Wide(name.data()));
 }
 
-void SetWindowIcon(HWND window, WPARAM kind, int width, int height) {
-    const HANDLE icon = LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(kIconProgram),
-                                   IMAGE_ICON, width, height, LR_SHARED);
-    SendMessageW(window, WM_SETICON, kind, reinterpret_cast<LPARAM>(icon));
+void SetWindowIcons(HWND window) {
+    const HMODULE module = GetModuleHandleW(nullptr);
+    const HANDLE small =
+        LoadImageW(module, MAKEINTRESOURCEW(kIconProgram), IMAGE_ICON,
+                   GetSystemMetrics(SM_CXSMICON), GetSystemMetrics(SM_CYSMICON), LR_SHARED);
+    const HANDLE big = LoadIconW(module, MAKEINTRESOURCEW(kIconProgram));
+    SendMessageW(window, WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(small));
+    SendMessageW(window, WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(big));
 }
 
 // An elevated window still takes the choice of a target with fewer rights.
@@ -53,7 +57,9 @@ CVBRTrayWnd::CVBRTrayWnd(const TrayContext& context)
 CVBRTrayWnd::~CVBRTrayWnd() {
     // The threads that this object joins wait for it.
     context_.Stop.Set();
-    Destroy();
+    if (Handle()) {
+        DestroyWindow(Handle());
+    }
 }
 
 bool CVBRTrayWnd::Create() {
@@ -121,9 +127,7 @@ LRESULT CVBRTrayWnd::OnCreate(WPARAM, LPARAM) {
     CAppObjects::SetSounds(&sounds_);
     ApplyLanguage();
     AdmitCopyData();
-    SetWindowIcon(Handle(), ICON_SMALL, GetSystemMetrics(SM_CXSMICON),
-                  GetSystemMetrics(SM_CYSMICON));
-    SetWindowIcon(Handle(), ICON_BIG, 0, 0);
+    SetWindowIcons(Handle());
     road_ = std::make_unique<PhraseRoad>(
         PhraseRoad::Parts{context_.Settings, context_.Locations, context_.Access, context_.TrayLog,
                           CAppObjects::Messages()},
@@ -211,6 +215,8 @@ LRESULT CVBRTrayWnd::OnDestroy(WPARAM, LPARAM) {
     EndSessionNotices(sessionNotify_, reinterpret_cast<WindowHandle>(Handle()), context_.TrayLog);
     CAppObjects::SetSounds(nullptr);
     CAppObjects::SetTrayWindow(nullptr);
+    // However the window was closed, the process ends with it.
+    PostQuitMessage(0);
     return 0;
 }
 
