@@ -105,10 +105,10 @@ struct ProfileText::Place {
 };
 
 ProfileText::ProfileText(std::string_view bytes) {
-    if (bytes.starts_with(kUtf16Mark)) {
+    if (bytes.starts_with(kUtf16Mark) || bytes.empty()) {
         mark_ = kUtf16Mark;
         encoding_ = Encoding::Utf16;
-        bytes.remove_prefix(mark_.size());
+        bytes.remove_prefix(std::min(mark_.size(), bytes.size()));
         text_ = FromUtf16Bytes(bytes);
         halfUnit_ = bytes.substr(text_.size() * 2);
         return;

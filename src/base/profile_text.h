@@ -13,8 +13,9 @@ namespace vbr {
 // sections and keys match in any letter case, and the first of several equal ones wins. What a
 // change does not touch stays as it stands, byte by byte.
 //
-// Encodings: UTF-16 LE with its mark, UTF-8 with its mark. A file without a mark is taken as UTF-8
-// when its bytes are valid UTF-8, else as Latin-1, in which a character beyond it is written '?'.
+// Encodings: UTF-16 LE with its mark, also for a new file; UTF-8 with its mark. A file without a
+// mark is taken as UTF-8 when its bytes are valid UTF-8, else as Latin-1, in which a character
+// beyond it is written '?'.
 class ProfileText {
   public:
     explicit ProfileText(std::string_view bytes);

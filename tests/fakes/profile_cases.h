@@ -91,7 +91,7 @@ TYPED_TEST_P(ProfileStoreTest, ReadsWhatTheFileSays) {
 // The bytes of the file before and after "Key" is set to "v".
 TYPED_TEST_P(ProfileStoreTest, ChangesOneLineAndKeepsTheRest) {
     const std::pair<std::string, std::string> cases[] = {
-        {"", "[Settings]\r\nKey=v\r\n"},
+        {"", Utf16Bytes(u"[Settings]\r\nKey=v\r\n")},
         {"[Settings]\r\nKey=1\r\nB=2\r\n", "[Settings]\r\nKey=v\r\nB=2\r\n"},
         {"[Settings]\r\nKey=1\r\nKey=2\r\n", "[Settings]\r\nKey=v\r\nKey=2\r\n"},
         {"[Settings]\r\nKey\r\nB=2\r\n", "[Settings]\r\nKey=v\r\nB=2\r\n"},
@@ -117,8 +117,8 @@ TYPED_TEST_P(ProfileStoreTest, ChangesOneLineAndKeepsTheRest) {
 TYPED_TEST_P(ProfileStoreTest, MakesAMissingFile) {
     std::filesystem::remove(this->Path());
     EXPECT_EQ(this->Read(), std::nullopt);
-    EXPECT_TRUE(this->Write(u"v"));
-    EXPECT_EQ(this->folder_.Read("t.ini"), "[Settings]\r\nKey=v\r\n");
+    EXPECT_TRUE(this->Write(u"Фразы"));
+    EXPECT_EQ(this->folder_.Read("t.ini"), Utf16Bytes(u"[Settings]\r\nKey=Фразы\r\n"));
 }
 
 // Not text, but each byte of it is somebody's.

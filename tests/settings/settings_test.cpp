@@ -17,6 +17,18 @@ constexpr std::u16string_view kProgramFolder = u"C:\\App\\";
 // A first start: the file beside the program, which may be written, and no user copy.
 class SettingsTest : public testing::Test {
   protected:
+    // The text of a file that the settings made: Unicode with its mark.
+    std::string NewFile(const std::string& name) const {
+        const std::string bytes = folder_.Read(name);
+        EXPECT_TRUE(bytes.starts_with("\xFF\xFE")) << name;
+        std::u16string text;
+        for (std::size_t i = 2; i + 1 < bytes.size(); i += 2) {
+            text += static_cast<char16_t>(static_cast<unsigned char>(bytes[i]) |
+                                          static_cast<unsigned char>(bytes[i + 1]) << 8);
+        }
+        return Utf16ToUtf8(text);
+    }
+
     CVBRSettings Make(bool userCopyChosen = false) {
         SystemDefaults system;
         system.SeveralKeyboardLayouts = true;
@@ -68,14 +80,14 @@ TEST_F(SettingsTest, SaveWritesStampsVersionAndAllKeysInTheirOrder) {
         std::string(180, '0') +
         "01F5\r\nExtMenuCommand__EditSetting=1\r\n"
         "ExtMenuCommand__SaveSelAsPhrase=1\r\nExtMenuCommand__SUPPORT=1\r\n";
-    EXPECT_EQ(folder_.Read("local.ini"), expected);
+    EXPECT_EQ(NewFile("local.ini"), expected);
 }
 
 TEST_F(SettingsTest, EveryFieldReadsAndWritesItsOwnKey) {
     Make().Save();
     // Each number of a default file, changed to another one.
     std::vector<std::pair<std::u16string, std::u16string>> changed;
-    std::istringstream file(folder_.Read("local.ini"));
+    std::istringstream file(NewFile("local.ini"));
     for (std::string line; std::getline(file, line, '\n');) {
         const std::size_t value = line.find('=') + 1;
         if (value > 0 && line.find_first_not_of("-0123456789\r", value) == line.npos &&
@@ -250,7 +262,7 @@ TEST_F(SettingsTest, WritesGoToTheChosenFileAlone) {
     settings.SetString(u"Two", std::u16string(261, u'x'));
     settings.SetPanePosition({4, -5});
     EXPECT_EQ(folder_.Read("local.ini"), local);
-    EXPECT_EQ(folder_.Read("user.ini"),
+    EXPECT_EQ(NewFile("user.ini"),
               "[Settings]\r\nOne=-3\r\nTwo=text\r\n"
               "[Settings_Agent]\r\nFloatPaneRect_TOPLEFT_x=4\r\nFloatPaneRect_TOPLEFT_y=-5\r\n");
 }
