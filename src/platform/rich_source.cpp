@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: MIT
+#include "platform/rich_source.h"
+
+#include <algorithm>
+#include <cstdint>
+
+#include "base/text.h"
+
+namespace vbr {
+namespace {
+
+constexpr std::u16string_view kUnicodePrefix = u"{\\urtf";
+constexpr std::string_view kPrefix = "{\\rtf";
+
+}  // namespace
+
+std::string ToRichBytes(std::u16string_view source) {
+    std::string bytes;
+    bytes.reserve(source.size());
+    char16_t lastByte = 0xFF;
+    if (StartsWithNoCase(source, kUnicodePrefix)) {
+        lastByte = 0x7F;
+        bytes = kPrefix;
+        source.remove_prefix(kUnicodePrefix.size());
+    }
+    bool behindBackslash = false;
+    bool inEscapes = false;
+    for (const char16_t unit : source) {
+        if (unit <= lastByte) {
+            if (inEscapes) {
+                bytes += '}';
+                inEscapes = false;
+            }
+            bytes += static_cast<char>(unit);
+            behindBackslash = unit == u'\\' && !behindBackslash;
+            continue;
+        }
+        if (behindBackslash) {
+            // No control word begins so, and the backslash would take the group's brace.
+            bytes.pop_back();
+            behindBackslash = false;
+        }
+        if (!inEscapes) {
+            // Within a group of its own \uc1 leaves the source's own escapes as they are.
+            bytes += "{\\uc1";
+            inEscapes = true;
+        }
+        bytes += "\\u" + std::to_string(static_cast<std::int16_t>(unit)) + '?';
+    }
+    if (inEscapes) {
+        bytes += '}';
+    }
+    return bytes;
+}
+
+std::size_t RichGroupDepth(std::string_view bytes) {
+    std::size_t depth = 0;
+    std::size_t deepest = 0;
+    std::size_t ignoredClosers = 0;
+    for (std::size_t i = 0; i < bytes.size(); ++i) {
+        const char c = bytes[i];
+        if (c == '\\') {
+            ++i;
+            if (i < bytes.size() && bytes[i] == '\'') {
+                // Some readers take any two characters behind \' for hexadecimal digits.
+                ignoredClosers = 2;
+                continue;
+            }
+        } else if (c == '{') {
+            deepest = std::max(deepest, ++depth);
+        } else if (c == '}' && ignoredClosers == 0 && depth > 0) {
+            --depth;
+        }
+        ignoredClosers -= std::min<std::size_t>(ignoredClosers, 1);
+    }
+    return deepest;
+}
+
+bool IsSafeRich(std::string_view bytes) {
+    return bytes.starts_with(kPrefix) && RichGroupDepth(bytes) <= kMaxRichGroupDepth;
+}
+
+}  // namespace vbr

@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace vbr {
+
+// Groups within groups that a rich text source may have. A control of Windows' make that keeps no
+// more open groups than these writes behind its memory when it meets one more.
+inline constexpr std::size_t kMaxRichGroupDepth = 32;
+
+// The 8-bit Rich Text Format of a source held in UTF-16. A unit up to 255 is a byte in the source's
+// own code page. A unit above that becomes the escape \uN, so nothing is lost. A source that begins
+// with "{\urtf" is Unicode by itself: units above 127 become escapes, and the prefix "{\rtf".
+std::string ToRichBytes(std::u16string_view source);
+
+// The deepest nesting of groups in 8-bit Rich Text Format, rather too deep than not deep enough.
+std::size_t RichGroupDepth(std::string_view bytes);
+
+// Whether a control may be given these bytes: they begin as the format does and don't nest too
+// deep.
+bool IsSafeRich(std::string_view bytes);
+
+}  // namespace vbr

@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <vector>
+
+#include "base/text.h"
+#include "platform/rich_text_engine.h"
+
+namespace vbr {
+
+// Text with colours. Its sources are a text in braces, where \1 to \9 begin a colour, \0 the
+// automatic one, and a line feed ends a paragraph; anything without the braces fails to load.
+class FakeRichTextEngine : public RichTextEngine {
+  public:
+    bool CanSave = true;
+
+    bool LoadSource(std::u16string_view source) override {
+        text_.clear();
+        colors_.clear();
+        if (!source.starts_with(u'{') || !source.ends_with(u'}')) {
+            return false;
+        }
+        TextColor color;
+        for (std::size_t i = 1; i + 1 < source.size(); ++i) {
+            if (source[i] == u'\\') {
+                const std::uint32_t number = source[++i] - u'0';
+                color = {number == 0, number};
+                continue;
+            }
+            text_ += source[i] == u'\n' ? u'\r' : source[i];
+            colors_.push_back(color);
+        }
+        return true;
+    }
+    std::optional<std::u16string> SaveSource() const override {
+        if (!CanSave) {
+            return std::nullopt;
+        }
+        std::u16string source = u"{";
+        TextColor color;
+        for (std::size_t i = 0; i < text_.size(); ++i) {
+            if (colors_[i] != color) {
+                color = colors_[i];
+                source += Concat(u"\\", color.Rgb);
+            }
+            source += text_[i] == u'\r' ? u'\n' : text_[i];
+        }
+        return source + u"}";
+    }
+    std::u16string PlainText() const override {
+        std::u16string text = text_;
+        ReplaceAll(text, u"\r", u"\r\n");
+        return text;
+    }
+    std::size_t Length() const override { return text_.size(); }
+    std::optional<std::size_t> Find(std::u16string_view what, std::size_t from) const override {
+        const std::size_t position = text_.find(what, from);
+        return position == text_.npos ? std::nullopt : std::optional(position);
+    }
+    void ReplaceRange(RichRange range, std::u16string_view with) override {
+        std::u16string text(with);
+        ReplaceAll(text, u"\r\n", u"\r");
+        const TextColor color = colors_[range.Start];
+        const auto at = [&](std::size_t i) {
+            return colors_.begin() + static_cast<std::ptrdiff_t>(i);
+        };
+        colors_.insert(colors_.erase(at(range.Start), at(range.End)), text.size(), color);
+        text_.replace(range.Start, range.End - range.Start, text);
+    }
+    std::optional<TextColor> ColorOf(RichRange range) const override {
+        for (std::size_t i = range.Start + 1; i < range.End; ++i) {
+            if (colors_[i] != colors_[range.Start]) {
+                return std::nullopt;
+            }
+        }
+        return colors_[range.Start];
+    }
+    void SetColor(RichRange range, TextColor color) override {
+        std::fill_n(colors_.begin() + static_cast<std::ptrdiff_t>(range.Start),
+                    range.End - range.Start, color);
+    }
+
+  private:
+    std::u16string text_;
+    std::vector<TextColor> colors_;
+};
+
+}  // namespace vbr

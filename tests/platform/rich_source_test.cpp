@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+#include "platform/rich_source.h"
+
+#include <gtest/gtest.h>
+
+#include "base/text.h"
+
+namespace vbr {
+namespace {
+
+TEST(ToRichBytesTest, UnitsBeyondEightBitsBecomeEscapes) {
+    const std::pair<std::u16string_view, std::string_view> cases[] = {
+        {u"{\\rtf1 a\u00CFb}", "{\\rtf1 a\xCF\x62}"},
+        {u"{\\rtf1 Да 😀}", "{\\rtf1 {\\uc1\\u1044?\\u1072?} {\\uc1\\u-10179?\\u-8704?}}"},
+        // The backslash of a control would swallow the brace of the escape's group.
+        {u"{\\rtf1\\Дa\\\\Д", "{\\rtf1{\\uc1\\u1044?}a\\\\{\\uc1\\u1044?}"},
+        {u"{\\URTF1 \u00CF\u007F}", "{\\rtf1 {\\uc1\\u207?}\x7F}"}};
+    for (const auto& [source, bytes] : cases) {
+        EXPECT_EQ(ToRichBytes(source), bytes) << Utf16ToUtf8(source);
+    }
+}
+
+TEST(RichGroupDepthTest, CountsOnlyBracesThatOpenGroups) {
+    const std::pair<std::string_view, std::size_t> cases[] = {
+        {"", 0},          {"{a{b}{c}}", 2}, {"}}{{", 2},     {"{\\{\\{\\}", 1},
+        {"{\\\\{a}}", 2}, {"{\\'}}{{", 3},  {"{\\'7b}{", 1}, {"{\\", 1}};
+    for (const auto& [bytes, depth] : cases) {
+        EXPECT_EQ(RichGroupDepth(bytes), depth) << bytes;
+    }
+}
+
+}  // namespace
+}  // namespace vbr
