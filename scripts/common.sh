@@ -26,7 +26,8 @@ build() {
         return 1
     fi
     echo "== Building: $preset ${*:-all}"
-    cmake --build "$root/build/$preset" "${arguments[@]}"
+    # Two linkers that write one file at once leave a program that starts and is wrong.
+    flock "$root/build/$preset.lock" cmake --build "$root/build/$preset" "${arguments[@]}"
 }
 
 # Brings the program folder up to date with the windows build.
