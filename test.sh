@@ -2,14 +2,19 @@
 # Builds and runs every test: format, native tests, benchmarks, Windows tests, desktop tests.
 #   ./test.sh                       everything
 #   ./test.sh --ring 1|2|3          one ring: native, Windows calls, the program on a desktop
+#   ./test.sh --fuzz [SECONDS]      the fuzz targets, each for that long (60)
 #   ./test.sh ... --filter PATTERN  only tests whose names match, as GoogleTest's filter does
 set -euo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/scripts/common.sh"
 
-only= filter='*'
+only= filter='*' fuzz=
 while (($# > 0)); do
     case $1 in
     --ring) only=${2:-} && shift && [[ $only == [123] ]] || { usage "$0" && exit 2; } ;;
+    --fuzz)
+        fuzz=60
+        [[ ! ${2:-} =~ ^[1-9][0-9]*$ ]] || { fuzz=$2 && shift; }
+        ;;
     --filter) filter=${2:?} && shift ;;
     *) usage "$0" && exit 2 ;;
     esac
@@ -40,7 +45,7 @@ run_stage() {
 }
 
 check_format() {
-    find "$root"/{src,tests,bench} \( -name '*.cpp' -o -name '*.h' \) -print0 |
+    find "$root"/{src,tests,bench,fuzz} \( -name '*.cpp' -o -name '*.h' \) -print0 |
         xargs -0 -r -P "$(nproc)" -n 40 clang-format --dry-run -Werror
 }
 
@@ -110,6 +115,32 @@ ring_3() {
     run_tests ring-3 1 "$root/scripts/wine-desktop.sh" run --timeout 600 -- \
         "$root/scripts/with-program.sh" wine "$program"
 }
+
+# What it finds on the way grows in build/fuzz/corpus; an input that fails is left there too.
+fuzz_target() {
+    local program=$root/build/fuzz/bin/$1_fuzz work=$root/build/fuzz/corpus/$1 code=0
+    need_program "$program"
+    mkdir -p "$work" "$logs"
+    "$program" "-max_total_time=$fuzz" -timeout=10 -max_len=4096 "-artifact_prefix=$work-" \
+        "$work" "$root/fuzz/corpus/$1" >"$logs/fuzz-$1.log" 2>&1 </dev/null || code=$?
+    if ((code == 0)); then
+        tail -n 1 "$logs/fuzz-$1.log"
+    else
+        grep -v '^#' "$logs/fuzz-$1.log" >&2
+    fi
+    return "$code"
+}
+
+if [[ -n $fuzz ]]; then
+    run_stage "packages" "$root/scripts/install-packages.sh" --fuzz
+    run_stage "fuzz build" build fuzz
+    for target in "$root"/fuzz/*_fuzz.cpp; do
+        target=${target##*/}
+        run_stage "fuzz: ${target%_fuzz.cpp}" fuzz_target "${target%_fuzz.cpp}"
+    done
+    passed=yes
+    exit 0
+fi
 
 run_stage "packages" "$root/scripts/install-packages.sh"
 if [[ -z $only ]]; then

@@ -24,6 +24,10 @@ set(warnings
     -Wno-error=maybe-uninitialized
     -Wno-error=stringop-overflow
     -Wno-error=stringop-overread)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+    # They are GCC's names.
+    list(APPEND warnings -Wno-unknown-warning-option)
+endif()
 # Not for the resource compiler.
 target_compile_options(vellumbridge_options INTERFACE "$<$<COMPILE_LANGUAGE:CXX>:${warnings}>")
 
@@ -32,6 +36,9 @@ if(VELLUMBRIDGE_SANITIZE)
     target_compile_options(vellumbridge_options INTERFACE "$<$<COMPILE_LANGUAGE:CXX>:${sanitizers}>")
     target_compile_definitions(vellumbridge_options INTERFACE _GLIBCXX_ASSERTIONS)
     target_link_options(vellumbridge_options INTERFACE ${sanitizers})
+endif()
+if(VELLUMBRIDGE_FUZZ)
+    target_compile_options(vellumbridge_options INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 
 if(WIN32)

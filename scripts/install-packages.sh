@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that the build, the program and the tests need, when some are missing.
+#   install-packages.sh [--fuzz]   (with what the fuzz targets need)
 set -euo pipefail
 
 packages=(
@@ -12,6 +13,9 @@ packages=(
     fonts-dejavu-core fonts-liberation fonts-wine imagemagick libxcursor1 libxi6 libxrandr2
     libxrender1 wine wine64 xdotool xvfb
 )
+if [[ ${1:-} == --fuzz ]]; then
+    packages+=(clang libclang-rt-14-dev)
+fi
 
 missing=()
 for package in "${packages[@]}"; do

@@ -7,6 +7,7 @@
 #include <tinyxml.h>
 
 #include "base/text.h"
+#include "base/xml_guard.h"
 #include "base/xml_references.h"
 
 namespace vbr {
@@ -15,6 +16,22 @@ namespace {
 constexpr const char* kRootName = "VBRCommand";
 constexpr const char* kLineBreak = "\r\n";
 constexpr const char* kIndent = "    ";
+
+// What the parser takes for white space, or skips like it.
+constexpr std::u16string_view kBlanks = u" \t\r\n\v\f\uFEFF\uFFFE\uFFFF";
+
+// Ok, NotXml, or TooMuchMarkup for what the parser must not be let at.
+CommandReadResult ParseDocument(TiXmlDocument& document, const std::string& xml) {
+    const std::string_view body = SkipXmlDeclarations(xml);
+    if (!IsWithinXmlLimits(body)) {
+        return CommandReadResult::TooMuchMarkup;
+    }
+    TiXmlBase::SetCondenseWhiteSpace(false);
+    // The body is the string's end, so it is terminated as the parser needs it.
+    const std::string escaped = HasStrayAmpersand(body) ? EscapeStrayAmpersands(body) : "";
+    document.Parse(escaped.empty() ? body.data() : escaped.c_str(), nullptr, TIXML_ENCODING_UTF8);
+    return document.Error() ? CommandReadResult::NotXml : CommandReadResult::Ok;
+}
 
 std::int64_t NumberAttribute(const TiXmlElement& element, const char* name) {
     const char* value = element.Attribute(name);
@@ -60,9 +77,9 @@ std::string BlankText(std::string_view xml, const std::string& name) {
     const std::size_t from = start + open.size();
     const std::string kept = "<t>." + std::string(xml.substr(from, end - from)) + ".</t>";
     TiXmlDocument document;
-    document.Parse(kept.c_str(), nullptr, TIXML_ENCODING_UTF8);
+    const CommandReadResult result = ParseDocument(document, kept);
     const TiXmlText* text = document.RootElement() ? TextOf(*document.RootElement()) : nullptr;
-    if (document.Error() || !text || text->NextSibling()) {
+    if (result != CommandReadResult::Ok || !text || text->NextSibling()) {
         return {};
     }
     const std::string& value = text->ValueStr();
@@ -140,6 +157,8 @@ std::u16string_view DescribeReadResult(CommandReadResult result) {
             return u"it is not UTF-8";
         case CommandReadResult::NotXml:
             return u"it is not a whole XML document with the element VBRCommand";
+        case CommandReadResult::TooMuchMarkup:
+            return u"it nests too deep, or has too many elements or attributes";
     }
     return u"";
 }
@@ -148,11 +167,17 @@ CommandReadResult ParseCommand(VBRCommand& record, const std::string& xml) {
     if (!IsValidUtf8(xml)) {
         return CommandReadResult::NotUtf8;
     }
-    TiXmlBase::SetCondenseWhiteSpace(false);
+    // A large file of another kind isn't worth the parser's time.
+    if (xml.find(std::string("<") + kRootName) == xml.npos) {
+        return CommandReadResult::NotXml;
+    }
     TiXmlDocument document;
-    document.Parse(xml.c_str(), nullptr, TIXML_ENCODING_UTF8);
+    const CommandReadResult parsed = ParseDocument(document, xml);
+    if (parsed != CommandReadResult::Ok) {
+        return parsed;
+    }
     const TiXmlElement* root = document.FirstChildElement(kRootName);
-    if (document.Error() || !root) {
+    if (!root) {
         return CommandReadResult::NotXml;
     }
     ReadAttributes(record, *root);
@@ -161,6 +186,10 @@ CommandReadResult ParseCommand(VBRCommand& record, const std::string& xml) {
         return CommandReadResult::NoTitle;
     }
     record.Text = CutUnits(DecodeText(TextOf(*title)->ValueStr()), kMenuNameMax);
+    // Written again, such a title would be none, and the phrase would be lost.
+    if (Trim(record.Text, kBlanks).empty()) {
+        return CommandReadResult::NoTitle;
+    }
     record.DataType = DataTypeFromText(ElementText(*root, "DataType", xml));
     record.Cmd = ElementText(*root, "Cmd", xml);
     record.ToolTipText = CutUnits(ElementText(*root, "Hint", xml), kHintMax);

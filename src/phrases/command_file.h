@@ -20,7 +20,7 @@ inline constexpr std::size_t kHintMax = 512;
 
 // How the reading of a phrase file ended. Only Ok gives a phrase; NoTitle has stored the
 // attributes, which is all that a folder's own file holds.
-enum class CommandReadResult { Ok, NoTitle, Unreadable, NotUtf8, NotXml };
+enum class CommandReadResult { Ok, NoTitle, Unreadable, NotUtf8, NotXml, TooMuchMarkup };
 
 // The reason for a log line; empty for Ok.
 std::u16string_view DescribeReadResult(CommandReadResult result);
@@ -46,6 +46,8 @@ class CommandFiles {
     CommandFiles(FileStore& files, Log& log) : files_(files), log_(log) {}
 
     CommandReadResult ReadCommandFile(VBRCommand& record, const std::filesystem::path& path);
+
+    FileStore& Store() { return files_; }
 
     // False after logging the error and telling `onFailure`; the old file is then still whole.
     bool WriteCommandFile(const VBRCommand& record, const std::filesystem::path& path,

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "phrases/command_names.h"
 
-#include <system_error>
-
 #include "base/text.h"
 #include "phrases/command_file.h"
 
@@ -10,12 +8,6 @@ namespace vbr {
 namespace {
 
 constexpr std::u16string_view kForbidden = u"?:\\\"!/<>.\t\n*|{}=()'";
-
-bool IsTaken(const std::filesystem::path& path, bool asFile) {
-    std::error_code ignored;
-    const std::filesystem::file_status status = std::filesystem::status(path, ignored);
-    return std::filesystem::exists(status) && std::filesystem::is_directory(status) != asFile;
-}
 
 }  // namespace
 
@@ -51,12 +43,14 @@ std::u16string MakeFileTitle(std::u16string_view title, std::uint32_t index, boo
     return name;
 }
 
-std::filesystem::path MakeUniquePath(std::u16string_view title, const std::filesystem::path& folder,
-                                     bool withExtension, bool blanksToo, bool asFile) {
+std::filesystem::path MakeUniquePath(FileStore& files, std::u16string_view title,
+                                     const std::filesystem::path& folder, bool withExtension,
+                                     bool blanksToo, bool asFile) {
+    const PathKind taken = asFile ? PathKind::File : PathKind::Folder;
     std::filesystem::path path;
     for (std::uint32_t index = 1; index != 0; ++index) {
         path = folder / MakeFileTitle(title, index, withExtension, blanksToo);
-        if (!IsTaken(path, asFile)) {
+        if (files.KindOf(path) != taken) {
             break;
         }
     }

@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include "platform/file_store.h"
+
 namespace vbr {
 
 // The title without what a file name can't hold: its first line, each forbidden character and,
@@ -19,7 +21,8 @@ std::u16string MakeFileTitle(std::u16string_view title, std::uint32_t index, boo
 
 // The first path in `folder`, by index 1, 2, 3…, that doesn't exist as a file (or as a folder when
 // `asFile` is false).
-std::filesystem::path MakeUniquePath(std::u16string_view title, const std::filesystem::path& folder,
-                                     bool withExtension, bool blanksToo, bool asFile);
+std::filesystem::path MakeUniquePath(FileStore& files, std::u16string_view title,
+                                     const std::filesystem::path& folder, bool withExtension,
+                                     bool blanksToo, bool asFile);
 
 }  // namespace vbr

@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace vbr {
 
@@ -15,7 +16,15 @@ struct SystemError {
     std::u16string Text;
 };
 
-// Whole files, where streams lack what is needed: sharing, flushing, security.
+enum class PathKind { Missing, File, Folder };
+
+struct FolderEntry {
+    std::u16string Name;
+    PathKind Kind = PathKind::File;
+};
+
+// Whole files and the folders that hold them, where streams lack what is needed: sharing, flushing,
+// security, long paths, odd names.
 class FileStore {
   public:
     virtual ~FileStore() = default;
@@ -27,6 +36,17 @@ class FileStore {
     // no read-only attribute. On an error the old file is left whole.
     virtual std::optional<SystemError> Replace(const std::filesystem::path& path,
                                                std::string_view bytes) = 0;
+
+    virtual PathKind KindOf(const std::filesystem::path& path) = 0;
+
+    // Adds what the folder holds, in the system's order; what links lead to counts. After an error
+    // the entries read so far are there.
+    virtual std::optional<SystemError> List(const std::filesystem::path& folder,
+                                            std::vector<FolderEntry>& entries) = 0;
+
+    // The same text for the same folder, whatever path or link leads to it; empty when it can't be
+    // told.
+    virtual std::u16string FolderIdentity(const std::filesystem::path& folder) = 0;
 };
 
 }  // namespace vbr

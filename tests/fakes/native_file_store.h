@@ -7,6 +7,8 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <system_error>
+#include <vector>
 
 #include "platform/file_store.h"
 
@@ -38,6 +40,35 @@ class NativeFileStore : public FileStore {
             return SystemError{5, u"cannot write the file"};
         }
         return std::nullopt;
+    }
+
+    PathKind KindOf(const std::filesystem::path& path) override {
+        std::error_code ignored;
+        const std::filesystem::file_status status = std::filesystem::status(path, ignored);
+        if (!std::filesystem::exists(status)) {
+            return PathKind::Missing;
+        }
+        return std::filesystem::is_directory(status) ? PathKind::Folder : PathKind::File;
+    }
+
+    std::optional<SystemError> List(const std::filesystem::path& folder,
+                                    std::vector<FolderEntry>& entries) override {
+        std::error_code error;
+        for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end;
+             entry.increment(error)) {
+            std::error_code ignored;
+            entries.push_back({entry->path().filename().u16string(),
+                               entry->is_directory(ignored) ? PathKind::Folder : PathKind::File});
+        }
+        if (error) {
+            return SystemError{static_cast<std::uint32_t>(error.value()), u"cannot list"};
+        }
+        return std::nullopt;
+    }
+
+    std::u16string FolderIdentity(const std::filesystem::path& folder) override {
+        std::error_code ignored;
+        return std::filesystem::canonical(folder, ignored).u16string();
     }
 };
 

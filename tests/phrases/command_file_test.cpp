@@ -11,6 +11,8 @@
 namespace vbr {
 namespace {
 
+using namespace std::string_literals;
+
 const std::string kHandWritten =
     "<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\" ?>\r\n"
     "<VBRCommand Excluded=\"1\" UsageCount=\"7\" DisabledIsNoHasSelection=\"1\" UseTitleOnly=\"1\" "
@@ -109,12 +111,106 @@ TEST(CommandFile, WhatIsNoWholePhraseIsRefused) {
         {Document("", "<Cmd>no title</Cmd>"), CommandReadResult::NoTitle},
         {Document("", "<MenuName></MenuName>"), CommandReadResult::NoTitle},
         {Document("", "<MenuName>caf\xE9</MenuName>"), CommandReadResult::NotUtf8},
+        {Document("", "<MenuName> <![CDATA[\t]]></MenuName>"), CommandReadResult::NoTitle},
         {kHandWritten + '\xFF', CommandReadResult::NotUtf8},
+        {"\xFF\xFE<\0V\0"s, CommandReadResult::NotUtf8},
+        {"\0<\0V\0B\0R"s, CommandReadResult::NotXml},
+        {Document("", "<MenuName>n</MenuName><Cmd>a\0b</Cmd>"s), CommandReadResult::NotXml},
+        {Document("", "<MenuName>n</MenuName><Cmd>&#x</Cmd><!--"), CommandReadResult::NotXml},
     };
     for (const auto& [xml, result] : cases) {
         VBRCommand record;
         EXPECT_EQ(ParseCommand(record, xml), result) << xml;
     }
+}
+
+std::string Repeated(std::string_view piece, std::size_t count) {
+    std::string text;
+    for (std::size_t i = 0; i < count; ++i) {
+        text += piece;
+    }
+    return text;
+}
+
+// The parser recurses and looks attributes up one by one: it would die of these, or take hours.
+TEST(CommandFile, MarkupThatWouldHarmTheParserIsRefused) {
+    constexpr std::size_t kMany = 100000;
+    const std::string deep = Repeated("<a>", kMany);
+    std::string attributes;
+    for (int i = 0; i < 200000; ++i) {
+        attributes += " a" + std::to_string(i) + "=''";
+    }
+    const std::string cases[] = {
+        deep + Repeated("</a>", kMany),
+        Document("", "<MenuName>n</MenuName><Cmd>" + deep),
+        Document(attributes, "<MenuName>n</MenuName>"),
+        Document("", "<MenuName>n</MenuName>" + Repeated("<a b='/>'/>", kMany)),
+        // What looks like text to a scan must not be markup to the parser.
+        Document("", "<MenuName a='<!--' b=\"]]>\">n</MenuName>" + deep),
+        Document("", "<MenuName>n</MenuName><!--><Cmd> -->" + deep + "</Cmd>"),
+        "<?xml x\" version=\"><!--\" ?>" + deep,
+        Document("", "<?xml x\" version=\"><!--\" ?>" + deep),
+        "</a></a><a " + deep,
+    };
+    for (const std::string& xml : cases) {
+        VBRCommand record;
+        const CommandReadResult result = ParseCommand(record, xml);
+        EXPECT_TRUE(result == CommandReadResult::TooMuchMarkup ||
+                    result == CommandReadResult::NotXml)
+            << xml.substr(0, 100);
+    }
+}
+
+TEST(CommandFile, MarkupInATextOrCommentIsNoMarkup) {
+    const std::string page = Repeated("<p a='b'>it's & <br>", 20000);
+    const VBRCommand data = Parsed(Document("", "<MenuName>n</MenuName><Cmd><![CDATA[" + page +
+                                                    "]]></Cmd><!--" + page + "--><Hint>h</Hint>"));
+    EXPECT_EQ(data.Cmd, Utf8ToUtf16(page));
+    EXPECT_EQ(data.ToolTipText, u"h");
+    VBRCommand escaped;
+    escaped.Text = u"n";
+    escaped.Cmd = data.Cmd;
+    EXPECT_EQ(Parsed(CommandToXml(escaped)).Cmd, data.Cmd);
+    // A comment's markup isn't taken for the text of an element of nothing but white space.
+    EXPECT_EQ(Parsed(Document("", "<MenuName>n</MenuName><!--<Cmd>" + Repeated("<a>", 100000) +
+                                      "--><Cmd> </Cmd>"))
+                  .Cmd,
+              u"");
+}
+
+TEST(CommandFile, AReferenceThatIsNoneStaysAsItWasWritten) {
+    const std::pair<std::string, std::u16string> cases[] = {
+        {"Tom & Jerry &", u"Tom & Jerry &"},
+        {"R&D &nbsp;&#;&#x;&#12 &#xG;", u"R&D &nbsp;&#;&#x;&#12 &#xG;"},
+        {"&amp;amp;|&#38;lt;|&#x26;", u"&amp;|<|&"},
+        {"a&#xFFFFFFFF;&#x110000;&#xD800;b", u"a\uFFFD\uFFFDb"},
+        {"a&#x0;b", std::u16string(u"a\0b", 3)},
+    };
+    for (const auto& [text, expected] : cases) {
+        const VBRCommand record =
+            Parsed(Document("", "<MenuName>n</MenuName><Cmd>" + text + "</Cmd>"));
+        EXPECT_EQ(record.Cmd, expected) << text;
+        EXPECT_EQ(Parsed(CommandToXml(record)).Cmd, expected) << text;
+    }
+}
+
+TEST(CommandFile, TheFirstOfTwoCounts) {
+    const VBRCommand record =
+        Parsed(Document("SortID='1'", "<MenuName>a</MenuName><Cmd>1</Cmd><Cmd>2</Cmd><MenuName/>") +
+               Document("SortID='2'", "<MenuName>b</MenuName>") + std::string(512, '\0'));
+    EXPECT_EQ(record.Text, u"a");
+    EXPECT_EQ(record.Cmd, u"1");
+    EXPECT_EQ(record.SortID, 1U);
+}
+
+TEST(CommandFile, APhraseOfManyMegabytesComesBackWhole) {
+    VBRCommand record;
+    record.Text = u"n";
+    while (record.Cmd.size() < 1'000'000) {
+        record.Cmd += u"a & b < &#x41;\r\n";
+    }
+    const VBRCommand back = Parsed(CommandToXml(record));
+    EXPECT_TRUE(back.Cmd == record.Cmd);
 }
 
 // A phrase that lost its end must not come back as a shorter phrase and be saved so.

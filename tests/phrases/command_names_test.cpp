@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "base/text.h"
+#include "fakes/native_file_store.h"
 #include "fakes/temp_folder.h"
 
 namespace vbr {
@@ -41,11 +42,12 @@ TEST(FileTitle, IndexFollowsFromTheSecondOn) {
 
 TEST(UniquePath, SkipsWhatIsTakenByTheSameKind) {
     const TempFolder folder;
+    NativeFileStore files;
     folder.Write("one.vellumbridge", "");
     folder.Write("one2.vellumbridge", "");
     std::filesystem::create_directory(folder.Path() / "two");
     const auto name = [&](std::u16string_view title, bool extension, bool asFile) {
-        return MakeUniquePath(title, folder.Path(), extension, true, asFile).filename();
+        return MakeUniquePath(files, title, folder.Path(), extension, true, asFile).filename();
     };
     EXPECT_EQ(name(u"one", true, true), "one3.vellumbridge");
     EXPECT_EQ(name(u"two", false, false), "two2");

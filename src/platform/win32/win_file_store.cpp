@@ -1,23 +1,118 @@
 // SPDX-License-Identifier: MIT
 #include "platform/win32/win_file_store.h"
 
+#include <atomic>
+#include <cstdint>
+
+#include "base/text.h"
 #include "platform/win32/handle.h"
+#include "platform/win32/verbatim_path.h"
+#include "platform/win32/wide.h"
 #include "platform/win32/win_error_text.h"
 #include "platform/win32/world_security.h"
 
 namespace vbr {
 namespace {
 
-// Not an extension of ours, so that a half-written file is never taken for a phrase.
-constexpr const wchar_t* kNewSuffix = L".new";
+namespace fs = std::filesystem;
 
-SystemError LastSystemError() {
-    const WinErrorText errors;
-    const std::uint32_t code = errors.LastError();
-    return {code, errors.TextOf(code)};
+// Names of files on their way in: not an extension of ours, so that a half-written file is never
+// taken for a phrase, and short, so that any name can be replaced.
+constexpr std::u16string_view kNewPrefix = u"~vbr";
+constexpr std::u16string_view kNewSuffix = u".new";
+
+// A file on its way in that is older was left by a process that ended while it wrote.
+constexpr std::uint64_t kStaleAfter = 3600ULL * 10'000'000;  // in units of 100 ns
+
+// Far above any file of ours, and below what memory may not give.
+constexpr LONGLONG kMaxRead = 256LL * 1024 * 1024;
+
+struct FindCloser {
+    using pointer = HANDLE;
+    void operator()(HANDLE search) const {
+        if (search != INVALID_HANDLE_VALUE) {
+            FindClose(search);
+        }
+    }
+};
+using UniqueSearch = std::unique_ptr<void, FindCloser>;
+
+// Calls `visit` with each entry that fits the pattern; the error that ended it, or 0.
+template <typename Visit>
+DWORD ForEachEntry(const fs::path& pattern, const Visit& visit) {
+    WIN32_FIND_DATAW entry{};
+    const UniqueSearch search(FindFirstFileExW(ReachablePath(pattern).c_str(), FindExInfoBasic,
+                                               &entry, FindExSearchNameMatch, nullptr,
+                                               FIND_FIRST_EX_LARGE_FETCH));
+    if (search.get() == INVALID_HANDLE_VALUE) {
+        const DWORD error = GetLastError();
+        return error == ERROR_FILE_NOT_FOUND ? 0 : error;
+    }
+    do {
+        visit(entry);
+    } while (FindNextFileW(search.get(), &entry));
+    const DWORD error = GetLastError();
+    return error == ERROR_NO_MORE_FILES ? 0 : error;
 }
 
-bool WriteWhole(const std::filesystem::path& path, std::string_view bytes) {
+std::uint64_t Joined(DWORD high, DWORD low) {
+    return std::uint64_t{high} << 32 | low;
+}
+
+std::uint64_t Ticks(const FILETIME& time) {
+    return Joined(time.dwHighDateTime, time.dwLowDateTime);
+}
+
+UniqueHandle OpenForAttributes(const fs::path& path) {
+    return UniqueHandle(CreateFileW(path.c_str(), FILE_READ_ATTRIBUTES,
+                                    FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                    OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+}
+
+// What a link leads to, so that the file is replaced and not the link; else the path itself.
+fs::path FollowLink(const fs::path& path) {
+    const DWORD attributes = GetFileAttributesW(path.c_str());
+    if (attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0) {
+        return path;
+    }
+    const UniqueHandle file = OpenForAttributes(path);
+    std::wstring target(MAX_PATH, L'\0');
+    for (;;) {
+        const DWORD length = GetFinalPathNameByHandleW(
+            file.get(), target.data(), static_cast<DWORD>(target.size()), FILE_NAME_NORMALIZED);
+        if (length == 0) {
+            return path;
+        }
+        const bool fits = length < target.size();
+        target.resize(length);
+        if (fits) {
+            return target;
+        }
+    }
+}
+
+// No other process, and no other call in this one, has the same.
+fs::path NewFileIn(const fs::path& folder) {
+    static std::atomic<std::uint32_t> calls;
+    return folder /
+           Concat(kNewPrefix, GetCurrentProcessId(), u"-", std::uint32_t{++calls}, kNewSuffix);
+}
+
+void DeleteStaleIn(const fs::path& folder) {
+    FILETIME now{};
+    GetSystemTimeAsFileTime(&now);
+    ForEachEntry(folder / Concat(kNewPrefix, u"*", kNewSuffix), [&](const WIN32_FIND_DATAW& entry) {
+        if (Ticks(entry.ftLastWriteTime) + kStaleAfter < Ticks(now)) {
+            DeleteFileW(ReachablePath(folder / entry.cFileName).c_str());
+        }
+    });
+}
+
+SystemError SystemErrorOf(std::uint32_t code) {
+    return {code, WinErrorText().TextOf(code)};
+}
+
+bool WriteWhole(const fs::path& path, std::string_view bytes) {
     const UniqueHandle file(CreateFileW(path.c_str(), GENERIC_WRITE, 0, WorldSecurity(),
                                         CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
     DWORD written = 0;
@@ -29,7 +124,7 @@ bool WriteWhole(const std::filesystem::path& path, std::string_view bytes) {
 
 // Swaps the new file in. A read-only mark of the old one would forbid that, so it goes first and
 // comes back if the swap fails all the same.
-bool SwapIn(const std::filesystem::path& fresh, const std::filesystem::path& path) {
+bool SwapIn(const fs::path& fresh, const fs::path& path) {
     const DWORD attributes = GetFileAttributesW(path.c_str());
     const bool readOnly =
         attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0;
@@ -50,11 +145,11 @@ bool SwapIn(const std::filesystem::path& fresh, const std::filesystem::path& pat
 
 }  // namespace
 
-std::optional<std::string> WinFileStore::Read(const std::filesystem::path& path) {
-    const UniqueHandle file(CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr,
-                                        OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+std::optional<std::string> WinFileStore::Read(const fs::path& path) {
+    const UniqueHandle file(CreateFileW(ReachablePath(path).c_str(), GENERIC_READ, FILE_SHARE_READ,
+                                        nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
     LARGE_INTEGER size{};
-    if (!IsValid(file) || !GetFileSizeEx(file.get(), &size) || size.HighPart != 0) {
+    if (!IsValid(file) || !GetFileSizeEx(file.get(), &size) || size.QuadPart > kMaxRead) {
         return std::nullopt;
     }
     std::string bytes(size.LowPart, '\0');
@@ -65,16 +160,49 @@ std::optional<std::string> WinFileStore::Read(const std::filesystem::path& path)
     return bytes;
 }
 
-std::optional<SystemError> WinFileStore::Replace(const std::filesystem::path& path,
-                                                 std::string_view bytes) {
-    std::filesystem::path fresh = path;
-    fresh += kNewSuffix;
-    if (WriteWhole(fresh, bytes) && SwapIn(fresh, path)) {
+std::optional<SystemError> WinFileStore::Replace(const fs::path& path, std::string_view bytes) {
+    const fs::path target = FollowLink(ReachablePath(path));
+    const fs::path fresh = ReachablePath(NewFileIn(target.parent_path()));
+    if (WriteWhole(fresh, bytes) && SwapIn(fresh, target)) {
+        DeleteStaleIn(target.parent_path());
         return std::nullopt;
     }
-    const SystemError error = LastSystemError();
+    const SystemError error = SystemErrorOf(GetLastError());
     DeleteFileW(fresh.c_str());
     return error;
+}
+
+PathKind WinFileStore::KindOf(const fs::path& path) {
+    const DWORD attributes = GetFileAttributesW(ReachablePath(path).c_str());
+    if (attributes == INVALID_FILE_ATTRIBUTES) {
+        return PathKind::Missing;
+    }
+    return (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0 ? PathKind::Folder : PathKind::File;
+}
+
+std::optional<SystemError> WinFileStore::List(const fs::path& folder,
+                                              std::vector<FolderEntry>& entries) {
+    const DWORD error = ForEachEntry(folder / L"*", [&entries](const WIN32_FIND_DATAW& entry) {
+        const std::wstring_view name = entry.cFileName;
+        if (name != L"." && name != L"..") {
+            const bool isFolder = (entry.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+            entries.push_back(
+                {FromWide(name.data(), name.size()), isFolder ? PathKind::Folder : PathKind::File});
+        }
+    });
+    return error == 0 ? std::nullopt : std::optional(SystemErrorOf(error));
+}
+
+std::u16string WinFileStore::FolderIdentity(const fs::path& folder) {
+    const UniqueHandle handle = OpenForAttributes(ReachablePath(folder));
+    BY_HANDLE_FILE_INFORMATION info{};
+    if (!IsValid(handle) || !GetFileInformationByHandle(handle.get(), &info)) {
+        return {};
+    }
+    // Some network drives give every folder the index 0.
+    const std::uint64_t index = Joined(info.nFileIndexHigh, info.nFileIndexLow);
+    return index == 0 ? std::u16string()
+                      : Concat(info.dwVolumeSerialNumber, u":", static_cast<std::int64_t>(index));
 }
 
 }  // namespace vbr

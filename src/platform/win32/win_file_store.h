@@ -5,11 +5,16 @@
 
 namespace vbr {
 
+// Reaches paths of any length, and names that end in a point or a blank.
 class WinFileStore : public FileStore {
   public:
     std::optional<std::string> Read(const std::filesystem::path& path) override;
     std::optional<SystemError> Replace(const std::filesystem::path& path,
                                        std::string_view bytes) override;
+    PathKind KindOf(const std::filesystem::path& path) override;
+    std::optional<SystemError> List(const std::filesystem::path& folder,
+                                    std::vector<FolderEntry>& entries) override;
+    std::u16string FolderIdentity(const std::filesystem::path& folder) override;
 };
 
 }  // namespace vbr
