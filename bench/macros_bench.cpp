@@ -2,43 +2,73 @@
 #include <benchmark/benchmark.h>
 #include <string>
 
-#include "fakes/fake_clock.h"
-#include "fakes/fake_locale.h"
-#include "fakes/fake_system_info.h"
-#include "fakes/memory_log.h"
-#include "macros/macro_engine.h"
+#include "base/text.h"
+#include "fakes/macro_desk.h"
 #include "ratio.h"
 
 namespace vbr::bench {
 namespace {
 
 constexpr int kRepeats = 1000;
+constexpr std::size_t kPhrases = 1000;
 
 // A text without a macro costs no more than finding that it has no percent sign.
 void TextWithoutMacro(benchmark::State& state) {
-    const FakeClock clock;
-    const FakeLocale locale;
-    const FakeSystemInfo system;
-    const FakeKeyboardLayouts layouts;
-    MemoryLog log;
-    const MacroValues values(clock, locale, system);
-    const MacroEngine engine(values, layouts, locale, log);
+    const MacroDesk desk;
     std::u16string text(1000, u'x');
     MeasureRatio(
         state, 1.5,
         [&] {
             for (int i = 0; i < kRepeats; ++i) {
-                benchmark::DoNotOptimize(engine.ExpandMacros(text, {}).Replaced);
+                benchmark::DoNotOptimize(desk.Engine.ExpandMacros(text, {}).Replaced);
             }
         },
         [&] {
             for (int i = 0; i < kRepeats; ++i) {
-                benchmark::DoNotOptimize(text.find(u'%'));
+                benchmark::DoNotOptimize(FindText(text, u"%"));
                 benchmark::ClobberMemory();
             }
         });
 }
 BENCHMARK(TextWithoutMacro)->Iterations(101)->UseManualTime();
+
+// Captions and tips of a menu against copying the texts they are made from.
+void MenuTexts(benchmark::State& state, std::u16string_view text, double bound) {
+    const MacroDesk desk;
+    const MacroInput input{u"a few selected words", u"a text from the clipboard", kEnglish};
+    std::vector<VBRCommand> phrases(kPhrases);
+    for (VBRCommand& phrase : phrases) {
+        phrase.Text = u"A phrase of usual length";
+        phrase.Cmd = text;
+    }
+    MeasureRatio(
+        state, bound,
+        [&] {
+            for (const VBRCommand& phrase : phrases) {
+                benchmark::DoNotOptimize(desk.Previews.BuildMenuTexts(phrase, input));
+            }
+        },
+        [&] {
+            for (const VBRCommand& phrase : phrases) {
+                std::u16string title = phrase.Text;
+                std::u16string cmd = phrase.Cmd;
+                benchmark::DoNotOptimize(title.data());
+                benchmark::DoNotOptimize(cmd.data());
+                benchmark::ClobberMemory();
+            }
+        });
+}
+
+void MenuTextsWithoutMacros(benchmark::State& state) {
+    MenuTexts(state, u"Dear Sir or Madam,\r\n\r\nthank you for your kind message of today.\r\n",
+              20);
+}
+BENCHMARK(MenuTextsWithoutMacros)->Iterations(101)->UseManualTime();
+
+void MenuTextsWithMacros(benchmark::State& state) {
+    MenuTexts(state, u"Dear Sir or Madam,\r\n\r\nthank you for %SELECTED_TEXT% of %DATE%.\r\n", 30);
+}
+BENCHMARK(MenuTextsWithMacros)->Iterations(101)->UseManualTime();
 
 }  // namespace
 }  // namespace vbr::bench

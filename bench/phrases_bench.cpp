@@ -15,21 +15,31 @@
 namespace vbr::bench {
 namespace {
 
-constexpr int kPhrases = 1000;
-constexpr int kFolders = 20;
-
-void WritePhrases(const TempFolder& folder) {
-    for (int i = 0; i < kPhrases; ++i) {
+void WritePhrases(const TempFolder& folder, int phrases, int folders) {
+    for (int i = 0; i < phrases; ++i) {
         VBRCommand record;
         record.Text = u"A phrase of usual length";
         record.Cmd = u"Dear Sir or Madam,\r\n\r\nthank you for your message of %DATE%.\r\n";
         record.ToolTipText = u"An answer";
-        record.SortID = static_cast<std::uint32_t>(kPhrases - i);
-        folder.Write("group" + std::to_string(i % kFolders) + "/phrase" + std::to_string(i) +
-                         ".vellumbridge",
-                     CommandToXml(record));
+        record.SortID = static_cast<std::uint32_t>(phrases - i);
+        folder.Write(
+            "group" + std::to_string(i % folders) + "/phrase" + std::to_string(i) + ".vellumbridge",
+            CommandToXml(record));
     }
 }
+
+// A tree with what it is read from.
+struct Phrases {
+    Phrases(int phrases, int folders) { WritePhrases(Folder, phrases, folders); }
+
+    TempFolder Folder;
+    NativeFileStore Store;
+    MemoryLog Log;
+    FakeClock Clock;
+    CommandFiles Files{Store, Log};
+    CommandSaver Saver{Files};
+    CVBRCommandTree Tree{Files, Saver, Clock, Log};
+};
 
 // What any load must do: find the files, read them, parse them.
 void ReadAndParse(const std::filesystem::path& folder, FileStore& store) {
@@ -45,19 +55,22 @@ void ReadAndParse(const std::filesystem::path& folder, FileStore& store) {
 
 // Loading the tree costs little more than reading and parsing the same files.
 void LoadPhrases(benchmark::State& state) {
-    const TempFolder folder;
-    WritePhrases(folder);
-    NativeFileStore store;
-    MemoryLog log;
-    const FakeClock clock;
-    CommandFiles files(store, log);
-    CommandSaver saver(files);
-    CVBRCommandTree tree(files, saver, clock, log);
+    Phrases phrases(10'000, 200);
     MeasureRatio(
-        state, 1.5, [&] { tree.LoadTree(folder.Path()); },
-        [&] { ReadAndParse(folder.Path(), store); });
+        state, 1.5, [&] { phrases.Tree.LoadTree(phrases.Folder.Path()); },
+        [&] { ReadAndParse(phrases.Folder.Path(), phrases.Store); });
 }
-BENCHMARK(LoadPhrases)->Iterations(31)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(LoadPhrases)->Iterations(11)->UseManualTime()->Unit(benchmark::kMillisecond);
+
+// Ten times the phrases cost about ten times the time.
+void LoadGrowth(benchmark::State& state) {
+    Phrases many(10'000, 200);
+    Phrases few(1'000, 20);
+    MeasureRatio(
+        state, 12, [&] { many.Tree.LoadTree(many.Folder.Path()); },
+        [&] { few.Tree.LoadTree(few.Folder.Path()); });
+}
+BENCHMARK(LoadGrowth)->Iterations(11)->UseManualTime()->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace vbr::bench

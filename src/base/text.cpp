@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cstring>
 #include <iterator>
 #include <limits>
 #include <utf8.h>
@@ -31,6 +32,24 @@ std::u16string ReplaceLoneSurrogates(std::u16string_view text) {
         }
     }
     return out;
+}
+
+// For a text that doesn't grow; `found` is where the first occurrence stands.
+std::size_t ReplaceInPlace(std::u16string& text, std::u16string_view what, std::u16string_view with,
+                           std::size_t found) {
+    std::size_t count = 0;
+    std::size_t end = found;
+    while (found != text.npos) {
+        const std::size_t behind = found + what.size();
+        found = FindText(text, what, behind);
+        end += with.copy(text.data() + end, with.size());
+        const std::size_t kept = std::min(found, text.size()) - behind;
+        std::char_traits<char16_t>::move(text.data() + end, text.data() + behind, kept);
+        end += kept;
+        ++count;
+    }
+    text.resize(end);
+    return count;
 }
 
 template <typename Char>
@@ -99,15 +118,44 @@ std::u16string_view CutUnits(std::u16string_view text, std::size_t maxUnits) {
     return text.substr(0, halvesPair ? maxUnits - 1 : maxUnits);
 }
 
+std::size_t FindText(std::u16string_view text, std::u16string_view what, std::size_t from) {
+    if (what.empty() || from >= text.size()) {
+        return text.find(what, from);
+    }
+    // The library's search for a byte is far faster than any for a unit of two.
+    const auto* bytes = reinterpret_cast<const char*>(text.data());
+    const int low = what.front() & 0xFF;
+    const std::size_t last = text.size() - std::min(what.size(), text.size());
+    const std::size_t size = (last + 1) * sizeof(char16_t);
+    for (std::size_t at = from * sizeof(char16_t); at < size; ++at) {
+        const void* found = std::memchr(bytes + at, low, size - at);
+        if (!found) {
+            break;
+        }
+        at = static_cast<std::size_t>(static_cast<const char*>(found) - bytes);
+        const std::size_t unit = at / sizeof(char16_t);
+        // The last unit tells most often that it is something else.
+        if (unit + what.size() <= text.size() && text[unit] == what.front() &&
+            text[unit + what.size() - 1] == what.back() && text.substr(unit, what.size()) == what) {
+            return unit;
+        }
+    }
+    return text.npos;
+}
+
 std::size_t ReplaceAll(std::u16string& text, std::u16string_view what, std::u16string_view with) {
-    std::size_t found = what.empty() ? text.npos : text.find(what);
+    std::size_t found = what.empty() ? text.npos : FindText(text, what);
     if (found == text.npos) {
         return 0;
     }
+    if (with.size() <= what.size()) {
+        return ReplaceInPlace(text, what, with, found);
+    }
     std::u16string out;
+    out.reserve(text.size() + with.size());
     std::size_t count = 0;
     std::size_t from = 0;
-    for (; found != text.npos; found = text.find(what, from)) {
+    for (; found != text.npos; found = FindText(text, what, from)) {
         out.append(text, from, found - from).append(with);
         from = found + what.size();
         ++count;

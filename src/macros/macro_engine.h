@@ -3,6 +3,7 @@
 
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "macros/macro_values.h"
@@ -45,14 +46,17 @@ class MacroEngine {
     Lcid StripLayoutMacros(std::u16string& text) const;
 
   private:
-    std::size_t ReplaceToken(std::u16string& text, std::u16string_view token,
-                             const MacroInput& input) const;
+    // Positions in the list, from `from` on, of the tokens that stand in the text, ascending.
+    std::vector<std::size_t> TokensIn(std::u16string_view text, std::size_t from) const;
+    std::size_t ReplaceTokens(std::u16string& text, const MacroInput& input,
+                              std::vector<std::size_t> waiting) const;
 
     const MacroValues& values_;
     const KeyboardLayouts& layouts_;
     const Locale& locale_;
     Log& log_;
     mutable std::vector<std::u16string> list_;
+    mutable std::unordered_map<std::u16string_view, std::size_t> positions_;  // in the list
 };
 
 }  // namespace vbr

@@ -6,6 +6,8 @@
 namespace vbr {
 
 // Tokens that code treats by themselves; the whole list stands in macro_values.cpp.
+inline constexpr std::u16string_view kMacroClipboardText = u"%CLIPBOARD_TEXT%";
+inline constexpr std::u16string_view kMacroSelectedText = u"%SELECTED_TEXT%";
 inline constexpr std::u16string_view kMacroCursorPos = u"%CURSOR_POS%";
 inline constexpr std::u16string_view kMacroUrlFromClipboard = u"%URL_FROM_CLIPBOARD%";
 inline constexpr std::u16string_view kMacroTrimProtocols = u"%TRIM_LEFT_ALLPROTS_FROM_SELTEXT%";

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <unordered_map>
 
 #include "base/text.h"
 #include "macros/number_words.h"
@@ -17,13 +18,20 @@ struct Sources {
     const Locale& Forms;
     const SystemInfo& System;
     const MacroInput& Input;
+    MacroValues::KnownDates& Dates;
 };
 
 using Value = std::u16string (*)(const Sources&);
 
 template <DateTimeMode Mode>
 std::u16string DateForm(const Sources& s) {
-    return FormatDateTime(Mode, s.Forms, s.Input.Language, s.Now.LocalTime());
+    SystemTime now = s.Now.LocalTime();
+    now.Milliseconds = 0;
+    MacroValues::KnownDate& known = s.Dates[static_cast<std::size_t>(Mode)];
+    if (known.Text.empty() || known.Language != s.Input.Language || known.Time != now) {
+        known = {s.Input.Language, now, FormatDateTime(Mode, s.Forms, s.Input.Language, now)};
+    }
+    return known.Text;
 }
 
 template <NameForm Form>
@@ -144,12 +152,16 @@ constexpr auto kTokens = [] {
 }  // namespace
 
 std::u16string MacroValues::MacroValue(std::u16string_view macro, const MacroInput& input) const {
-    const auto found =
-        std::lower_bound(kMacros.begin(), kMacros.end(), Macro{macro, nullptr}, TokenBefore);
-    if (found == kMacros.end() || found->Token != macro) {
-        return {};
-    }
-    return found->Make({clock_, locale_, system_, input});
+    static const auto makers = [] {
+        std::unordered_map<std::u16string_view, Value> byToken;
+        for (const Macro& known : kMacros) {
+            byToken.emplace(known.Token, known.Make);
+        }
+        return byToken;
+    }();
+    const auto found = makers.find(macro);
+    return found == makers.end() ? std::u16string()
+                                 : found->second({clock_, locale_, system_, input, dates_});
 }
 
 std::span<const std::u16string_view> MacroValues::FixedTokens() {

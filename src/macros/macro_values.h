@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <array>
 #include <span>
 #include <string>
 #include <string_view>
 
 #include "platform/clock.h"
+#include "platform/date_forms.h"
 #include "platform/locale.h"
 #include "platform/system_info.h"
 
@@ -21,6 +23,14 @@ struct MacroInput {
 // The value of each macro token. A token that isn't known gives an empty text.
 class MacroValues {
   public:
+    // What a form of date or time gave last; all phrases of a menu ask within one second.
+    struct KnownDate {
+        Lcid Language = 0;
+        SystemTime Time;
+        std::u16string Text;
+    };
+    using KnownDates = std::array<KnownDate, kDateTimeModes>;
+
     MacroValues(const Clock& clock, const Locale& locale, const SystemInfo& system)
         : clock_(clock), locale_(locale), system_(system) {}
 
@@ -33,6 +43,7 @@ class MacroValues {
     const Clock& clock_;
     const Locale& locale_;
     const SystemInfo& system_;
+    mutable KnownDates dates_;
 };
 
 }  // namespace vbr

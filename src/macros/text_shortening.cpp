@@ -2,6 +2,7 @@
 #include "macros/text_shortening.h"
 
 #include <algorithm>
+#include <array>
 #include <optional>
 
 #include "base/text.h"
@@ -11,9 +12,20 @@ namespace {
 
 constexpr std::u16string_view kTrimmed = u" \t\r\n\v\b";
 constexpr std::u16string_view kHeadBreaks = u" \r\n\t,;?!^()+-\\/@|&*\"'";
-constexpr std::u16string_view kTailBreaks = u" \r\n\t";
+constexpr auto kIsHeadBreak = [] {
+    std::array<bool, 128> marks{};
+    for (const char16_t c : kHeadBreaks) {
+        marks[c] = true;
+    }
+    return marks;
+}();
+constexpr std::u16string_view kTailBreaks = u" \t";  // line ends are blanks by then
 constexpr std::u16string_view kUrlBreaks = u"/&?";
 constexpr std::size_t kUrlHeadFallback = 20;
+
+bool IsHeadBreak(char16_t c) {
+    return c < kIsHeadBreak.size() && kIsHeadBreak[c];
+}
 
 // Where the last `maxUnits` units start; a pair is not halved.
 std::size_t TailStart(std::u16string_view text, std::size_t maxUnits) {
@@ -24,15 +36,82 @@ std::size_t TailStart(std::u16string_view text, std::size_t maxUnits) {
     return start;
 }
 
-std::u16string OnOneLine(std::u16string_view text) {
-    std::u16string line(text);
-    for (const std::u16string_view lineEnd : {u"\r\n", u"\n", u"\r"}) {
-        ReplaceAll(line, lineEnd, u" ");
-    }
-    ReplaceAll(line, u"   ", u" ");
-    ReplaceAll(line, u"  ", u" ");
-    return std::u16string(Trim(line, u"¶ \t\r"));
+// What is left of a run of blanks when one takes the place of each three, and then of each two.
+std::size_t BlanksLeft(std::size_t run) {
+    const std::size_t withoutThrees = run / 3 + run % 3;
+    return withoutThrees / 2 + withoutThrees % 2;
 }
+
+// Reads a text as one line shows it, from either end, and no further than is asked for.
+class LineReader {
+  public:
+    LineReader(std::u16string_view text, LineEnds lineEnds) : text_(text), lineEnds_(lineEnds) {}
+
+    // The line's start; more units than `limit` when the line has more.
+    std::u16string ReadStart(std::size_t limit) const {
+        // Nothing is shown longer than it is.
+        std::u16string line(std::min(text_.size(), limit + 1), u' ');
+        std::size_t end = 0;
+        std::size_t blanks = 0;
+        for (std::size_t i = 0; i < text_.size() && end < line.size(); ++i) {
+            if (text_[i] > u' ' && blanks == 0) {
+                line[end++] = text_[i];
+                continue;
+            }
+            i += IsCrLf(i) ? 1 : 0;
+            if (const std::size_t width = BlankWidth(text_[i])) {
+                blanks += width;
+                continue;
+            }
+            if (blanks > 0) {
+                end = std::min(end + BlanksLeft(blanks), line.size() - 1);
+                blanks = 0;
+            }
+            line[end++] = Shown(text_[i]);
+        }
+        line.resize(end);
+        return line;
+    }
+
+    // The last units of the line, `count` or a few more, or the whole line.
+    std::u16string ReadEnd(std::size_t count) const {
+        std::size_t start = text_.size();
+        std::size_t units = 0;
+        std::size_t blanks = 0;
+        while (start > 0 && units < count) {
+            --start;
+            start -= start > 0 && IsCrLf(start - 1) ? 1 : 0;
+            if (const std::size_t width = BlankWidth(text_[start])) {
+                blanks += width;
+                continue;
+            }
+            units += (blanks > 0 ? BlanksLeft(blanks) : 0) + 1;
+            blanks = 0;
+        }
+        return LineReader(text_.substr(start), lineEnds_).ReadStart(text_.npos - 1);
+    }
+
+  private:
+    bool IsCrLf(std::size_t i) const {
+        return text_[i] == u'\r' && i + 1 < text_.size() && text_[i + 1] == u'\n';
+    }
+    static bool IsLineEnd(char16_t unit) { return unit == u'\r' || unit == u'\n'; }
+
+    // How many blanks the unit counts for.
+    std::size_t BlankWidth(char16_t unit) const {
+        if (unit > u' ') {
+            return 0;
+        }
+        if (lineEnds_ == LineEnds::Shown) {
+            return unit == u' ' ? 1 : unit == u'\t' ? 2 : 0;
+        }
+        return unit == u' ' || IsLineEnd(unit) ? 1 : 0;
+    }
+    static char16_t Shown(char16_t unit) { return unit < u' ' && IsLineEnd(unit) ? u'¶' : unit; }
+
+    std::u16string_view text_;
+    LineEnds lineEnds_;
+};
 
 std::optional<std::u16string> ShortenUrl(std::u16string_view text, std::size_t limit) {
     constexpr std::u16string_view kProtocols[] = {u"http://", u"https://", u"ftp://"};
@@ -76,20 +155,25 @@ std::u16string ShortenTitle(std::u16string_view text, int limit) {
     return title;
 }
 
-std::u16string ShortenMiddle(std::u16string_view text, std::size_t limit) {
-    std::u16string line = OnOneLine(text);
+std::u16string ShortenMiddle(std::u16string_view text, std::size_t limit, LineEnds lineEnds) {
+    const LineReader reader(Trim(text, u"¶ \t\r\n"), lineEnds);
+    std::u16string line = reader.ReadStart(limit);
     if (line.size() <= limit) {
         return line;
     }
     const std::size_t half = limit / 2;
     const std::u16string_view start = CutUnits(line, half);
-    const std::size_t headBreak = start.find_last_of(kHeadBreaks);
-    const std::u16string_view head =
-        headBreak != start.npos && headBreak > 0 ? start.substr(0, headBreak) : start;
-    const std::size_t tailFrom = TailStart(line, half);
-    const std::size_t tailBreak = line.find_first_of(kTailBreaks, tailFrom);
-    const std::size_t tailStart = tailBreak == line.npos ? tailFrom : tailBreak + 1;
-    return Concat(head, u"…", std::u16string_view(line).substr(tailStart));
+    std::size_t headBreak = start.size();
+    while (headBreak > 0 && !IsHeadBreak(start[headBreak - 1])) {
+        --headBreak;
+    }
+    const std::u16string_view head = headBreak > 1 ? start.substr(0, headBreak - 1) : start;
+    // One unit more tells whether the first one is half of a pair.
+    const std::u16string end = reader.ReadEnd(half + 1);
+    const std::size_t tailFrom = TailStart(end, half);
+    const std::size_t tailBreak = end.find_first_of(kTailBreaks, tailFrom);
+    const std::size_t tailStart = tailBreak == end.npos ? tailFrom : tailBreak + 1;
+    return Concat(head, u"…", std::u16string_view(end).substr(tailStart));
 }
 
 std::u16string ShortenUrlOrText(std::u16string_view text, std::size_t limit) {

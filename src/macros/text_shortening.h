@@ -15,9 +15,13 @@ inline constexpr int kNoLimit = -1;
 // follows.
 std::u16string ShortenTitle(std::u16string_view text, int limit);
 
+// What stands for line ends within a text: a blank, or "¶" and for each tab two blanks.
+enum class LineEnds { Hidden, Shown };
+
 // A text on one line that shows its start and its end, "…" between them, cut between words where
 // that is possible.
-std::u16string ShortenMiddle(std::u16string_view text, std::size_t limit);
+std::u16string ShortenMiddle(std::u16string_view text, std::size_t limit,
+                             LineEnds lineEnds = LineEnds::Hidden);
 
 // A web address as its host and its last part, "…" between them; any other text by ShortenMiddle.
 std::u16string ShortenUrlOrText(std::u16string_view text, std::size_t limit);

@@ -47,8 +47,13 @@ void IDataNeededHander_MenuSelf::RememberCommand(std::uint32_t id) {
 PhraseMenu IDataNeededHander_MenuSelf::MakeMenu() const {
     PhraseMenu menu;
     AddPhraseRegion(tree_.Commands(),
-                    {.HasSelection = !selectedText_.empty(), .LastCommandId = lastCommandId_},
-                    menu);
+                    {.Input = {selectedText_, clipboardAtHotkey_, LanguageOf(hkl_)},
+                     .LastCommandId = lastCommandId_,
+                     .HoldsLastCommand =
+                         [this](const VBRCommand& group) {
+                             return tree_.GroupHoldsCommand(group, lastCommandId_);
+                         }},
+                    items_, menu);
     if (!menu.empty() && menu.back().IsSeparator()) {
         menu.pop_back();
     }

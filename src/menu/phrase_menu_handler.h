@@ -8,6 +8,7 @@
 
 #include "exchange/query.h"
 #include "menu/menu_item_info.h"
+#include "menu/phrase_item.h"
 #include "phrases/command_tree.h"
 #include "platform/clock.h"
 #include "platform/log.h"
@@ -31,9 +32,11 @@ using ChoiceNotice = std::function<void(std::int32_t choice, WindowHandle target
 // Turns a query into the phrase menu and hands the user's choice on. Belongs to the main thread.
 class IDataNeededHander_MenuSelf {
   public:
-    IDataNeededHander_MenuSelf(const CVBRCommandTree& tree, MenuPresenter& presenter, Clock& clock,
-                               ChoiceNotice notice, Log& log)
+    IDataNeededHander_MenuSelf(const CVBRCommandTree& tree, const PhraseItemMaker& items,
+                               MenuPresenter& presenter, Clock& clock, ChoiceNotice notice,
+                               Log& log)
         : tree_(tree),
+          items_(items),
           presenter_(presenter),
           clock_(clock),
           notice_(std::move(notice)),
@@ -60,6 +63,7 @@ class IDataNeededHander_MenuSelf {
     PhraseMenu MakeMenu() const;
 
     const CVBRCommandTree& tree_;
+    const PhraseItemMaker& items_;
     MenuPresenter& presenter_;
     Clock& clock_;
     ChoiceNotice notice_;

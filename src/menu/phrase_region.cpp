@@ -1,10 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "menu/phrase_region.h"
 
-#include <algorithm>
-
-#include "macros/phrase_texts.h"
-
 namespace vbr {
 namespace {
 
@@ -28,38 +24,30 @@ void AddItem(const VBRCommand& record, PhraseMenuItem item, PhraseMenu& menu) {
 }
 
 void AddPhrases(const std::vector<VBRCommand>& list, const PhraseRegionState& state,
-                PhraseMenu& menu) {
+                const PhraseItemMaker& items, PhraseMenu& menu) {
     std::int32_t row = 0;
     for (const VBRCommand& record : list) {
         if (record.IsGroup() || !record.IsEnabled()) {
             continue;
         }
         PhraseMenuItem item;
-        item.Info.Label = PhraseTitle(record);
-        item.Info.DataType = record.DataType;
+        item.Info = items.DescribePhrase(record, state.Input);
         item.Info.Row = row++;
-        item.Info.CommandId = record.CMDID;
         item.Info.Mark = record.CMDID == state.LastCommandId;
-        item.Grayed = record.DisabledIsNoHasSelection && !state.HasSelection;
+        item.Grayed = record.DisabledIsNoHasSelection && state.Input.SelText.empty();
         AddItem(record, std::move(item), menu);
     }
 }
 
-bool Holds(const PhraseMenu& menu, std::uint32_t id) {
-    return id != 0 && std::any_of(menu.begin(), menu.end(), [id](const PhraseMenuItem& item) {
-               return item.Info.CommandId == id || Holds(item.Children, id);
-           });
-}
-
 void AddGroups(const std::vector<VBRCommand>& list, const PhraseRegionState& state,
-               PhraseMenu& menu) {
+               const PhraseItemMaker& items, PhraseMenu& menu) {
     bool separate = !menu.empty();
     for (const VBRCommand& record : list) {
         if (!record.IsGroup()) {
             continue;
         }
         PhraseMenuItem popup;
-        AddPhraseRegion(*record.Commands, state, popup.Children);
+        AddPhraseRegion(*record.Commands, state, items, popup.Children);
         if (popup.Children.empty()) {
             continue;
         }
@@ -69,7 +57,7 @@ void AddGroups(const std::vector<VBRCommand>& list, const PhraseRegionState& sta
         }
         popup.Info.Label = record.Text;
         popup.Info.ItemFlags = kItemPopup;
-        popup.Info.Mark = Holds(popup.Children, state.LastCommandId);
+        popup.Info.Mark = state.HoldsLastCommand(record);
         AddItem(record, std::move(popup), menu);
     }
 }
@@ -77,9 +65,9 @@ void AddGroups(const std::vector<VBRCommand>& list, const PhraseRegionState& sta
 }  // namespace
 
 void AddPhraseRegion(const std::vector<VBRCommand>& list, const PhraseRegionState& state,
-                     PhraseMenu& menu) {
-    AddPhrases(list, state, menu);
-    AddGroups(list, state, menu);
+                     const PhraseItemMaker& items, PhraseMenu& menu) {
+    AddPhrases(list, state, items, menu);
+    AddGroups(list, state, items, menu);
 }
 
 }  // namespace vbr

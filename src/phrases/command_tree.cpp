@@ -2,7 +2,6 @@
 #include "phrases/command_tree.h"
 
 #include <algorithm>
-#include <system_error>
 #include <utility>
 
 #include "base/text.h"
@@ -12,11 +11,6 @@ namespace vbr {
 namespace {
 
 namespace fs = std::filesystem;
-
-bool IsFolder(const fs::path& path) {
-    std::error_code ignored;
-    return fs::is_directory(path, ignored);
-}
 
 bool ComesBefore(const VBRCommand& a, const VBRCommand& b) {
     return a.IsGroup() != b.IsGroup() ? a.IsGroup() : a.SortID < b.SortID;
@@ -31,18 +25,34 @@ void SortTree(std::vector<VBRCommand>& list) {
     }
 }
 
-void Count(const std::vector<VBRCommand>& list, CommandCounts& counts) {
+// Counts a list and all below it; whether any of its records is enabled.
+bool Count(const std::vector<VBRCommand>& list, CommandCounts& counts) {
+    bool anyEnabled = false;
     for (const VBRCommand& record : list) {
+        const bool enabled = record.IsGroup() ? Count(*record.Commands, counts) : record.Enabled;
         ++counts.Total;
-        counts.Enabled += record.IsEnabled() ? 1 : 0;
-        if (record.IsGroup()) {
-            Count(*record.Commands, counts);
-        }
+        counts.Enabled += enabled ? 1 : 0;
+        anyEnabled = anyEnabled || enabled;
     }
+    return anyEnabled;
 }
 
-bool IsPhraseFile(const fs::path& path) {
-    const std::u16string name = path.filename().u16string();
+std::size_t Walk(const std::vector<VBRCommand>& list, const VBRCommand* parent,
+                 const CommandVisitor& visitor) {
+    std::size_t visited = 0;
+    for (const VBRCommand& record : list) {
+        ++visited;
+        if (!visitor(record, parent)) {
+            break;
+        }
+        if (record.IsGroup()) {
+            visited += Walk(*record.Commands, &record, visitor);
+        }
+    }
+    return visited;
+}
+
+bool IsPhraseFile(std::u16string_view name) {
     return EndsWithNoCase(name, kPhraseExtension) && !EqualsNoCase(name, kFolderSelfName);
 }
 
@@ -51,7 +61,7 @@ bool IsPhraseFile(const fs::path& path) {
 void CVBRCommandTree::LoadTree(const fs::path& folder) {
     ClearTree();
     const fs::path root = folder.empty() ? rootFolder_ : folder;
-    if (!IsFolder(root)) {
+    if (files_.Store().KindOf(root) != PathKind::Folder) {
         return;
     }
     ReadFolder(root, commands_);
@@ -68,19 +78,26 @@ void CVBRCommandTree::ClearTree() {
 }
 
 void CVBRCommandTree::ReadFolder(const fs::path& folder, std::vector<VBRCommand>& list) {
-    std::error_code error;
-    for (fs::directory_iterator entry(folder, error), end; !error && entry != end;
-         entry.increment(error)) {
-        const fs::path& path = entry->path();
-        std::error_code ignored;
-        if (entry->is_directory(ignored)) {
-            AddGroup(path, list);
-        } else if (IsPhraseFile(path)) {
-            AddPhrase(path, list);
+    const std::u16string identity = files_.Store().FolderIdentity(folder);
+    if (!identity.empty() && std::find(way_.begin(), way_.end(), identity) != way_.end()) {
+        log_.LogError(Concat(u"Phrase folder skipped, it leads back to a folder above it: ",
+                             folder.u16string()));
+        return;
+    }
+    way_.push_back(identity);
+    std::vector<FolderEntry> entries;
+    const std::optional<SystemError> error = files_.Store().List(folder, entries);
+    for (const FolderEntry& entry : entries) {
+        if (entry.Kind == PathKind::Folder) {
+            AddGroup(folder / entry.Name, list);
+        } else if (IsPhraseFile(entry.Name)) {
+            AddPhrase(folder / entry.Name, list);
         }
     }
+    way_.pop_back();
     if (error) {
-        log_.LogError(Concat(u"Phrase folder not read to its end: ", folder.u16string()));
+        log_.LogError(
+            Concat(u"Phrase folder not read to its end: ", folder.u16string(), u": ", error->Text));
     }
 }
 
@@ -96,8 +113,7 @@ void CVBRCommandTree::AddGroup(const fs::path& folder, std::vector<VBRCommand>& 
 
 VBRCommand CVBRCommandTree::ReadFolderSelf(const fs::path& file) {
     VBRCommand group;
-    std::error_code ignored;
-    if (!fs::exists(file, ignored)) {
+    if (files_.Store().KindOf(file) != PathKind::File) {
         return group;
     }
     VBRCommand stored;
@@ -147,6 +163,35 @@ const VBRCommand* CVBRCommandTree::FindCommand(std::uint32_t id) const {
     return id >= 1 && id <= byId_.size() ? byId_[id - 1].Record : nullptr;
 }
 
+const VBRCommand* CVBRCommandTree::FindParent(std::uint32_t id) const {
+    return id >= 1 && id <= byId_.size() ? byId_[id - 1].Parent : nullptr;
+}
+
+bool CVBRCommandTree::GroupHoldsCommand(const VBRCommand& group, std::uint32_t id) const {
+    const VBRCommand* record = FindCommand(id);
+    if (!record || record->IsGroup()) {
+        return false;
+    }
+    const VBRCommand* above = FindParent(id);
+    while (above && above != &group) {
+        above = FindParent(above->CMDID);
+    }
+    return above != nullptr;
+}
+
+std::size_t CVBRCommandTree::WalkCommands(const CommandVisitor& visitor) const {
+    return Walk(commands_, nullptr, visitor);
+}
+
+std::size_t CVBRCommandTree::CountGroups() const {
+    std::size_t groups = 0;
+    WalkCommands([&groups](const VBRCommand& record, const VBRCommand*) {
+        groups += record.IsGroup() ? 1 : 0;
+        return true;
+    });
+    return groups;
+}
+
 CommandCounts CVBRCommandTree::CountCommands() const {
     CommandCounts counts;
     Count(commands_, counts);
@@ -169,7 +214,8 @@ void CVBRCommandTree::SaveCommand(std::uint32_t id) {
     if (record->FilePath.empty()) {
         const VBRCommand* parent = byId_[id - 1].Parent;
         record->FilePath =
-            MakeUniquePath(record->Text, parent ? parent->FilePath : rootFolder_, true, true, true);
+            MakeUniquePath(files_.Store(), record->Text, parent ? parent->FilePath : rootFolder_,
+                           true, true, true);
     }
     saver_.SaveCommandAsync(*record);
 }

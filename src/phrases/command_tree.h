@@ -19,6 +19,9 @@ struct CommandCounts {
     std::size_t Enabled = 0;
 };
 
+// Sees a record and the group that holds it, null at the root.
+using CommandVisitor = std::function<bool(const VBRCommand& record, const VBRCommand* parent)>;
+
 // The user's phrases: a folder is a group, a file with the extension ".vellumbridge" a phrase. In
 // each list groups stand before phrases, each kind by ascending SortID. All of it belongs to the
 // main thread; a load invalidates every record and id handed out before.
@@ -39,9 +42,20 @@ class CVBRCommandTree {
     VBRCommand* FindCommand(std::uint32_t id);
     const VBRCommand* FindCommand(std::uint32_t id) const;
 
+    // The group that holds the record with that id; null at the root or for an unknown id.
+    const VBRCommand* FindParent(std::uint32_t id) const;
+
+    // Whether a phrase, not a group, with that id stands anywhere below the group.
+    bool GroupHoldsCommand(const VBRCommand& group, std::uint32_t id) const;
+
     // 1 for an empty tree, else the highest CMDID plus 1.
     std::uint32_t NextCommandId() const { return static_cast<std::uint32_t>(byId_.size()) + 1; }
 
+    // Visits every record, parents before their children; the number of records visited. False from
+    // the visitor ends the walk of the list it stands in, and of nothing else.
+    std::size_t WalkCommands(const CommandVisitor& visitor) const;
+
+    std::size_t CountGroups() const;
     CommandCounts CountCommands() const;
 
     // Counts one use of the phrase, stamps the date and saves it. An unknown id does nothing.
@@ -71,6 +85,7 @@ class CVBRCommandTree {
     std::vector<IndexEntry> byId_;  // the record with id n stands at n - 1
     std::uint32_t lastId_ = 0;
     std::filesystem::path rootFolder_;
+    std::vector<std::u16string> way_;  // identities of the folders from the root to where a walk is
 };
 
 }  // namespace vbr

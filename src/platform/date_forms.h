@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstddef>
 #include <string>
 
 #include "base/date_time.h"
@@ -15,6 +16,8 @@ enum class DateTimeMode {
     DateTimeWithoutWeekday = 3,
     DateWithoutWeekday = 4,
 };
+
+inline constexpr std::size_t kDateTimeModes = 5;
 
 // A date or time as the language writes it. Any other mode gives an empty text.
 std::u16string FormatDateTime(DateTimeMode mode, const Locale& locale, Lcid lcid,

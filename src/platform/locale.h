@@ -29,6 +29,10 @@ class Locale {
     virtual std::u16string MonthName(Lcid lcid, int month, NameForm form) const = 0;
     // Two letters such as "en".
     virtual std::u16string Iso639Name(Lcid lcid) const = 0;
+    // The language's name, such as "English (United States)".
+    virtual std::u16string LanguageName(Lcid lcid) const = 0;
+    // Three letters such as "ENU".
+    virtual std::u16string LanguageAbbreviation(Lcid lcid) const = 0;
     virtual std::u16string Upper(std::u16string_view text) const = 0;
     virtual std::u16string Lower(std::u16string_view text) const = 0;
 };

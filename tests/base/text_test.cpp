@@ -70,5 +70,35 @@ TEST(ParseDecimal, ReadsTheLeadingNumber) {
     }
 }
 
+TEST(ReplaceAll, KeepsWhatStandsBetweenWhateverTheLengths) {
+    for (const std::u16string_view with : {u"", u"1", u"12", u"12345"}) {
+        const std::u16string one(with);
+        for (const auto& [before, after] :
+             std::initializer_list<std::pair<std::u16string_view, std::u16string>>{
+                 {u"ab", one},
+                 {u"xabyab", u"x" + one + u"y" + one},
+                 {u"ababz", one + one + u"z"},
+                 {u"aab b", u"a" + one + u" b"}}) {
+            std::u16string text(before);
+            ReplaceAll(text, u"ab", with);
+            EXPECT_EQ(text, after) << Utf16ToUtf8(before);
+        }
+    }
+}
+
+TEST(FindText, AgreesWithTheStringsOwnSearch) {
+    // Units that share a byte with what is looked for: U+0425 and U+2525 with the percent sign.
+    const std::u16string_view texts[] = {
+        u"", u"%", u"a%b%%c", u"Х%Х", u"\x2525\x2500%\x2525%%", u"\x2561\x6125%a"};
+    for (const std::u16string_view text : texts) {
+        for (const std::u16string_view what : {u"", u"%", u"%%", u"Х", u"%a", u"\x2525", u"c"}) {
+            for (std::size_t from = 0; from <= text.size() + 1; ++from) {
+                EXPECT_EQ(FindText(text, what, from), text.find(what, from))
+                    << Utf16ToUtf8(text) << ", " << Utf16ToUtf8(what) << " from " << from;
+            }
+        }
+    }
+}
+
 }  // namespace
 }  // namespace vbr

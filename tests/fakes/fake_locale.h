@@ -35,6 +35,12 @@ class FakeLocale : public Locale {
         return InForm(month == 3 ? u"March" : u"Another", form);
     }
     std::u16string Iso639Name(Lcid lcid) const override { return lcid == kRussian ? u"ru" : u"en"; }
+    std::u16string LanguageName(Lcid lcid) const override {
+        return lcid == kRussian ? u"Русский" : lcid == kBritish ? u"British" : u"English";
+    }
+    std::u16string LanguageAbbreviation(Lcid lcid) const override {
+        return lcid == kRussian ? u"Rus" : lcid == kBritish ? u"Bri" : u"Eng";
+    }
     std::u16string Upper(std::u16string_view text) const override { return ToUpper(text); }
     std::u16string Lower(std::u16string_view text) const override { return Concat(u"low ", text); }
 

@@ -4,7 +4,6 @@
 #include "base/text.h"
 #include "macros/number_words.h"
 #include "macros/prompt_split.h"
-#include "macros/text_shortening.h"
 #include "macros/url_text.h"
 
 namespace vbr {
@@ -67,19 +66,6 @@ TEST(TrimProtocols, TakesEachProtocolFromTheStartInOneWalk) {
     for (const auto& [text, expected] : cases) {
         EXPECT_EQ(TrimProtocols(text), expected) << Utf16ToUtf8(text);
     }
-}
-
-TEST(ShortenTitle, GivesOneLineOfAtMostTheLimit) {
-    const TextCase cases[] = {{u" \b\r\n title \t\v", u"title"},
-                              {u"123456", u"12345…"},
-                              {u"abc\r\nd", u"abc"},
-                              {u"abc\td", u"abc"},
-                              {u"a\tbc", u"a bc"},
-                              {u"1234🙂", u"1234…"}};
-    for (const auto& [text, expected] : cases) {
-        EXPECT_EQ(ShortenTitle(text, 5), expected) << Utf16ToUtf8(text);
-    }
-    EXPECT_EQ(ShortenTitle(u"without a limit", kNoLimit), u"without a limit");
 }
 
 }  // namespace

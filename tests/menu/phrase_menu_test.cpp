@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "base/text.h"
+#include "fakes/macro_desk.h"
 #include "fakes/phrase_tree.h"
 #include "menu/phrase_menu_handler.h"
 #include "menu/phrase_region.h"
@@ -46,8 +47,9 @@ std::string Picture(const PhraseMenu& menu) {
 
 template <typename... Records>
 std::string MenuOf(const PhraseRegionState& state, Records... records) {
+    const MacroDesk desk;
     PhraseMenu menu;
-    AddPhraseRegion(*Group(u"root", 0, std::move(records)...).Commands, state, menu);
+    AddPhraseRegion(*Group(u"root", 0, std::move(records)...).Commands, state, desk.Items, menu);
     return Picture(menu);
 }
 
@@ -76,15 +78,38 @@ TEST(PhraseRegion, APhraseThatNeedsASelectionIsGrayedWithoutOne) {
     for (const bool selected : {false, true}) {
         VBRCommand needy = Phrase(u"a");
         needy.DisabledIsNoHasSelection = true;
-        EXPECT_EQ(MenuOf({.HasSelection = selected}, std::move(needy), Phrase(u"b")),
+        EXPECT_EQ(MenuOf({.Input = {.SelText = selected ? u"selected" : u""}}, std::move(needy),
+                         Phrase(u"b")),
                   selected ? "a b" : "~a b");
     }
 }
 
-TEST(PhraseRegion, TheLastCommandAndTheGroupsAboveItAreMarked) {
-    EXPECT_EQ(MenuOf({.LastCommandId = 'c'}, Group(u"G", 0, Group(u"H", 0, Phrase(u"c"))),
-                     Group(u"I", 0, Phrase(u"d")), Phrase(u"a")),
-              "a - *G(*H(*c)) I(d)");
+TEST(PhraseItem, SaysWhatThePhraseWouldGive) {
+    const MacroDesk desk;
+    VBRCommand record = Phrase(u"a title");
+    record.Cmd = u"%ACTIVATE_KL_EN%<%SELECTED_TEXT%>%CURSOR_POS%";
+    record.DataType = kDataTypeExec;
+    const CMenuItemInfo info = desk.Items.DescribePhrase(record, {.SelText = u"sel"});
+    EXPECT_EQ(info.Label, u"a title [sel]");
+    EXPECT_EQ(info.Tip,
+              Concat(desk.Previews.BuildMenuTip(record, info.Label, {.SelText = u"sel"}, nullptr),
+                     u"\n\n        right click on item for extended menu"));
+    EXPECT_EQ(info.ExpandedText, u"<sel>");
+    EXPECT_EQ(info.RightText, u"+BR");
+    EXPECT_EQ(info.PhraseData, record.Cmd);
+    EXPECT_EQ(info.CursorPos, 5);
+    EXPECT_EQ(info.CommandId, record.CMDID);
+    EXPECT_EQ(info.DataType, kDataTypeExec);
+}
+
+TEST(PhraseItem, KeepsTheStartOfALongPhrase) {
+    const MacroDesk desk;
+    VBRCommand record = Phrase(u"a");
+    record.Cmd = std::u16string(254, u'x') + u"🙂";
+    const CMenuItemInfo info = desk.Items.DescribePhrase(record, {});
+    EXPECT_EQ(info.PhraseData, std::u16string(254, u'x'));
+    EXPECT_EQ(info.ExpandedText, record.Cmd);
+    EXPECT_EQ(info.RightText, u"");
 }
 
 class FakeMenuPresenter : public MenuPresenter {
@@ -106,10 +131,14 @@ class PhraseMenuHandler : public testing::Test {
     using Menus = std::vector<std::string>;
 
     PhraseTree phrases_;
+    MacroDesk desk_;
     FakeMenuPresenter presenter_;
     std::string notice_;
     IDataNeededHander_MenuSelf handler_{
-        phrases_.Tree, presenter_, phrases_.Clock,
+        phrases_.Tree,
+        desk_.Items,
+        presenter_,
+        phrases_.Clock,
         [this](std::int32_t choice, WindowHandle target) {
             notice_ = Utf16ToUtf8(
                 Concat(choice, u" for ", target, u" after ", phrases_.Clock.Tick, u" ms"));
@@ -151,6 +180,29 @@ TEST_F(PhraseMenuHandler, ARememberedPhraseIsMarkedInTheNextMenu) {
     handler_.RememberCommand(1);
     handler_.OnDataNeeded({});
     EXPECT_EQ(presenter_.Menus, Menus{"*a"});
+}
+
+TEST_F(PhraseMenuHandler, TheGroupsAboveTheLastPhraseAreMarked) {
+    phrases_.Add("g/d.vellumbridge", u"text");
+    phrases_.Add("g/h/c.vellumbridge", u"text");
+    const std::pair<std::u16string_view, std::string> cases[] = {{u"c", "*g(d - *h(*c))"},
+                                                                 {u"d", "*g(*d - h(c))"}};
+    for (const auto& [last, expected] : cases) {
+        for (std::uint32_t id = 1; id < phrases_.Tree.NextCommandId(); ++id) {
+            if (phrases_.Tree.FindCommand(id)->Text == last) {
+                handler_.RememberCommand(id);
+            }
+        }
+        handler_.OnDataNeeded({});
+        EXPECT_EQ(presenter_.Menus.back(), expected);
+    }
+}
+
+TEST_F(PhraseMenuHandler, CaptionsAreMadeFromTheQueryAndTheClipboardAtTheHotKey) {
+    phrases_.Add("a.vellumbridge", u"%SELECTED_TEXT%|%CLIPBOARD_TEXT%|%WEEKDAYNAME%");
+    handler_.SetClipboardAtHotkey(u"clip");
+    handler_.OnDataNeeded({.Hkl = 0x04090000 | kRussian, .SelText = u"sel"});
+    EXPECT_EQ(presenter_.Menus, Menus{"sel|clip|воскресенье"});
 }
 
 }  // namespace

@@ -3,8 +3,10 @@
 
 #include <algorithm>
 #include <gtest/gtest.h>
+#include <map>
 #include <set>
 
+#include "base/text.h"
 #include "fakes/fake_clock.h"
 #include "fakes/memory_log.h"
 #include "fakes/native_file_store.h"
@@ -93,6 +95,62 @@ TEST_F(CommandTree, GroupIsEnabledByAnyRecordBelowIt) {
     }
     EXPECT_EQ(tree_.CountCommands().Total, 7U);
     EXPECT_EQ(tree_.CountCommands().Enabled, 3U);
+}
+
+TEST_F(CommandTree, ParentsAndHeldPhrasesFollowTheFolders) {
+    AddPhrase("root phrase.vellumbridge", 1);
+    AddPhrase("outer/inner/deep phrase.vellumbridge", 1);
+    AddFolderSelf("other", "SortID=\"1\"");
+    tree_.LoadTree(folder_.Path());
+    std::map<std::u16string, std::uint32_t> ids;
+    for (std::uint32_t id = 1; id < tree_.NextCommandId(); ++id) {
+        ids[tree_.FindCommand(id)->Text] = id;
+    }
+    const auto record = [&](const char16_t* title) { return tree_.FindCommand(ids.at(title)); };
+    EXPECT_EQ(tree_.FindParent(ids.at(u"deep phrase")), record(u"inner"));
+    EXPECT_EQ(tree_.FindParent(ids.at(u"inner")), record(u"outer"));
+    EXPECT_EQ(tree_.FindParent(ids.at(u"root phrase")), nullptr);
+    EXPECT_EQ(tree_.FindParent(0), nullptr);
+    EXPECT_EQ(tree_.FindParent(tree_.NextCommandId()), nullptr);
+
+    const auto holders = [&](const char16_t* title) {
+        TitleList groups;
+        for (const char16_t* group : {u"outer", u"inner", u"other"}) {
+            if (tree_.GroupHoldsCommand(*record(group), ids.at(title))) {
+                groups.push_back(group);
+            }
+        }
+        return groups;
+    };
+    EXPECT_EQ(holders(u"deep phrase"), (TitleList{u"outer", u"inner"}));
+    EXPECT_EQ(holders(u"root phrase"), TitleList{});
+    EXPECT_EQ(holders(u"inner"), TitleList{});  // a group isn't held
+    EXPECT_FALSE(tree_.GroupHoldsCommand(*record(u"outer"), 99));
+}
+
+TEST_F(CommandTree, AWalkSeesParentsFirstAndEndsOneListAtATime) {
+    AddPhrase("g/h/a.vellumbridge", 1);
+    AddPhrase("g/h/b.vellumbridge", 2);
+    AddPhrase("g/c.vellumbridge", 1);
+    AddPhrase("g/d.vellumbridge", 2);
+    AddPhrase("e.vellumbridge", 1);
+    tree_.LoadTree(folder_.Path());
+    const std::pair<std::u16string_view, std::u16string_view> cases[] = {
+        {u"", u" /g g/h h/a h/b g/c g/d /e"},
+        {u"a", u" /g g/h h/a g/c g/d /e"},
+        {u"c", u" /g g/h h/a h/b g/c /e"},
+        {u"h", u" /g g/h /e"},
+        {u"g", u" /g"}};
+    for (const auto& [last, expected] : cases) {
+        std::u16string walk;
+        const std::size_t visited =
+            tree_.WalkCommands([&walk, last](const VBRCommand& record, const VBRCommand* parent) {
+                walk += Concat(u" ", parent ? parent->Text : u"", u"/", record.Text);
+                return record.Text != last;
+            });
+        EXPECT_EQ(walk, expected);
+        EXPECT_EQ(visited, static_cast<std::size_t>(std::count(walk.begin(), walk.end(), u' ')));
+    }
 }
 
 TEST_F(CommandTree, FolderSelfGivesOnlyWhatAGroupHas) {

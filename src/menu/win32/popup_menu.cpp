@@ -14,6 +14,9 @@ MenuEntry ToEntry(const PhraseMenuItem& item) {
     MenuEntry entry;
     entry.Id = static_cast<int>(item.Info.CommandId);
     entry.Text = item.Info.Label;
+    if (!item.Info.RightText.empty()) {
+        entry.Text += Concat(u"\t", item.Info.RightText);
+    }
     ReplaceAll(entry.Text, u"&", u"&&");
     entry.Grayed = item.Grayed;
     entry.Default = item.Info.Mark;

@@ -66,6 +66,14 @@ std::u16string WinLocale::Iso639Name(Lcid lcid) const {
     return LocaleString(lcid, LOCALE_SISO639LANGNAME);
 }
 
+std::u16string WinLocale::LanguageName(Lcid lcid) const {
+    return LocaleString(lcid, LOCALE_SLANGUAGE);
+}
+
+std::u16string WinLocale::LanguageAbbreviation(Lcid lcid) const {
+    return LocaleString(lcid, LOCALE_SABBREVLANGNAME);
+}
+
 std::u16string WinLocale::Upper(std::u16string_view text) const {
     std::u16string out(text);
     CharUpperBuffW(Wide(out.data()), static_cast<DWORD>(out.size()));

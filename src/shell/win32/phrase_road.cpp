@@ -27,6 +27,10 @@ PhraseRoad::PhraseRoad(const Parts& parts, HWND window)
       tree_(files_, saver_, clock_, parts.RoadLog),
       values_(clock_, locale_, system_),
       macros_(values_, layouts_, locale_, parts.RoadLog),
+      richText_(parts.RoadLog),
+      richMacros_(macros_, layouts_, locale_, richText_),
+      previews_({macros_, richMacros_, richText_, layouts_, locale_, parts.Texts}),
+      items_(previews_, locale_, parts.Texts),
       text_(input_, parts.RoadLog),
       runner_(macros_, text_, parts.RoadLog),
       delivery_(tree_, macros_, runner_),
@@ -38,7 +42,7 @@ PhraseRoad::PhraseRoad(const Parts& parts, HWND window)
       service_(
           {parts.Settings, hooks_, hotkeys_, objects_, objects_, parts.RoadLog, parts.Messages}),
       presenter_(window),
-      builder_(tree_, presenter_, clock_, PostChoiceTo(window), parts.RoadLog) {}
+      builder_(tree_, items_, presenter_, clock_, PostChoiceTo(window), parts.RoadLog) {}
 
 bool PhraseRoad::InstallService(std::u16string& errorText) {
     if (parts_.Settings.WriteLog) {

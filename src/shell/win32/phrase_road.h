@@ -15,7 +15,10 @@
 #include "macros/command_delivery.h"
 #include "macros/macro_engine.h"
 #include "macros/macro_values.h"
+#include "macros/phrase_texts.h"
+#include "macros/rich_macros.h"
 #include "macros/text_delivery.h"
+#include "menu/phrase_item.h"
 #include "menu/phrase_menu_handler.h"
 #include "menu/win32/popup_menu.h"
 #include "phrases/command_file.h"
@@ -30,6 +33,7 @@
 #include "platform/win32/win_keyboard_layouts.h"
 #include "platform/win32/win_locale.h"
 #include "platform/win32/win_named_objects.h"
+#include "platform/win32/win_rich_text_engine.h"
 #include "platform/win32/win_system_info.h"
 #include "settings/settings.h"
 #include "shell/file_locations.h"
@@ -47,6 +51,7 @@ class PhraseRoad {
         FileAccess& Access;
         FileLog& RoadLog;
         MessageList& Messages;
+        const Strings& Texts;
     };
 
     // `window` gets WM_HOTKEY and the choices of the menu.
@@ -95,6 +100,10 @@ class PhraseRoad {
     CVBRCommandTree tree_;
     MacroValues values_;
     MacroEngine macros_;
+    WinRichTextEngine richText_;
+    RichMacros richMacros_;
+    PhraseTexts previews_;
+    PhraseItemMaker items_;
     TextDelivery text_;
     ActionRunner runner_;
     CommandDelivery delivery_;

@@ -1,0 +1,151 @@
+// SPDX-License-Identifier: MIT
+#include "macros/phrase_texts.h"
+
+#include <gtest/gtest.h>
+
+#include "base/text.h"
+#include "fakes/macro_desk.h"
+
+namespace vbr {
+namespace {
+
+VBRCommand Phrase(std::u16string_view title, std::u16string_view cmd,
+                  std::int32_t dataType = kDataTypeText) {
+    VBRCommand record;
+    record.Text = title;
+    record.Cmd = cmd;
+    record.DataType = dataType;
+    return record;
+}
+
+class PhraseTextsTest : public testing::Test {
+  protected:
+    PhraseTextsTest() { desk_.Clock.Local = {2025, 3, 3, 5, 21, 7, 30, 0}; }
+
+    MacroDesk desk_;
+};
+
+TEST_F(PhraseTextsTest, TheCaptionPreviewsWhatAPhraseWouldGive) {
+    struct Case {
+        VBRCommand Record;
+        std::u16string_view Caption;
+        std::int32_t Cursor;
+    };
+    const Case cases[] = {
+        // Nothing replaced: the title.
+        {Phrase(u"A title", u"text 100%"), u"A title", -1},
+        {Phrase(u"A\ttitle", u""), u"A title", -1},
+        {Phrase(u"A title", u"in %CURSOR_POS%the middle"), u"A title", 3},
+        {Phrase(u"A title", u"%YEAR%"), u"2025", -1},
+        {Phrase(u"A title", u"%YEAR%\r\n\t<%CURSOR_POS%>%CURSOR_POS%"), u"2025¶ < >", 8},
+        {Phrase(u"A title", u"(%SELECTED_TEXT%)"), u"(some words)", -1},
+        // A cursor mark that a value brought in, counted from the end.
+        {Phrase(u"A title", u"%CLIPBOARD_TEXT%<%DAY%>"), u"clip<5>", 2},
+        {Phrase(u"A title", u"%SELECTED_TEXT%%KEYPRESS_TAB%%PROMPT_TEXT={}%x"), u"some words x",
+         -1},
+        {Phrase(u"A title", u"%PROMPT_TEXT={}%"), u"A title", -1},
+        {Phrase(u"Run", u"x %SELECTED_TEXT% %CURSOR_POS%%CLIPBOARD_TEXT%", kDataTypeExec),
+         u"Run [some words] [cl%CURSOR_POS%ip]", 13},
+        {Phrase(u"Run", u"%YEAR%", kDataTypeExec), u"Run", -1},
+        {Phrase(u"A title", u"%YEAR% one two three four five six seven eight nine"),
+         u"2025 one two three…seven eight nine", -1}};
+    for (const Case& c : cases) {
+        std::int32_t cursor = 99;
+        EXPECT_EQ(desk_.Previews.BuildMenuCaption(
+                      c.Record, {u"some words", u"cl%CURSOR_POS%ip", kEnglish}, cursor),
+                  c.Caption);
+        EXPECT_EQ(cursor, c.Cursor) << Utf16ToUtf8(c.Record.Cmd);
+    }
+}
+
+TEST_F(PhraseTextsTest, ATitleOnlyPhraseShowsNoPreview) {
+    VBRCommand record = Phrase(u"A title\r\nof two lines", u"%YEAR%%CURSOR_POS%");
+    record.UseTitleOnly = true;
+    std::int32_t cursor = 99;
+    EXPECT_EQ(desk_.Previews.BuildMenuCaption(record, {}, cursor), u"A title");
+    EXPECT_EQ(cursor, -1);
+}
+
+TEST_F(PhraseTextsTest, TheTipNamesTheKindTheTextAndTheLayout) {
+    const std::pair<VBRCommand, std::u16string_view> cases[] = {
+        {Phrase(u"", u"год %YEAR%"), u"Insert plain text » Title\nChars: 8\r\n\r\nгод 2025"},
+        {Phrase(u"", u""), u"Insert plain text » Title"},
+        {Phrase(u"", u"%CURSOR_POS%"), u"Insert plain text » Title\nChars: 0"},
+        {Phrase(u"", u"run %SELECTED_TEXT%", kDataTypeExec),
+         u"Execute application » Title\r\n\r\nrun sel"},
+        {Phrase(u"", u"%ACTIVATE_KL_EN%%ACTIVATE_KL_RU%x"),
+         u"Insert plain text » Title\nChars: 1\r\n\r\nx\r\n+ Activate keyboard layout   РУССКИЙ"},
+        // A layout macro that a value brings in isn't asked for, nor shown.
+        {Phrase(u"", u"a%CLIPBOARD_TEXT%"), u"Insert plain text » Title\nChars: 5\r\n\r\naclip"}};
+    for (const auto& [record, tip] : cases) {
+        EXPECT_EQ(desk_.Previews.BuildMenuTip(record, u"Title",
+                                              {u"sel", u"cl%ACTIVATE_KL_EN%ip", kEnglish}, nullptr),
+                  tip);
+    }
+}
+
+TEST_F(PhraseTextsTest, TheTipHandsOutItsPreview) {
+    std::u16string preview = u"left over";
+    desk_.Previews.BuildMenuTip(Phrase(u"", u""), u"Title", {}, &preview);
+    EXPECT_EQ(preview, u"");
+    // Tokens that a value brings in again stand for the texts once more.
+    desk_.Previews.BuildMenuTip(Phrase(u"", u"%SELECTED_TEXT%"), u"Title",
+                                {u"<%CLIPBOARD_TEXT%>", u"clip", kEnglish}, &preview);
+    EXPECT_EQ(preview, u"<clip>");
+}
+
+TEST_F(PhraseTextsTest, AllTextsOfAnItemAreTheSameAsOneByOne) {
+    const MacroInput input{u"<%CLIPBOARD_TEXT%>", u"cl%CURSOR_POS%ip%ACTIVATE_KL_EN%", kEnglish};
+    for (const std::u16string_view cmd :
+         {u"", u"text", u"100%", u"%YEAR%", u"{%SELECTED_TEXT%}", u"{%CLIPBOARD_TEXT%\n}",
+          u"%YEAR%%CURSOR_POS%x", u"%ACTIVATE_KL_RU%", u"%PROMPT_TEXT={}%"}) {
+        for (int kind = 0; kind < 6; ++kind) {
+            VBRCommand record = Phrase(u"A title", cmd, kind % 3);
+            record.UseTitleOnly = kind >= 3;
+            const PhraseMenuTexts texts = desk_.Previews.BuildMenuTexts(record, input);
+            std::int32_t cursor = 99;
+            std::u16string preview;
+            EXPECT_EQ(texts.Caption, desk_.Previews.BuildMenuCaption(record, input, cursor));
+            EXPECT_EQ(texts.CursorIndex, cursor);
+            EXPECT_EQ(texts.Tip,
+                      desk_.Previews.BuildMenuTip(record, texts.Caption, input, &preview));
+            EXPECT_EQ(texts.Preview, preview);
+        }
+    }
+}
+
+TEST_F(PhraseTextsTest, FormattedPhrasesShowTheirPlainText) {
+    const VBRCommand record =
+        Phrase(u"A title", u"{Year  %YEAR%,%CURSOR_POS% %ACTIVATE_KL_RU%\nend}", kDataTypeRtf);
+    std::int32_t cursor = 99;
+    EXPECT_EQ(desk_.Previews.BuildMenuCaption(record, {}, cursor), u"Year 2025, end");
+    EXPECT_EQ(cursor, -1);
+    std::u16string preview;
+    EXPECT_EQ(desk_.Previews.BuildMenuTip(record, u"Title", {}, &preview),
+              u"Insert formatted text » Title\nChars: 17\r\n\r\nYear  2025, \r\nend"
+              u"\r\n+ Activate keyboard layout   РУССКИЙ");
+    EXPECT_EQ(preview, u"Year  2025, \r\nend");
+    EXPECT_EQ(
+        desk_.Previews.BuildMenuCaption(Phrase(u"A title", u"no RTF", kDataTypeRtf), {}, cursor),
+        u"A title");
+}
+
+TEST_F(PhraseTextsTest, TheBadgeIsTheLastLayoutInTokenOrder) {
+    const std::pair<std::u16string_view, std::u16string_view> cases[] = {
+        {u"text", u""},
+        {u"%ACTIVATE_KL_DE%", u""},  // not installed
+        {u"a%ACTIVATE_KL_EN%b", u"Br"},
+        {u"%ACTIVATE_KL_RU% %ACTIVATE_KL_EN%", u"Ru"}};
+    for (const auto& [text, badge] : cases) {
+        EXPECT_EQ(desk_.Previews.LayoutBadge(text), badge);
+    }
+}
+
+TEST_F(PhraseTextsTest, TheLengthForStatisticsIsOfTheExpandedPlainText) {
+    EXPECT_EQ(desk_.Previews.ExpandedLength(Phrase(u"", u"%YEAR%%SELECTED_TEXT%!")), 5U);
+    EXPECT_EQ(desk_.Previews.ExpandedLength(Phrase(u"", u"{%YEAR%!}", kDataTypeRtf)), 5U);
+    EXPECT_EQ(desk_.Previews.ExpandedLength(Phrase(u"", u"")), 0U);
+}
+
+}  // namespace
+}  // namespace vbr
