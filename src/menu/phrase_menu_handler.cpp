@@ -27,7 +27,7 @@ void IDataNeededHander_MenuSelf::OnDataNeeded(const WPQuery& query) {
     hkl_ = query.Hkl;
     // The query may end while the menu is open.
     const WindowHandle target = query.TargetWindow;
-    const PhraseMenu menu = MakeMenu();
+    const PhraseMenu menu = guard_.Run(kFaultMakeMenu, PhraseMenu(), [this] { return MakeMenu(); });
     std::uint32_t choice = 0;
     if (!menu.empty()) {
         choice = presenter_.Show(menu, PointOf(query));

@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 
+#include "diagnostics/guarded_section.h"
 #include "exchange/query.h"
 #include "menu/menu_item_info.h"
 #include "menu/phrase_item.h"
@@ -33,12 +34,13 @@ using ChoiceNotice = std::function<void(std::int32_t choice, WindowHandle target
 class IDataNeededHander_MenuSelf {
   public:
     IDataNeededHander_MenuSelf(const CVBRCommandTree& tree, const PhraseItemMaker& items,
-                               MenuPresenter& presenter, Clock& clock, ChoiceNotice notice,
-                               Log& log)
+                               MenuPresenter& presenter, Clock& clock, GuardedSections& guard,
+                               ChoiceNotice notice, Log& log)
         : tree_(tree),
           items_(items),
           presenter_(presenter),
           clock_(clock),
+          guard_(guard),
           notice_(std::move(notice)),
           log_(log) {}
 
@@ -66,6 +68,7 @@ class IDataNeededHander_MenuSelf {
     const PhraseItemMaker& items_;
     MenuPresenter& presenter_;
     Clock& clock_;
+    GuardedSections& guard_;
     ChoiceNotice notice_;
     Log& log_;
     std::uint32_t lastCommandId_ = 0;

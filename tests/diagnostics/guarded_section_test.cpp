@@ -5,10 +5,7 @@
 #include <gtest/gtest.h>
 #include <memory>
 
-#include "fakes/fake_alert_box.h"
-#include "fakes/memory_log.h"
-#include "fakes/throwing_fault_catcher.h"
-#include "settings/embedded_strings.h"
+#include "fakes/guard_desk.h"
 
 namespace vbr {
 namespace {
@@ -24,12 +21,8 @@ class GuardedSectionsTest : public testing::Test {
         return {text, u"Vellumbridge", 0x40010};
     }
 
-    MemoryLog log_;
-    EmbeddedStrings strings_;
-    FakeAlertBox box_;
-    ErrorReport report_{log_, strings_, box_};
-    ThrowingFaultCatcher catcher_;
-    GuardedSections sections_{catcher_, report_};
+    GuardDesk desk_;
+    GuardedSections& sections_ = desk_.Sections;
 };
 
 TEST_F(GuardedSectionsTest, WorkWithoutAFaultGivesItsResultAndNoReport) {
@@ -37,8 +30,8 @@ TEST_F(GuardedSectionsTest, WorkWithoutAFaultGivesItsResultAndNoReport) {
                                                       [] { return std::make_unique<int>(7); });
     ASSERT_TRUE(result);
     EXPECT_EQ(*result, 7);
-    EXPECT_THAT(log_.Lines, IsEmpty());
-    EXPECT_THAT(box_.Shown, IsEmpty());
+    EXPECT_THAT(desk_.Log.Lines, IsEmpty());
+    EXPECT_THAT(desk_.Box.Shown, IsEmpty());
 }
 
 TEST_F(GuardedSectionsTest, AFaultIsReportedWithItsNameAndGivesTheSectionsResult) {
@@ -48,13 +41,13 @@ TEST_F(GuardedSectionsTest, AFaultIsReportedWithItsNameAndGivesTheSectionsResult
     const std::u16string report =
         u"ERROR: Exception in IDataNeededHander_MenuSelf::OnMenuMEASUREITEM "
         u"GetExceptionCode=3221225477 status=[EXCEPTION_ACCESS_VIOLATION]";
-    EXPECT_THAT(log_.Lines, ElementsAre(u"ERROR: " + report));
-    EXPECT_THAT(box_.Shown, ElementsAre(ErrorBox(report)));
+    EXPECT_THAT(desk_.Log.Lines, ElementsAre(u"ERROR: " + report));
+    EXPECT_THAT(desk_.Box.Shown, ElementsAre(ErrorBox(report)));
 }
 
 TEST_F(GuardedSectionsTest, ASectionWithoutAResultReportsCodesWithoutANameToo) {
     sections_.Run(kFaultCleanupMenu, [] { throw Fault{1}; });
-    EXPECT_THAT(box_.Shown,
+    EXPECT_THAT(desk_.Box.Shown,
                 ElementsAre(ErrorBox(u"Crash: on IDataNeededHander_MenuSelf::CleanupMenu "
                                      u"GetExceptionCode=1 status=[Not found]")));
 }
@@ -63,13 +56,13 @@ TEST_F(GuardedSectionsTest, AFaultWithABoxOfItsOwnStaysOutOfTheLog) {
     const bool result = sections_.RunWithBox(kFaultShellNotify, false,
                                              []() -> bool { throw Fault{kAccessViolation}; });
     EXPECT_FALSE(result);
-    EXPECT_THAT(log_.Lines, IsEmpty());
-    EXPECT_THAT(box_.Shown, ElementsAre(ErrorBox(u"Exception in Shell_Notify")));
+    EXPECT_THAT(desk_.Log.Lines, IsEmpty());
+    EXPECT_THAT(desk_.Box.Shown, ElementsAre(ErrorBox(u"Exception in Shell_Notify")));
 }
 
 TEST_F(GuardedSectionsTest, ASilentFaultGivesTheFallbackAlone) {
     const auto textOf = [this](bool faulty) {
-        return RunSilently(catcher_, std::u16string(u"none"), [faulty] {
+        return RunSilently(desk_.Catcher, std::u16string(u"none"), [faulty] {
             return faulty ? throw Fault{kAccessViolation} : std::u16string(u"text");
         });
     };

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "base/text.h"
+#include "fakes/guard_desk.h"
 #include "fakes/macro_desk.h"
 #include "fakes/phrase_tree.h"
 #include "menu/phrase_menu_handler.h"
@@ -133,12 +134,14 @@ class PhraseMenuHandler : public testing::Test {
     PhraseTree phrases_;
     MacroDesk desk_;
     FakeMenuPresenter presenter_;
+    GuardDesk guard_;
     std::string notice_;
     IDataNeededHander_MenuSelf handler_{
         phrases_.Tree,
         desk_.Items,
         presenter_,
         phrases_.Clock,
+        guard_.Sections,
         [this](std::int32_t choice, WindowHandle target) {
             notice_ = Utf16ToUtf8(
                 Concat(choice, u" for ", target, u" after ", phrases_.Clock.Tick, u" ms"));

@@ -42,7 +42,8 @@ PhraseRoad::PhraseRoad(const Parts& parts, HWND window)
       service_(
           {parts.Settings, hooks_, hotkeys_, objects_, objects_, parts.RoadLog, parts.Messages}),
       presenter_(window),
-      builder_(tree_, items_, presenter_, clock_, PostChoiceTo(window), parts.RoadLog) {}
+      builder_(tree_, items_, presenter_, clock_, parts.Guard, PostChoiceTo(window),
+               parts.RoadLog) {}
 
 bool PhraseRoad::InstallService(std::u16string& errorText) {
     if (parts_.Settings.WriteLog) {

@@ -52,6 +52,7 @@ class PhraseRoad {
         FileLog& RoadLog;
         MessageList& Messages;
         const Strings& Texts;
+        GuardedSections& Guard;
     };
 
     // `window` gets WM_HOTKEY and the choices of the menu.
