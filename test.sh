@@ -2,6 +2,7 @@
 # Builds and runs every test: format, native tests, benchmarks, Windows tests, desktop tests.
 #   ./test.sh                       everything
 #   ./test.sh --ring 1|2|3          one ring: native, Windows calls, the program on a desktop
+#   ./test.sh --bench               the benchmarks, native and on Windows
 #   ./test.sh --fuzz [SECONDS]      the fuzz targets, each for that long (60)
 #   ./test.sh ... --filter PATTERN  only tests whose names match, as GoogleTest's filter does
 set -euo pipefail
@@ -11,6 +12,7 @@ only= filter='*' fuzz=
 while (($# > 0)); do
     case $1 in
     --ring) only=${2:-} && shift && [[ $only == [123] ]] || { usage "$0" && exit 2; } ;;
+    --bench) only=bench ;;
     --fuzz)
         fuzz=60
         [[ ! ${2:-} =~ ^[1-9][0-9]*$ ]] || { fuzz=$2 && shift; }
@@ -109,6 +111,13 @@ ring_2() {
         wine "$program"
 }
 
+bench_windows() {
+    local program=$root/build/windows/bin/vellumbridge_windows_bench.exe
+    need_program "$program"
+    "$root/scripts/wine-desktop.sh" run --timeout 300 -- \
+        "$root/scripts/with-program.sh" wine "$program" | tr -d '\r'
+}
+
 ring_3() {
     local program=$root/build/windows/bin/vellumbridge_desktop_tests.exe
     need_program "$program"
@@ -150,7 +159,7 @@ if [[ -z $only || $only == 1 ]]; then
     run_stage "native build" build native
     run_stage "ring 1: native tests" ring_1
 fi
-if [[ -z $only ]]; then
+if [[ -z $only || $only == bench ]]; then
     run_stage "benchmark build" build bench
     run_stage "benchmarks" bench
 fi
@@ -162,5 +171,8 @@ if [[ -z $only || $only == 2 ]]; then
 fi
 if [[ -z $only || $only == 3 ]]; then
     run_stage "ring 3: desktop" ring_3
+fi
+if [[ -z $only || $only == bench ]]; then
+    run_stage "benchmarks on Windows" bench_windows
 fi
 passed=yes
