@@ -50,8 +50,8 @@ class ClipboardAccess {
   public:
     virtual ~ClipboardAccess() = default;
 
-    // Tries again for that long while another program holds the clipboard; null when it does all
-    // the time.
+    // Tries again for that long while another program holds the clipboard, once when it is 0; null
+    // when it does all the time.
     virtual std::unique_ptr<ClipboardSession> Open(std::uint32_t patienceMs) = 0;
     // Without opening it.
     virtual bool IsFormatAvailable(std::uint32_t format) const = 0;
