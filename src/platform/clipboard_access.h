@@ -17,6 +17,9 @@ inline constexpr std::uint32_t kClipBitmap = 2;
 inline constexpr std::uint32_t kClipDib = 8;
 inline constexpr std::uint32_t kClipUnicodeText = 13;
 
+// An owner that doesn't answer for that long counts as hung, and its data is not read.
+inline constexpr std::uint32_t kOwnerAnswerMs = 200;
+
 // What the clipboard holds in one format.
 struct ClipboardBlock {
     std::uint32_t Format = 0;

@@ -10,36 +10,23 @@
 namespace vbr {
 namespace {
 
-// Holds the clipboard open as long as it lives.
-class OpenClipboardCall {
-  public:
-    OpenClipboardCall() : open_(OpenClipboard(nullptr) != 0) {}
-    ~OpenClipboardCall() {
-        if (open_) {
-            CloseClipboard();
-        }
-    }
-    OpenClipboardCall(const OpenClipboardCall&) = delete;
-    OpenClipboardCall& operator=(const OpenClipboardCall&) = delete;
-
-    explicit operator bool() const { return open_; }
-
-  private:
-    bool open_;
-};
-
-// The characters of a text block up to its terminator; some programs leave that out.
+// The characters of a text format up to their terminator; some programs leave that out.
 template <typename Char>
-std::basic_string<Char> ReadTextBlock(UINT format) {
-    const HGLOBAL block = GetClipboardData(format);
-    const auto* text = block ? static_cast<const Char*>(GlobalLock(block)) : nullptr;
-    if (!text) {
+std::basic_string<Char> ReadText(ClipboardAccess& clipboard, std::uint32_t format) {
+    if (!clipboard.IsFormatAvailable(format)) {
         return {};
     }
-    const Char* limit = text + GlobalSize(block) / sizeof(Char);
-    std::basic_string<Char> out(text, std::find(text, limit, Char{}));
-    GlobalUnlock(block);
-    return out;
+    const auto session = clipboard.Open(0);
+    if (!session || !session->DoesOwnerAnswer(kOwnerAnswerMs)) {
+        return {};
+    }
+    const auto block = session->Read(format);
+    if (!block) {
+        return {};
+    }
+    const auto* text = reinterpret_cast<const Char*>(block->Bytes.data());
+    const Char* limit = text + block->Bytes.size() / sizeof(Char);
+    return {text, std::find(text, limit, Char{})};
 }
 
 std::u16string FromAnsi(const std::string& text) {
@@ -53,29 +40,17 @@ std::u16string FromAnsi(const std::string& text) {
 }  // namespace
 
 bool WinClipboard::Empty() {
-    const OpenClipboardCall clipboard;
-    return clipboard && EmptyClipboard();
+    const auto session = access_.Open(0);
+    return session && session->Empty();
 }
 
 std::u16string WinClipboard::Text() const {
     std::u16string text = UnicodeText();
-    if (!text.empty() || !IsClipboardFormatAvailable(CF_TEXT)) {
-        return text;
-    }
-    const OpenClipboardCall clipboard;
-    return clipboard ? FromAnsi(ReadTextBlock<char>(CF_TEXT)) : std::u16string();
+    return text.empty() ? FromAnsi(ReadText<char>(access_, kClipText)) : text;
 }
 
 std::u16string WinClipboard::UnicodeText() const {
-    if (!IsClipboardFormatAvailable(CF_UNICODETEXT)) {
-        return {};
-    }
-    const OpenClipboardCall clipboard;
-    if (!clipboard) {
-        return {};
-    }
-    const std::wstring text = ReadTextBlock<wchar_t>(CF_UNICODETEXT);
-    return FromWide(text.data(), text.size());
+    return ReadText<char16_t>(access_, kClipUnicodeText);
 }
 
 }  // namespace vbr
