@@ -2,6 +2,7 @@
 #include "platform/win32/win_clipboard_access.h"
 
 #include <array>
+#include <cstddef>
 #include <cstring>
 #include <new>
 #include <span>
@@ -34,9 +35,9 @@ Kind KindOf(std::uint32_t format) {
         default:
             break;
     }
-    // A private handle may be anything: its number means something in its owner's process alone,
-    // which frees it as soon as the clipboard is emptied. Taken for memory here, it could hit a
-    // block of ours.
+    // Private data may be any number, or names objects by numbers of its owner's process, which
+    // frees them as soon as the clipboard is emptied. Taken for memory here, such a number could
+    // hit a block of ours.
     return format >= CF_PRIVATEFIRST && format <= CF_GDIOBJLAST ? Kind::Unreadable : Kind::Memory;
 }
 
