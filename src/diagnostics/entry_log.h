@@ -25,7 +25,7 @@ class EntryLog : public Log {
     // Writes all kept lines as one entry. They stay kept.
     void FlushLogLines();
 
-    virtual bool IsLogOn() const = 0;
+    bool IsLogOn() const override = 0;
 
   protected:
     explicit EntryLog(const Clock& clock) : clock_(clock) {}

@@ -7,6 +7,8 @@
 namespace vbr {
 namespace {
 
+constexpr std::uint32_t kBinary64Bit = 6;
+
 std::u16string_view HookErrorText(std::uint32_t code) {
     switch (code) {
         case kHookSuccess:
@@ -96,24 +98,28 @@ bool CVBRDLLService::UninstallDLLService() {
     return true;
 }
 
-QueryStart CVBRDLLService::SendMessageToTargetWindow(WPQuery& query) {
+QueryStart CVBRDLLService::SendMessageToTargetWindow(std::uintptr_t wParam, WPQuery& query) {
     const WindowHandle target = GetTargetWindow();
     if (!target) {
         log_.LogError(
             u"Cannot sendmessage to target window CVBRDLLService::SendMessageToTargetWindow");
         return QueryStart::Failed;
     }
-    query.TargetWindow = target;
-    query.StateSelText = kSelTextFailed;
-    query.SelText = selection_.ExtractSelectedText(target);
-    if (!query.SelText.empty()) {
-        query.StateSelText = kSelTextExtracted;
+    if (log_.IsLogOn()) {
+        LogTarget(target);
     }
-    const WindowThread thread = windows_.ThreadOf(target);
-    query.AppPath = windows_.ProgramPath(thread.Process);
-    query.Hkl = windows_.KeyboardLayout(thread.Thread);
-    query.WindowClassName = windows_.ClassName(target);
-    return QueryStart::Local;
+    return road_.Start(target, wParam, query);
+}
+
+void CVBRDLLService::LogTarget(WindowHandle target) {
+    lastPid_ = windows_.ThreadOf(target).Process;
+    const std::u16string program = windows_.ProgramPath(lastPid_);
+    const std::optional<std::uint32_t> type = windows_.BinaryType(program);
+    const bool is64Bit = (type.value_or(0) & kBinary64Bit) == kBinary64Bit;
+    log_.Write(Concat(u"SendMessageToTargetWindow: HWND =", target, u" IsWindow(hwnd)=",
+                      int{windows_.IsWindow(target)}, u" classname=[", windows_.ClassName(target),
+                      u"] PID=", lastPid_, u" exe=[", program, u"] GetBinaryType=[",
+                      int{type.has_value()}, u"], dwType b64=[", int{is64Bit}, u"], b32=[1]"));
 }
 
 }  // namespace vbr

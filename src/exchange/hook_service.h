@@ -7,18 +7,12 @@
 
 #include "exchange/hook_library.h"
 #include "exchange/query.h"
-#include "exchange/selected_text.h"
+#include "exchange/query_road.h"
 #include "platform/desktop_windows.h"
 #include "platform/log.h"
 #include "platform/named_objects.h"
 
 namespace vbr {
-
-enum class QueryStart {
-    Posted = 0,
-    Failed = 1,
-    Local = 2,  // the query was filled here
-};
 
 // What the hook library is installed with.
 struct HookServiceStart {
@@ -36,11 +30,11 @@ std::u16string DescribeHookError(std::uint32_t code);
 class CVBRDLLService {
   public:
     CVBRDLLService(HookLibrary& library, NamedObjects& objects, DesktopWindows& windows,
-                   SelectedTextReader& selection, std::u16string libraryPath, Log& log)
+                   QueryRoad& road, std::u16string libraryPath, Log& log)
         : library_(library),
           objects_(objects),
           windows_(windows),
-          selection_(selection),
+          road_(road),
           libraryPath_(std::move(libraryPath)),
           log_(log) {}
 
@@ -56,20 +50,23 @@ class CVBRDLLService {
 
     WindowHandle GetTargetWindow() { return installed_ ? library_.GetTargetWindow() : 0; }
 
-    // Starts a query about the target in front. Local means that `query` is filled.
-    QueryStart SendMessageToTargetWindow(WPQuery& query);
+    // Starts a query about the target in front; `wParam` tells the hook library its cause. Local
+    // means that `query` is filled.
+    QueryStart SendMessageToTargetWindow(std::uintptr_t wParam, WPQuery& query);
 
   private:
     bool RunInstall(const HookServiceStart& start, std::uint32_t& errorCode);
+    void LogTarget(WindowHandle target);
 
     HookLibrary& library_;
     NamedObjects& objects_;
     DesktopWindows& windows_;
-    SelectedTextReader& selection_;
+    QueryRoad& road_;
     std::u16string libraryPath_;
     Log& log_;
     std::unique_ptr<NamedEvent> serviceEvent_;
     bool installed_ = false;
+    std::uint32_t lastPid_ = 0;  // of the last target logged
 };
 
 }  // namespace vbr

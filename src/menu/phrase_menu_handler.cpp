@@ -21,7 +21,7 @@ std::optional<ScreenPoint> PointOf(const WPQuery& query) {
 
 }  // namespace
 
-void IDataNeededHander_MenuSelf::OnDataNeeded(const WPQuery& query) {
+void IDataNeededHander_MenuSelf::OnDataNeeded(const WPQuery& query, WPAnswer&) {
     log_.Write(Concat(u"IDataNeededHander_MenuSelf::OnDataNeeded lcid=", query.Hkl));
     selectedText_ = query.SelText;
     hkl_ = query.Hkl;

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "diagnostics/guarded_section.h"
+#include "exchange/answer.h"
 #include "exchange/query.h"
 #include "menu/menu_item_info.h"
 #include "menu/phrase_item.h"
@@ -50,8 +51,9 @@ class IDataNeededHander_MenuSelf {
     bool IsAllow_WaitAnswerFromExeAgent() const { return false; }
     bool IsMenuShown() const { return presenter_.IsShown(); }
 
-    // Shows the menu and returns when it has closed. Without phrases no menu opens.
-    void OnDataNeeded(const WPQuery& query);
+    // Shows the menu and returns when it has closed. Without phrases no menu opens. The answer
+    // stays as it is: what is shown here needs no description.
+    void OnDataNeeded(const WPQuery& query, WPAnswer& answer);
 
     // Marks the phrase as the last one chosen.
     void RememberCommand(std::uint32_t id);

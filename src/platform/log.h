@@ -13,6 +13,9 @@ class Log {
   public:
     virtual ~Log() = default;
 
+    // False while nobody reads: a caller may then spare itself what only the log would tell.
+    virtual bool IsLogOn() const { return true; }
+
     // One entry with date and prefix.
     virtual void Write(std::u16string_view text) = 0;
 

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <string>
 #include <string_view>
 
 namespace vbr {
@@ -17,6 +18,18 @@ class SharedBlock {
     virtual bool Write(std::string_view text) = 0;
 };
 
+enum class SharedTextState {
+    Read,
+    NotOpened,   // nobody has created the block, or it may not be read
+    NotMapped,   // the system gives no view of it
+    NotReadable  // no zero byte ends the text
+};
+
+struct SharedText {
+    SharedTextState State = SharedTextState::NotOpened;
+    std::string Bytes;  // without the zero byte
+};
+
 // Memory that other processes open by its name.
 class SharedMemory {
   public:
@@ -24,6 +37,9 @@ class SharedMemory {
 
     // Creates or opens a block of that many bytes, open to everybody; null on failure.
     virtual std::unique_ptr<SharedBlock> Create(std::u16string_view name, std::uint32_t bytes) = 0;
+
+    // The text at the start of an existing block, up to its zero byte.
+    virtual SharedText ReadText(std::u16string_view name) const = 0;
 };
 
 }  // namespace vbr

@@ -28,6 +28,7 @@ class SystemInfo {
     virtual std::optional<std::u16string> SystemDirectory() const = 0;
     // Name with " 64x" or " 32x", "build %d" and the service pack, joined by blanks.
     virtual std::u16string SystemDescription() const = 0;
+    virtual bool Is64BitWindows() const = 0;
     // The version of the file's version resource, "1.2.3.4"; empty when it can't be read.
     virtual std::u16string FileVersion(ProgramFile file) const = 0;
 };

@@ -58,13 +58,26 @@ bool HotkeyService::Install(const HookServiceStart& start, bool libraryExists,
         Report(message, errorText);
         return false;
     }
+    if (!parts_.Waiter.Start(*dataNeeded_, *dataCompleted_)) {
+        Stop();
+        parts_.ServiceLog.Write(u"ERROR: Cannot start wait thread for query");
+        Report(u"ERROR: Cannot start wait thread for query", errorText);
+        return false;
+    }
     return true;
 }
 
 void HotkeyService::Stop() {
     parts_.Hooks.UninstallDLLService();
     UnregisterHotkey();
+    parts_.Waiter.Stop();
     CloseInterchangeObjects();
+}
+
+void HotkeyService::RestartWait() {
+    if (dataNeeded_ && dataCompleted_) {
+        parts_.Waiter.Start(*dataNeeded_, *dataCompleted_);
+    }
 }
 
 std::u16string HotkeyService::HotkeyName() const {

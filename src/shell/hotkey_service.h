@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "exchange/hook_service.h"
+#include "exchange/wait_query.h"
 #include "phrases/command_tree.h"
 #include "platform/hotkey_registrar.h"
 #include "platform/log.h"
@@ -24,12 +25,14 @@ using MessageList = std::vector<std::u16string>;
 std::u16string HotkeyText(std::uint16_t mods, std::u16string_view keyName);
 
 // What the program registers and installs so that the hot key brings a menu: the key itself, the
-// objects shared with the hook library, and the library. Belongs to the main thread.
+// objects shared with the hook library, the library, and the wait for its queries. Belongs to the
+// main thread.
 class HotkeyService {
   public:
     struct Parts {
         CVBRSettings& Settings;
         CVBRDLLService& Hooks;
+        QueryWaiter& Waiter;
         HotkeyRegistrar& Hotkeys;
         NamedObjects& Objects;
         SharedMemory& Memory;
@@ -43,6 +46,8 @@ class HotkeyService {
     // and the message list keeps it.
     bool Install(const HookServiceStart& start, bool libraryExists, std::u16string& errorText);
     void Stop();
+    // Waits for queries anew after the wait has failed.
+    void RestartWait();
 
     // The hook library is installed: a hot key press will be served.
     bool IsInstalled() const { return parts_.Hooks.IsInstalled(); }

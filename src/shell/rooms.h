@@ -78,15 +78,6 @@ class TipRoom {
     virtual void Hide() = 0;
 };
 
-// The posted road of a query: the thread that waits for the hook library's answers.
-class QueryWaitRoom {
-  public:
-    virtual ~QueryWaitRoom() = default;
-
-    virtual void OnQueryReady(std::uintptr_t query, std::uintptr_t answer) = 0;
-    virtual void Restart() = 0;
-};
-
 // All rooms of one program.
 struct Rooms {
     HistoryRoom& History;
@@ -94,7 +85,6 @@ struct Rooms {
     CompanionRoom& Companions;
     UpdateRoom& Updates;
     TipRoom& Tips;
-    QueryWaitRoom& QueryWait;
 };
 
 }  // namespace vbr

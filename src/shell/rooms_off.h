@@ -12,12 +12,11 @@ class RoomsOff : public HistoryRoom,
                  public PaneRoom,
                  public CompanionRoom,
                  public UpdateRoom,
-                 public TipRoom,
-                 public QueryWaitRoom {
+                 public TipRoom {
   public:
     explicit RoomsOff(Log& log) : log_(log) {}
 
-    Rooms All() { return {*this, *this, *this, *this, *this, *this}; }
+    Rooms All() { return {*this, *this, *this, *this, *this}; }
 
     bool IsSpyRunning() const override { return false; }
     bool StartSpy() override { return Off(u"Clipboard history"); }
@@ -46,9 +45,6 @@ class RoomsOff : public HistoryRoom,
     void OnMenuSelect(std::uint32_t, std::uint32_t, std::uintptr_t) override {}
     void OnEnterIdle(std::uintptr_t, std::uintptr_t) override {}
     void Hide() override {}
-
-    void OnQueryReady(std::uintptr_t, std::uintptr_t) override { Off(u"Query wait thread"); }
-    void Restart() override { Off(u"Query wait thread"); }
 
   private:
     bool Off(std::u16string_view what) {

@@ -78,7 +78,7 @@ TEST_F(HookService, AQueryTellsTheTargetWithOrWithoutASelection) {
     Library.Target = 50;
     for (const std::u16string& selected : {std::u16string(), std::u16string(u"selected")}) {
         Clock.WhileAsleep = [&] { Clipboard.Content = selected; };
-        EXPECT_EQ(Service.SendMessageToTargetWindow(query_), QueryStart::Local);
+        EXPECT_EQ(Service.SendMessageToTargetWindow(0, query_), QueryStart::Local);
         EXPECT_EQ(query_.SelText, selected);
         EXPECT_EQ(query_.StateSelText, selected.empty() ? 1 : 2);
         EXPECT_EQ(query_.TargetWindow, 50U);
@@ -88,12 +88,41 @@ TEST_F(HookService, AQueryTellsTheTargetWithOrWithoutASelection) {
     }
 }
 
+TEST_F(HookService, EachQueryNamesItsTargetInTheLog) {
+    Install();
+    Library.Target = 50;
+    Service.SendMessageToTargetWindow(0, query_);
+    EXPECT_EQ(Log.Lines.at(0),
+              u"SendMessageToTargetWindow: HWND =50 IsWindow(hwnd)=1 classname=[class 50] PID=52 "
+              u"exe=[program 52] GetBinaryType=[1], dwType b64=[1], b32=[1]");
+}
+
+TEST_F(HookService, OnThePostedRoadTheTargetGetsTheMessageAndTheQueryStaysEmpty) {
+    PostedRoad road(Windows, 777, Log);
+    CVBRDLLService service(Library, Objects, Windows, road, u"L:\\lib.dll", Log);
+    service.InstallDLLService({}, code_);
+    Library.Target = 50;
+    EXPECT_EQ(service.SendMessageToTargetWindow(1, query_), QueryStart::Posted);
+    EXPECT_EQ(Calls.back(), "post 777 with 1 to 50");
+    EXPECT_EQ(query_.TargetWindow, 0U);
+    Windows.Posts = false;
+    EXPECT_EQ(service.SendMessageToTargetWindow(0, query_), QueryStart::Failed);
+}
+
+TEST(QueryRoad, TheSystemChoosesUnlessOneIsForced) {
+    EXPECT_EQ(ChooseRoad(true, std::nullopt), RoadKind::Local);
+    EXPECT_EQ(ChooseRoad(false, std::nullopt), RoadKind::Posted);
+    EXPECT_EQ(ChooseRoad(true, ParseRoad(u"Posted")), RoadKind::Posted);
+    EXPECT_EQ(ChooseRoad(false, ParseRoad(u"local")), RoadKind::Local);
+    EXPECT_EQ(ParseRoad(u"neither"), std::nullopt);
+}
+
 TEST_F(HookService, WithoutATargetTheQueryFailsAndNothingIsCopied) {
     Library.Target = 50;  // of a library that isn't installed
-    EXPECT_EQ(Service.SendMessageToTargetWindow(query_), QueryStart::Failed);
+    EXPECT_EQ(Service.SendMessageToTargetWindow(0, query_), QueryStart::Failed);
     Install();
     Library.Target = 0;
-    EXPECT_EQ(Service.SendMessageToTargetWindow(query_), QueryStart::Failed);
+    EXPECT_EQ(Service.SendMessageToTargetWindow(0, query_), QueryStart::Failed);
     EXPECT_TRUE(Input.Sent.empty());
 }
 

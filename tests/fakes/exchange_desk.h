@@ -23,7 +23,8 @@ struct ExchangeDesk {
     FakeClipboard Clipboard{Calls};
     RecordingInput Input{&Calls};
     SelectedTextReader Selection{Clipboard, Input, Windows, Clock};
-    CVBRDLLService Service{Library, Objects, Windows, Selection, u"L:\\lib.dll", Log};
+    LocalRoad Road{Windows, Selection};
+    CVBRDLLService Service{Library, Objects, Windows, Road, u"L:\\lib.dll", Log};
 };
 
 }  // namespace vbr

@@ -12,16 +12,26 @@ class FakeDesktopWindows : public DesktopWindows {
   public:
     explicit FakeDesktopWindows(Journal& calls) : calls_(calls) {}
 
+    bool Posts = true;
+
+    bool IsWindow(WindowHandle window) const override { return window != 0; }
     WindowThread ThreadOf(WindowHandle window) const override {
         return {static_cast<std::uint32_t>(window + 1), static_cast<std::uint32_t>(window + 2)};
     }
     std::u16string ProgramPath(std::uint32_t process) const override {
         return Concat(u"program ", process);
     }
+    std::optional<std::uint32_t> BinaryType(const std::u16string&) const override { return 6; }
     std::u16string ClassName(WindowHandle window) const override {
         return Concat(u"class ", window);
     }
     LayoutHandle KeyboardLayout(std::uint32_t thread) const override { return 1000 + thread; }
+    GuiThreadWindows OwnGuiThread() const override { return {.Active = 5}; }
+    bool Post(WindowHandle window, std::uint32_t message, std::uintptr_t wParam) override {
+        calls_.push_back("post " + std::to_string(message) + " with " + std::to_string(wParam) +
+                         " to " + std::to_string(window));
+        return Posts;
+    }
     void SendCopy(WindowHandle window) override {
         calls_.push_back("copy message to " + std::to_string(window));
     }

@@ -14,6 +14,7 @@ class FakeSharedMemory : public SharedMemory {
     std::map<std::u16string, std::string> Blocks;
     int Made = 0;
     bool Fails = false;
+    SharedTextState ReadState = SharedTextState::NotOpened;  // of a block that isn't there
 
     std::unique_ptr<SharedBlock> Create(std::u16string_view name, std::uint32_t bytes) override {
         if (Fails) {
@@ -21,6 +22,12 @@ class FakeSharedMemory : public SharedMemory {
         }
         ++Made;
         return std::make_unique<Block>(Blocks[std::u16string(name)], bytes);
+    }
+
+    SharedText ReadText(std::u16string_view name) const override {
+        const auto block = Blocks.find(std::u16string(name));
+        return block == Blocks.end() ? SharedText{ReadState, {}}
+                                     : SharedText{SharedTextState::Read, block->second};
     }
 
   private:

@@ -15,6 +15,7 @@ class FakeSystemInfo : public SystemInfo {
     std::optional<ScreenPoint> CursorPosition() const override { return Cursor; }
     std::optional<std::u16string> SystemDirectory() const override { return std::nullopt; }
     std::u16string SystemDescription() const override { return Answer(u"system"); }
+    bool Is64BitWindows() const override { return true; }
     std::u16string FileVersion(ProgramFile file) const override {
         constexpr const char16_t* kVersions[] = {u"main", u"editor", u"library"};
         return Answer(kVersions[static_cast<int>(file)]);

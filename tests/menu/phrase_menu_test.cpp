@@ -131,6 +131,11 @@ class PhraseMenuHandler : public testing::Test {
   protected:
     using Menus = std::vector<std::string>;
 
+    void Ask(const WPQuery& query) {
+        WPAnswer answer;
+        handler_.OnDataNeeded(query, answer);
+    }
+
     PhraseTree phrases_;
     MacroDesk desk_;
     FakeMenuPresenter presenter_;
@@ -150,38 +155,38 @@ class PhraseMenuHandler : public testing::Test {
 };
 
 TEST_F(PhraseMenuHandler, WithoutPhrasesNoMenuOpens) {
-    handler_.OnDataNeeded({.TargetWindow = 7});
+    Ask({.TargetWindow = 7});
     EXPECT_TRUE(presenter_.Menus.empty());
     EXPECT_EQ(notice_, "-1 for 7 after 0 ms");
 }
 
 TEST_F(PhraseMenuHandler, AChoiceIsToldWithItsTargetWhenThatHadTimeForTheForeground) {
     phrases_.Add("a.vellumbridge", u"text");
-    handler_.OnDataNeeded({.TargetWindow = 7});
+    Ask({.TargetWindow = 7});
     EXPECT_EQ(notice_, "-1 for 7 after 0 ms");
     presenter_.Choice = 1;
-    handler_.OnDataNeeded({.TargetWindow = 7});
+    Ask({.TargetWindow = 7});
     EXPECT_EQ(notice_, "1 for 7 after 100 ms");
 }
 
 TEST_F(PhraseMenuHandler, TheMenuDoesNotEndInASeparator) {
     phrases_.Add("a.vellumbridge", u"text", kDataTypeText, kSeparatorAfter);
-    handler_.OnDataNeeded({});
+    Ask({});
     EXPECT_EQ(presenter_.Menus, Menus{"a"});
 }
 
 TEST_F(PhraseMenuHandler, TheMenuOpensAtTheQuerysPointElseAtTheMouse) {
     phrases_.Add("a.vellumbridge", u"text");
-    handler_.OnDataNeeded({.PointX = -1, .PointY = 5});
+    Ask({.PointX = -1, .PointY = 5});
     EXPECT_EQ(presenter_.Place, (ScreenPoint{-1, 5}));
-    handler_.OnDataNeeded({});
+    Ask({});
     EXPECT_EQ(presenter_.Place, std::nullopt);
 }
 
 TEST_F(PhraseMenuHandler, ARememberedPhraseIsMarkedInTheNextMenu) {
     phrases_.Add("a.vellumbridge", u"text");
     handler_.RememberCommand(1);
-    handler_.OnDataNeeded({});
+    Ask({});
     EXPECT_EQ(presenter_.Menus, Menus{"*a"});
 }
 
@@ -196,7 +201,7 @@ TEST_F(PhraseMenuHandler, TheGroupsAboveTheLastPhraseAreMarked) {
                 handler_.RememberCommand(id);
             }
         }
-        handler_.OnDataNeeded({});
+        Ask({});
         EXPECT_EQ(presenter_.Menus.back(), expected);
     }
 }
@@ -204,7 +209,7 @@ TEST_F(PhraseMenuHandler, TheGroupsAboveTheLastPhraseAreMarked) {
 TEST_F(PhraseMenuHandler, CaptionsAreMadeFromTheQueryAndTheClipboardAtTheHotKey) {
     phrases_.Add("a.vellumbridge", u"%SELECTED_TEXT%|%CLIPBOARD_TEXT%|%WEEKDAYNAME%");
     handler_.SetClipboardAtHotkey(u"clip");
-    handler_.OnDataNeeded({.Hkl = 0x04090000 | kRussian, .SelText = u"sel"});
+    Ask({.Hkl = 0x04090000 | kRussian, .SelText = u"sel"});
     EXPECT_EQ(presenter_.Menus, Menus{"sel|clip|воскресенье"});
 }
 

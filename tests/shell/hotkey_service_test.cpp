@@ -48,9 +48,23 @@ struct FakeMemory : SharedMemory {
         return Fails ? nullptr : std::make_unique<Block>(*this, shortName);
     }
 
+    SharedText ReadText(std::u16string_view) const override { return {}; }
+
     Journal& Calls;
     std::string Written;
     bool Fails = false;
+};
+
+struct FakeWaiter : QueryWaiter {
+    explicit FakeWaiter(Journal& calls) : Calls(calls) {}
+    bool Start(NamedEvent&, NamedEvent&) override {
+        Calls.push_back("wait");
+        return Starts;
+    }
+    void Stop() override { Calls.push_back("wait no more"); }
+
+    Journal& Calls;
+    bool Starts = true;
 };
 
 class HotkeyServiceStart : public testing::Test, protected ExchangeDesk {
@@ -70,18 +84,20 @@ class HotkeyServiceStart : public testing::Test, protected ExchangeDesk {
     std::u16string errorText_;
     FakeMemory memory_{Calls};
     FakeHotkeys hotkeys_{Calls};
+    FakeWaiter waiter_{Calls};
     NativeProfileStore profile_;
     CVBRSettings settings_{profile_, {}};
-    HotkeyService service_{{settings_, Service, hotkeys_, Objects, memory_, Log, messages_}};
+    HotkeyService service_{
+        {settings_, Service, waiter_, hotkeys_, Objects, memory_, Log, messages_}};
 };
 
 TEST_F(HotkeyServiceStart, StopUndoesTheInstallBackwards) {
     EXPECT_TRUE(service_.Install({}, true, errorText_));
     EXPECT_TRUE(Objects.Exists(kEventDataNeeded) && Objects.Exists(kEventDataCompleted));
     service_.Stop();
-    EXPECT_EQ(Calls,
-              (Journal{"make area", "register 3+13", "make settings", "write settings", "load",
-                       "install", "uninstall", "broadcast", "unload", "unregister", "close area"}));
+    EXPECT_EQ(Calls, (Journal{"make area", "register 3+13", "make settings", "write settings",
+                              "load", "install", "wait", "uninstall", "broadcast", "unload",
+                              "unregister", "wait no more", "close area"}));
     EXPECT_EQ(memory_.Written, SharedSettingsText(13, 3, false, u""));
     EXPECT_TRUE(Objects.Owned.empty());
     EXPECT_TRUE(messages_.empty());
@@ -122,6 +138,21 @@ TEST_F(HotkeyServiceStart, ALibraryThatFailsGivesKeyAndObjectsBack) {
     EXPECT_EQ(errorText_,
               u"ERROR: Cannot kernel DLL install\nDLL not found: L:\\lib.dll\n\n"
               u"Cant load DLL\nError code: 4");
+}
+
+TEST_F(HotkeyServiceStart, WithoutTheWaitForQueriesAllIsUndone) {
+    waiter_.Starts = false;
+    EXPECT_EQ(FailedStart().back(), "close area");
+    EXPECT_EQ(errorText_, u"ERROR: Cannot start wait thread for query");
+}
+
+TEST_F(HotkeyServiceStart, AWaitThatFailedBeginsAnewWhileTheServiceIsOn) {
+    service_.RestartWait();
+    EXPECT_EQ(Calls, Journal());
+    service_.Install({}, true, errorText_);
+    service_.RestartWait();
+    EXPECT_EQ(Calls.back(), "wait");
+    EXPECT_EQ(std::count(Calls.begin(), Calls.end(), "wait"), 2);
 }
 
 TEST_F(HotkeyServiceStart, AKeyOfZeroIsRepairedToTheDefault) {

@@ -19,6 +19,10 @@ HWND ToWindow(WindowHandle window) {
     return reinterpret_cast<HWND>(window);
 }
 
+WindowHandle FromWindow(HWND window) {
+    return reinterpret_cast<WindowHandle>(window);
+}
+
 std::u16string FullPath(DWORD process) {
     const UniqueHandle handle(
         OpenProcess(PROCESS_QUERY_INFORMATION | PROCESS_VM_READ, FALSE, process));
@@ -45,6 +49,10 @@ std::u16string FileName(DWORD process) {
 
 }  // namespace
 
+bool WinDesktopWindows::IsWindow(WindowHandle window) const {
+    return ::IsWindow(ToWindow(window)) != 0;
+}
+
 WindowThread WinDesktopWindows::ThreadOf(WindowHandle window) const {
     DWORD process = 0;
     const DWORD thread = GetWindowThreadProcessId(ToWindow(window), &process);
@@ -56,6 +64,11 @@ std::u16string WinDesktopWindows::ProgramPath(std::uint32_t process) const {
     return path.empty() ? FileName(process) : path;
 }
 
+std::optional<std::uint32_t> WinDesktopWindows::BinaryType(const std::u16string& path) const {
+    DWORD type = 0;
+    return GetBinaryTypeW(Wide(path), &type) ? std::optional<std::uint32_t>(type) : std::nullopt;
+}
+
 std::u16string WinDesktopWindows::ClassName(WindowHandle window) const {
     wchar_t name[kClassNameMax];
     const int length = GetClassNameW(ToWindow(window), name, kClassNameMax);
@@ -65,6 +78,20 @@ std::u16string WinDesktopWindows::ClassName(WindowHandle window) const {
 LayoutHandle WinDesktopWindows::KeyboardLayout(std::uint32_t thread) const {
     return static_cast<LayoutHandle>(reinterpret_cast<std::uintptr_t>(GetKeyboardLayout(thread)) &
                                      0xFFFFFFFF);
+}
+
+GuiThreadWindows WinDesktopWindows::OwnGuiThread() const {
+    GUITHREADINFO info{};
+    info.cbSize = sizeof info;
+    if (!GetGUIThreadInfo(GetCurrentThreadId(), &info)) {
+        return {};
+    }
+    return {FromWindow(info.hwndActive), FromWindow(info.hwndFocus), FromWindow(info.hwndCapture),
+            FromWindow(info.hwndMenuOwner), FromWindow(info.hwndCaret)};
+}
+
+bool WinDesktopWindows::Post(WindowHandle window, std::uint32_t message, std::uintptr_t wParam) {
+    return PostMessageW(ToWindow(window), message, wParam, 0) != 0;
 }
 
 void WinDesktopWindows::SendCopy(WindowHandle window) {

@@ -35,6 +35,11 @@ class WinSharedBlock : public SharedBlock {
     std::uint32_t bytes_;
 };
 
+struct ViewCloser {
+    using pointer = const char*;
+    void operator()(const char* view) const { UnmapViewOfFile(view); }
+};
+
 UniqueHandle OpenByName(std::u16string_view name, DWORD access) {
     return UniqueHandle(OpenEventW(access, FALSE, Wide(std::u16string(name))));
 }
@@ -98,6 +103,26 @@ std::unique_ptr<SharedBlock> WinNamedObjects::Create(std::u16string_view name,
     UniqueHandle handle(CreateFileMappingW(INVALID_HANDLE_VALUE, WorldSecurity(), PAGE_READWRITE, 0,
                                            bytes, Wide(std::u16string(name))));
     return handle ? std::make_unique<WinSharedBlock>(std::move(handle), bytes) : nullptr;
+}
+
+SharedText WinNamedObjects::ReadText(std::u16string_view name) const {
+    const UniqueHandle handle(OpenFileMappingW(FILE_MAP_READ, FALSE, Wide(std::u16string(name))));
+    if (!handle) {
+        return {SharedTextState::NotOpened, {}};
+    }
+    const std::unique_ptr<const char, ViewCloser> view(
+        static_cast<const char*>(MapViewOfFile(handle.get(), FILE_MAP_READ, 0, 0, 0)));
+    MEMORY_BASIC_INFORMATION region{};
+    if (!view || VirtualQuery(view.get(), &region, sizeof region) == 0) {
+        return {SharedTextState::NotMapped, {}};
+    }
+    // Another process may take the zero byte away while this looks for it.
+    const std::string_view mapped(view.get(), region.RegionSize);
+    const std::size_t end = mapped.find('\0');
+    if (end == mapped.npos) {
+        return {SharedTextState::NotReadable, {}};
+    }
+    return {SharedTextState::Read, std::string(mapped.substr(0, end))};
 }
 
 }  // namespace vbr

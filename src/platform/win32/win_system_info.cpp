@@ -88,6 +88,11 @@ std::u16string WinSystemInfo::SystemDescription() const {
                   std::u16string_view(FromWide(version.szCSDVersion)));
 }
 
+bool WinSystemInfo::Is64BitWindows() const {
+    BOOL emulated = FALSE;
+    return sizeof(void*) == 8 || (IsWow64Process(GetCurrentProcess(), &emulated) && emulated);
+}
+
 std::u16string WinSystemInfo::FileVersion(ProgramFile file) const {
     const std::u16string path = Concat(programFolder_, NameOf(file));
     const DWORD size = GetFileVersionInfoSizeW(Wide(path), nullptr);

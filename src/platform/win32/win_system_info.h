@@ -17,6 +17,7 @@ class WinSystemInfo : public SystemInfo {
     std::optional<ScreenPoint> CursorPosition() const override;
     std::optional<std::u16string> SystemDirectory() const override;
     std::u16string SystemDescription() const override;
+    bool Is64BitWindows() const override;
     std::u16string FileVersion(ProgramFile file) const override;
 
   private:

@@ -24,6 +24,15 @@
 namespace vbr {
 namespace {
 
+constexpr const wchar_t* kForcedRoadVariable = L"VELLUMBRIDGE_QUERY_ROAD";
+
+// Tests take the road of another system by an environment variable.
+std::optional<RoadKind> ForcedRoad() {
+    wchar_t word[16];
+    const DWORD length = GetEnvironmentVariableW(kForcedRoadVariable, word, 16);
+    return ParseRoad(FromWide(word, length < 16 ? length : 0));
+}
+
 std::u16string ModulePath() {
     std::u16string path(MAX_PATH, u'\0');
     DWORD length = 0;
@@ -133,7 +142,7 @@ int Application::RunResident(const CVBRCmdLine& cmdLine) {
 
 int Application::RunTrayWindow(const CVBRCmdLine& cmdLine) {
     CVBRTrayWnd tray({settings_, profile_, locations_, access_, strings_, log_, guard_, cmdLine,
-                      *instance_.StopEvent(), rooms_.All()});
+                      *instance_.StopEvent(), ForcedRoad(), rooms_.All()});
     return tray.Create() ? RunMessageLoop() : 0;
 }
 

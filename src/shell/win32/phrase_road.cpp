@@ -15,6 +15,14 @@ ChoiceNotice PostChoiceTo(HWND window) {
     };
 }
 
+std::unique_ptr<QueryRoad> MakeRoad(RoadKind kind, DesktopWindows& windows,
+                                    SelectedTextReader& selection, UINT queryMessage, Log& log) {
+    if (kind == RoadKind::Posted) {
+        return std::make_unique<PostedRoad>(windows, queryMessage, log);
+    }
+    return std::make_unique<LocalRoad>(windows, selection);
+}
+
 }  // namespace
 
 PhraseRoad::PhraseRoad(const Parts& parts, HWND window)
@@ -34,13 +42,19 @@ PhraseRoad::PhraseRoad(const Parts& parts, HWND window)
       text_(input_, parts.RoadLog),
       runner_(macros_, text_, parts.RoadLog),
       delivery_(tree_, macros_, runner_),
+      clipboardAccess_(window),
+      snapshot_(clipboardAccess_, parts.RoadLog),
       selection_(clipboard_, input_, windows_, clock_),
+      queryRoad_(MakeRoad(ChooseRoad(system_.Is64BitWindows(), parts.ForcedRoad), windows_,
+                          selection_, queryMessage_, parts.RoadLog)),
+      queryWait_(
+          {window, kMsgQueryReady, kMsgWaitError, parts.Stop, objects_, selection_, parts.RoadLog}),
       hookModule_(parts.Locations.HookLibrary()),
-      hooks_(hookModule_, objects_, windows_, selection_, parts.Locations.HookLibrary(),
+      hooks_(hookModule_, objects_, windows_, *queryRoad_, parts.Locations.HookLibrary(),
              parts.RoadLog),
       hotkeys_(window, kHotkeyId),
-      service_(
-          {parts.Settings, hooks_, hotkeys_, objects_, objects_, parts.RoadLog, parts.Messages}),
+      service_({parts.Settings, hooks_, queryWait_, hotkeys_, objects_, objects_, parts.RoadLog,
+                parts.Messages}),
       presenter_(window),
       builder_(tree_, items_, presenter_, clock_, parts.Guard, PostChoiceTo(window),
                parts.RoadLog) {}
@@ -69,14 +83,24 @@ std::u16string PhraseRoad::PhrasesFolder() const {
                                   parts_.Access);
 }
 
-QueryStart PhraseRoad::StartQuery() {
+QueryStart PhraseRoad::StartQuery(bool fromHotkey) {
     builder_.SetClipboardAtHotkey(clipboard_.UnicodeText());
+    snapshot_.Take();
     WPQuery query;
-    const QueryStart start = hooks_.SendMessageToTargetWindow(query);
+    query.GuiThreadInfo = windows_.OwnGuiThread();
+    const QueryStart start = hooks_.SendMessageToTargetWindow(fromHotkey ? 0 : 1, query);
     if (start == QueryStart::Local) {
-        builder_.OnDataNeeded(query);
+        WPAnswer answer;
+        builder_.OnDataNeeded(query, answer);
     }
     return start;
+}
+
+void PhraseRoad::OnQueryReady(WPARAM query, LPARAM answer) {
+    const auto exchange = queryWait_.Find(query, answer);
+    if (exchange && !builder_.IsMenuShown()) {
+        builder_.OnDataNeeded(exchange->Query, exchange->Answer);
+    }
 }
 
 void PhraseRoad::Deliver(std::int32_t choice, WindowHandle target) {

@@ -8,9 +8,12 @@
 #include <string>
 
 #include "diagnostics/win32/file_log.h"
+#include "exchange/clipboard_snapshot.h"
 #include "exchange/hook_service.h"
+#include "exchange/query_road.h"
 #include "exchange/selected_text.h"
 #include "exchange/win32/hook_module.h"
+#include "exchange/win32/query_wait_thread.h"
 #include "macros/actions.h"
 #include "macros/command_delivery.h"
 #include "macros/macro_engine.h"
@@ -25,6 +28,7 @@
 #include "phrases/command_saver.h"
 #include "phrases/command_tree.h"
 #include "platform/win32/win_clipboard.h"
+#include "platform/win32/win_clipboard_access.h"
 #include "platform/win32/win_clock.h"
 #include "platform/win32/win_desktop_windows.h"
 #include "platform/win32/win_file_store.h"
@@ -53,6 +57,8 @@ class PhraseRoad {
         MessageList& Messages;
         const Strings& Texts;
         GuardedSections& Guard;
+        NamedEvent& Stop;
+        std::optional<RoadKind> ForcedRoad;
     };
 
     // `window` gets WM_HOTKEY and the choices of the menu.
@@ -62,6 +68,7 @@ class PhraseRoad {
     // key stays off and `errorText` tells why.
     bool InstallService(std::u16string& errorText);
     void StopService() { service_.Stop(); }
+    void RestartQueryWait() { service_.RestartWait(); }
     bool IsServiceInstalled() const { return service_.IsInstalled(); }
     std::u16string HotkeyName() const { return service_.HotkeyName(); }
 
@@ -72,7 +79,12 @@ class PhraseRoad {
 
     // Asks the window in front. When that is answered here, shows the menu and returns when it has
     // closed.
-    QueryStart StartQuery();
+    QueryStart StartQuery(bool fromHotkey);
+    // Shows the menu for a query that came through the interchange area, whose addresses the
+    // message of the wait thread gives.
+    void OnQueryReady(WPARAM query, LPARAM answer);
+    // Gives the clipboard back what it held before the query.
+    void RestoreClipboardSnapshot() { snapshot_.RestoreClipboardSnapshot(); }
     bool IsMenuShown() const { return builder_.IsMenuShown(); }
     bool IsAllow_WaitAnswerFromExeAgent() const {
         return builder_.IsAllow_WaitAnswerFromExeAgent();
@@ -108,7 +120,11 @@ class PhraseRoad {
     TextDelivery text_;
     ActionRunner runner_;
     CommandDelivery delivery_;
+    WinClipboardAccess clipboardAccess_;
+    CClipboardSnapshot snapshot_;
     SelectedTextReader selection_;
+    std::unique_ptr<QueryRoad> queryRoad_;
+    QueryWaitThread queryWait_;
     HookModule hookModule_;
     CVBRDLLService hooks_;
     WinHotkeyRegistrar hotkeys_;

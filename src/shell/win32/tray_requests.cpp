@@ -25,14 +25,14 @@ bool CVBRTrayWnd::CopyToSender(LPARAM buffer, const std::u16string& text) {
 }
 
 LRESULT CVBRTrayWnd::OnQueryReady(WPARAM query, LPARAM answer) {
-    context_.TrayRooms.QueryWait.OnQueryReady(query, static_cast<std::uintptr_t>(answer));
+    road_->OnQueryReady(query, answer);
     return 1;
 }
 
 LRESULT CVBRTrayWnd::OnWaitError(WPARAM, LPARAM) {
     context_.TrayLog.LogError(
         u"Reveived message WM_WAIT_QUERY_COMPLETE_ERROR, wait of query complete with error");
-    context_.TrayRooms.QueryWait.Restart();
+    road_->RestartQueryWait();
     return 0;
 }
 
@@ -164,7 +164,7 @@ void CVBRTrayWnd::StartQuery(bool fromHotkey) {
                         kQueryBalloonMs);
     }
     sounds_.PlayEventSound(EventSound::MenuRequested);
-    if (road_->StartQuery() != QueryStart::Local) {
+    if (road_->StartQuery(fromHotkey) != QueryStart::Local) {
         HideTrayBalloon();
     }
 }

@@ -130,7 +130,8 @@ LRESULT CVBRTrayWnd::OnCreate(WPARAM, LPARAM) {
     SetWindowIcons(Handle());
     road_ = std::make_unique<PhraseRoad>(
         PhraseRoad::Parts{context_.Settings, context_.Locations, context_.Access, context_.TrayLog,
-                          CAppObjects::Messages(), context_.Texts, context_.Guard},
+                          CAppObjects::Messages(), context_.Texts, context_.Guard, context_.Stop,
+                          context_.ForcedRoad},
         Handle());
     if (context_.CmdLine.NoInstall()) {
         CAppObjects::Messages().push_back(u"No install on launch. Flag specifided");

@@ -42,6 +42,7 @@ struct TrayContext {
     GuardedSections& Guard;
     const CVBRCmdLine& CmdLine;
     NamedEvent& Stop;
+    std::optional<RoadKind> ForcedRoad;  // for tests
     Rooms TrayRooms;
 };
 

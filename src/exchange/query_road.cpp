@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+#include "exchange/query_road.h"
+
+#include "base/text.h"
+
+namespace vbr {
+
+RoadKind ChooseRoad(bool is64BitWindows, std::optional<RoadKind> forced) {
+    return forced.value_or(is64BitWindows ? RoadKind::Local : RoadKind::Posted);
+}
+
+std::optional<RoadKind> ParseRoad(std::u16string_view word) {
+    if (EqualsNoCase(word, u"local")) {
+        return RoadKind::Local;
+    }
+    if (EqualsNoCase(word, u"posted")) {
+        return RoadKind::Posted;
+    }
+    return std::nullopt;
+}
+
+std::u16string_view DescribeRoad(RoadKind road) {
+    return road == RoadKind::Posted ? u"Use x32 implementation XP like"
+                                    : u"Use x64 implementation Win7 like";
+}
+
+QueryStart LocalRoad::Start(WindowHandle target, std::uintptr_t, WPQuery& query) {
+    query.TargetWindow = target;
+    query.StateSelText = kSelTextFailed;
+    query.SelText = selection_.ExtractSelectedText(target);
+    if (!query.SelText.empty()) {
+        query.StateSelText = kSelTextExtracted;
+    }
+    const WindowThread thread = windows_.ThreadOf(target);
+    query.AppPath = windows_.ProgramPath(thread.Process);
+    query.Hkl = windows_.KeyboardLayout(thread.Thread);
+    query.WindowClassName = windows_.ClassName(target);
+    return QueryStart::Local;
+}
+
+QueryStart PostedRoad::Start(WindowHandle target, std::uintptr_t wParam, WPQuery&) {
+    const bool posted = windows_.Post(target, queryMessage_, wParam);
+    log_.Write(Concat(u"Sending message by PostMessage bRet=", int{posted}));
+    return posted ? QueryStart::Posted : QueryStart::Failed;
+}
+
+}  // namespace vbr

@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string_view>
+
+#include "exchange/query.h"
+#include "exchange/selected_text.h"
+#include "platform/desktop_windows.h"
+#include "platform/log.h"
+
+namespace vbr {
+
+enum class QueryStart {
+    Posted = 0,
+    Failed = 1,
+    Local = 2,  // the query was filled here
+};
+
+// How a query reaches the target.
+class QueryRoad {
+  public:
+    virtual ~QueryRoad() = default;
+
+    // Starts a query about the window. `wParam` tells its cause to the hook library.
+    virtual QueryStart Start(WindowHandle target, std::uintptr_t wParam, WPQuery& query) = 0;
+};
+
+enum class RoadKind { Local, Posted };
+
+// The road of the system, unless one is forced.
+RoadKind ChooseRoad(bool is64BitWindows, std::optional<RoadKind> forced);
+
+// "local" or "posted"; nothing for any other word.
+std::optional<RoadKind> ParseRoad(std::u16string_view word);
+
+// The road in the words of the environment report.
+std::u16string_view DescribeRoad(RoadKind road);
+
+// Fills the query here, by making the target copy its selection.
+class LocalRoad : public QueryRoad {
+  public:
+    LocalRoad(DesktopWindows& windows, SelectedTextReader& selection)
+        : windows_(windows), selection_(selection) {}
+
+    QueryStart Start(WindowHandle target, std::uintptr_t wParam, WPQuery& query) override;
+
+  private:
+    DesktopWindows& windows_;
+    SelectedTextReader& selection_;
+};
+
+// Posts the registered message; the hook library in the target answers through the interchange
+// area.
+class PostedRoad : public QueryRoad {
+  public:
+    PostedRoad(DesktopWindows& windows, std::uint32_t queryMessage, Log& log)
+        : windows_(windows), queryMessage_(queryMessage), log_(log) {}
+
+    QueryStart Start(WindowHandle target, std::uintptr_t wParam, WPQuery& query) override;
+
+  private:
+    DesktopWindows& windows_;
+    std::uint32_t queryMessage_;
+    Log& log_;
+};
+
+}  // namespace vbr

@@ -1,0 +1,113 @@
+// SPDX-License-Identifier: MIT
+#include "exchange/win32/query_wait_thread.h"
+
+#include <system_error>
+
+#include "platform/object_names.h"
+
+namespace vbr {
+namespace {
+
+constexpr UINT kDeliverTimeoutMs = 2000;
+constexpr std::uint32_t kQuietMs = 1;
+
+HANDLE HandleOf(NamedEvent& event) {
+    return static_cast<WinNamedEvent&>(event).Get();
+}
+
+// A thread that is being waited for may be sending a message to this one.
+void JoinAndAnswer(std::thread& thread) {
+    const HANDLE handle = thread.native_handle();
+    while (MsgWaitForMultipleObjects(1, &handle, FALSE, INFINITE, QS_SENDMESSAGE) ==
+           WAIT_OBJECT_0 + 1) {
+        MSG ignored;
+        PeekMessageW(&ignored, nullptr, 0, 0, PM_NOREMOVE | PM_QS_SENDMESSAGE);
+    }
+    thread.join();
+}
+
+}  // namespace
+
+QueryWaitThread::QueryWaitThread(const Parts& parts)
+    : parts_(parts),
+      area_(parts.Memory, kAreaInterchange, parts.WaitLog),
+      end_(UniqueHandle(CreateEventW(nullptr, TRUE, FALSE, nullptr))) {}
+
+bool QueryWaitThread::Start(NamedEvent& dataNeeded, NamedEvent& dataCompleted) {
+    Stop();
+    dataNeeded_ = &dataNeeded;
+    dataCompleted_ = &dataCompleted;
+    end_.Reset();
+    try {
+        thread_ = std::thread([this] {
+            CWaitQuery(*this, area_, parts_.Selection, *this, parts_.WaitLog)
+                .ThreadProc_WaitQuery();
+        });
+    } catch (const std::system_error&) {
+        parts_.WaitLog.LogError(
+            u"Cannot start thread for waiting of query CWaitQuery::StartWaitThread");
+        return false;
+    }
+    return true;
+}
+
+void QueryWaitThread::Stop() {
+    if (!thread_.joinable()) {
+        return;
+    }
+    end_.Set();
+    {
+        const std::lock_guard guard(mutex_);
+        pending_.reset();
+    }
+    JoinAndAnswer(thread_);
+}
+
+std::shared_ptr<QueryExchange> QueryWaitThread::Find(WPARAM query, LPARAM answer) {
+    const std::lock_guard guard(mutex_);
+    const bool isPending = pending_ && query == reinterpret_cast<WPARAM>(&pending_->Query) &&
+                           answer == reinterpret_cast<LPARAM>(&pending_->Answer);
+    return isPending ? pending_ : nullptr;
+}
+
+QueryWake QueryWaitThread::Wait(std::uint32_t& errorCode) {
+    const HANDLE handles[] = {HandleOf(*dataNeeded_), HandleOf(parts_.Stop), end_.Get()};
+    switch (WaitForMultipleObjects(3, handles, FALSE, INFINITE)) {
+        case WAIT_OBJECT_0:
+            return QueryWake::DataNeeded;
+        case WAIT_OBJECT_0 + 1:
+        case WAIT_OBJECT_0 + 2:
+            return QueryWake::Stop;
+        default:
+            errorCode = GetLastError();
+            return QueryWake::Failed;
+    }
+}
+
+bool QueryWaitThread::IsDataNeededQuiet() {
+    return dataNeeded_->Wait(kQuietMs) == WaitResult::TimedOut;
+}
+
+bool QueryWaitThread::Deliver(const std::shared_ptr<QueryExchange>& exchange) {
+    {
+        const std::lock_guard guard(mutex_);
+        if (end_.Wait(0) == WaitResult::Signalled) {
+            return false;
+        }
+        pending_ = exchange;
+    }
+    DWORD_PTR result = 0;
+    const LRESULT answered = SendMessageTimeoutW(
+        parts_.NotifyWindow, parts_.QueryMessage, reinterpret_cast<WPARAM>(&exchange->Query),
+        reinterpret_cast<LPARAM>(&exchange->Answer), SMTO_BLOCK | SMTO_ABORTIFHUNG,
+        kDeliverTimeoutMs, &result);
+    const std::lock_guard guard(mutex_);
+    pending_.reset();
+    return answered != 0 && result == 1;
+}
+
+void QueryWaitThread::ReportWaitError() {
+    PostMessageW(parts_.NotifyWindow, parts_.ErrorMessage, 0, 0);
+}
+
+}  // namespace vbr
