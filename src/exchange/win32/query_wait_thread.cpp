@@ -15,15 +15,17 @@ HANDLE HandleOf(NamedEvent& event) {
     return static_cast<WinNamedEvent&>(event).Get();
 }
 
-// A thread that is being waited for may be sending a message to this one.
-void JoinAndAnswer(std::thread& thread) {
-    const HANDLE handle = thread.native_handle();
-    while (MsgWaitForMultipleObjects(1, &handle, FALSE, INFINITE, QS_SENDMESSAGE) ==
+WinNamedEvent UnnamedEvent() {
+    return WinNamedEvent(UniqueHandle(CreateEventW(nullptr, TRUE, FALSE, nullptr)));
+}
+
+// The thread that is waited for may be sending a message to this one.
+void WaitAndAnswer(HANDLE event) {
+    while (MsgWaitForMultipleObjects(1, &event, FALSE, INFINITE, QS_SENDMESSAGE) ==
            WAIT_OBJECT_0 + 1) {
         MSG ignored;
         PeekMessageW(&ignored, nullptr, 0, 0, PM_NOREMOVE | PM_QS_SENDMESSAGE);
     }
-    thread.join();
 }
 
 }  // namespace
@@ -31,17 +33,20 @@ void JoinAndAnswer(std::thread& thread) {
 QueryWaitThread::QueryWaitThread(const Parts& parts)
     : parts_(parts),
       area_(parts.Memory, kAreaInterchange, parts.WaitLog),
-      end_(UniqueHandle(CreateEventW(nullptr, TRUE, FALSE, nullptr))) {}
+      end_(UnnamedEvent()),
+      ended_(UnnamedEvent()) {}
 
 bool QueryWaitThread::Start(NamedEvent& dataNeeded, NamedEvent& dataCompleted) {
     Stop();
     dataNeeded_ = &dataNeeded;
     dataCompleted_ = &dataCompleted;
     end_.Reset();
+    ended_.Reset();
     try {
         thread_ = std::thread([this] {
             CWaitQuery(*this, area_, parts_.Selection, *this, parts_.WaitLog)
                 .ThreadProc_WaitQuery();
+            ended_.Set();
         });
     } catch (const std::system_error&) {
         parts_.WaitLog.LogError(
@@ -60,7 +65,8 @@ void QueryWaitThread::Stop() {
         const std::lock_guard guard(mutex_);
         pending_.reset();
     }
-    JoinAndAnswer(thread_);
+    WaitAndAnswer(ended_.Get());
+    thread_.join();
 }
 
 std::shared_ptr<QueryExchange> QueryWaitThread::Find(WPARAM query, LPARAM answer) {

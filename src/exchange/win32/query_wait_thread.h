@@ -48,6 +48,7 @@ class QueryWaitThread : public QueryWaiter, private QuerySignals, private QueryR
     Parts parts_;
     InterchangeArea area_;
     WinNamedEvent end_;
+    WinNamedEvent ended_;
     NamedEvent* dataNeeded_ = nullptr;
     NamedEvent* dataCompleted_ = nullptr;
     std::thread thread_;
