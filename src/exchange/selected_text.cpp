@@ -18,6 +18,9 @@ constexpr std::array<KeyEvent, 4> kCopyKeys = {{
 }  // namespace
 
 std::u16string SelectedTextReader::ExtractSelectedText(WindowHandle target) {
+    if (!mayCopy_) {
+        return {};
+    }
     clipboard_.Empty();
     input_.Send(kCopyKeys);
     // Some windows answer only the key, others only the message.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <atomic>
 #include <string>
 
 #include "platform/clipboard.h"
@@ -21,11 +22,15 @@ class SelectedTextReader {
     // on the clipboard.
     std::u16string ExtractSelectedText(WindowHandle target);
 
+    // While it isn't allowed the clipboard stays as it is and no text is selected. Any thread.
+    void AllowCopy(bool allowed) { mayCopy_ = allowed; }
+
   private:
     Clipboard& clipboard_;
     InputInjector& input_;
     DesktopWindows& windows_;
     Clock& clock_;
+    std::atomic<bool> mayCopy_ = true;
 };
 
 }  // namespace vbr

@@ -127,9 +127,7 @@ TEST_F(FirstRoad, BadPhraseFilesAreLeftAsTheyAreAndTheOthersLoad) {
     for (const auto& [name, bytes] : bad) {
         EXPECT_EQ(FileBytes(program_.Phrases() / name), bytes);
     }
-    const std::string log = FileBytes(program_.Folder() / L"LogReport.txt");
-    const std::u16string lines(reinterpret_cast<const char16_t*>(log.data()),
-                               log.size() / sizeof(char16_t));
+    const std::u16string lines = program_.Log();
     std::size_t skipped = 0;
     for (std::size_t at = 0; (at = lines.find(u"Phrase file skipped: ", at)) != lines.npos; ++at) {
         ++skipped;

@@ -135,5 +135,12 @@ TEST_F(HookService, TheTargetCopiesToAnEmptiedClipboardAndGetsTimeForIt) {
     EXPECT_EQ(Input.Sent.at(0), copyKeys);
 }
 
+TEST_F(HookService, AClipboardThatCouldNotBeKeptIsNotCopiedOver) {
+    Selection.AllowCopy(false);
+    EXPECT_EQ(Selection.ExtractSelectedText(50), u"");
+    EXPECT_EQ(Calls, Journal());
+    EXPECT_TRUE(Clock.Sleeps.empty());
+}
+
 }  // namespace
 }  // namespace vbr

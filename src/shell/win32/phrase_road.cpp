@@ -85,7 +85,8 @@ std::u16string PhraseRoad::PhrasesFolder() const {
 
 QueryStart PhraseRoad::StartQuery(bool fromHotkey) {
     builder_.SetClipboardAtHotkey(clipboard_.UnicodeText());
-    snapshot_.Take();
+    // A copy in the target would replace what could not be kept.
+    selection_.AllowCopy(snapshot_.Take());
     WPQuery query;
     query.GuiThreadInfo = windows_.OwnGuiThread();
     const QueryStart start = hooks_.SendMessageToTargetWindow(fromHotkey ? 0 : 1, query);
@@ -104,14 +105,14 @@ void PhraseRoad::OnQueryReady(WPARAM query, LPARAM answer) {
 }
 
 void PhraseRoad::Deliver(std::int32_t choice, WindowHandle target) {
-    if (choice <= 0) {
-        return;
-    }
     const auto id = static_cast<std::uint32_t>(choice);
     const DeliveryContext context{builder_.ClipboardAtHotkey(), builder_.SelectedText(),
                                   LanguageOf(builder_.Hkl())};
     if (delivery_.DeliverCommand(id, target, context) == DeliverResult::Phrase) {
         builder_.RememberCommand(id);
+        snapshot_.ClearRestore();
+    } else {
+        snapshot_.RestoreClipboardSnapshot();
     }
 }
 

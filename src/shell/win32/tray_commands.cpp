@@ -16,6 +16,11 @@
 
 // The icon in the notification area, its menu, and the commands.
 namespace vbr {
+namespace {
+
+constexpr std::uint32_t kStartErrorBalloonMs = 10'000;
+
+}  // namespace
 
 LRESULT CVBRTrayWnd::OnInstallTrayIcon(WPARAM, LPARAM) {
     if (!UpdateTrayIcon(TrayIconMode::Add, {}, false)) {
@@ -23,6 +28,10 @@ LRESULT CVBRTrayWnd::OnInstallTrayIcon(WPARAM, LPARAM) {
         return 0;
     }
     sounds_.PlayEventSound(IsProcessElevated() ? EventSound::StartedElevated : EventSound::Started);
+    if (!startError_.empty()) {
+        ShowTrayBalloon(TrimLeft(startError_, u"\n"), kStartErrorBalloonMs);
+        startError_.clear();
+    }
     return 1;
 }
 

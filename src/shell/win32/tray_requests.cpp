@@ -186,7 +186,11 @@ LRESULT CVBRTrayWnd::OnCopyData(WPARAM, LPARAM block) {
 
 void CVBRTrayWnd::React(std::int32_t choice, WindowHandle target) {
     context_.TrayLog.Write(u"CVBRTrayWnd::OnWmCommandFromSelf");
-    road_->Deliver(choice, target);
+    if (choice > 0) {
+        road_->Deliver(choice, target);
+    } else {
+        road_->RestoreClipboardSnapshot();
+    }
 }
 
 LRESULT CVBRTrayWnd::OnRightMenuCommand(WPARAM code, LPARAM item) {

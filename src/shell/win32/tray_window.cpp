@@ -136,8 +136,7 @@ LRESULT CVBRTrayWnd::OnCreate(WPARAM, LPARAM) {
     if (context_.CmdLine.NoInstall()) {
         CAppObjects::Messages().push_back(u"No install on launch. Flag specifided");
     } else {
-        std::u16string ignored;
-        road_->InstallService(ignored);
+        road_->InstallService(startError_);
     }
     icon_.StartInstallThread(Handle(), context_.Stop);
     context_.TrayRooms.Tips.Create(Text(kStrDefaultMenuTip));

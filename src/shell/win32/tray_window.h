@@ -141,6 +141,7 @@ class CVBRTrayWnd : public WindowBase, private SessionActions {
     SessionWatch session_;
     CWtsNotify sessionNotify_;
     UINT lastHoveredCommand_ = 0;
+    std::u16string startError_;  // why the service is off, until the icon has told it
     EventSoundThread sounds_;
     TrayIcon icon_;
     std::unique_ptr<PhraseRoad> road_;  // made with the window

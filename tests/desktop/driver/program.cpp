@@ -3,6 +3,7 @@
 
 #include <cstdlib>
 #include <fstream>
+#include <iterator>
 
 #include "desktop/driver/waiting.h"
 #include "platform/object_names.h"
@@ -63,6 +64,12 @@ std::filesystem::path Program::AddPhrase(const std::string& name, int sortId,
 
 void Program::WriteSettings(const std::string& lines) const {
     std::ofstream(folder_ / L"Settings.ini") << "[Settings]\n" << lines << "\n";
+}
+
+std::u16string Program::Log() const {
+    std::ifstream file(folder_ / L"LogReport.txt", std::ios::binary);
+    const std::string bytes{std::istreambuf_iterator<char>(file), {}};
+    return {reinterpret_cast<const char16_t*>(bytes.data()), bytes.size() / sizeof(char16_t)};
 }
 
 Process Program::Start(const std::wstring& arguments) const {

@@ -31,6 +31,8 @@ class Program {
     std::filesystem::path AddPhrase(const std::string& name, int sortId,
                                     const std::string& xmlCmd) const;
     void WriteSettings(const std::string& lines) const;
+    // What stands in the log file.
+    std::u16string Log() const;
 
     // Starts a process of the program with these arguments.
     Process Start(const std::wstring& arguments = L"") const;

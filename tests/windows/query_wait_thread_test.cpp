@@ -1,0 +1,212 @@
+// SPDX-License-Identifier: MIT
+#include "exchange/win32/query_wait_thread.h"
+
+#include <cstring>
+#include <gtest/gtest.h>
+#include <tlhelp32.h>
+#include <utility>
+
+#include "base/text.h"
+#include "exchange/win32/hook_module.h"
+#include "fakes/memory_log.h"
+#include "fakes/native_profile_store.h"
+#include "platform/object_names.h"
+#include "platform/win32/wide.h"
+#include "platform/win32/win_clipboard.h"
+#include "platform/win32/win_clock.h"
+#include "platform/win32/win_desktop_windows.h"
+#include "platform/win32/win_hotkey_registrar.h"
+#include "platform/win32/win_input_injector.h"
+#include "shell/hotkey_service.h"
+#include "windows/program_folder.h"
+
+namespace vbr {
+namespace {
+
+constexpr UINT kQuery = WM_APP + 3;
+constexpr UINT kError = WM_APP + 18;
+
+// A window on a thread that pumps when the test says so, as the main thread does.
+class QueryWait : public testing::Test {
+  protected:
+    QueryWait()
+        : window_(CreateWindowExW(0, L"Static", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr,
+                                  nullptr)) {
+        current_ = this;
+        SetWindowLongPtrW(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&QueryWait::Receive));
+        area_ = memory_.Create(kAreaInterchange, kAreaInterchangeSize);
+        needed_ = events_.Create(kEventDataNeeded, EventReset::Manual, ObjectAccess::Default);
+        completed_ = events_.Create(kEventDataCompleted, EventReset::Manual, ObjectAccess::Default);
+    }
+    ~QueryWait() override { DestroyWindow(window_); }
+
+    // What the hook library does.
+    void LayQuery(const std::string& document) {
+        area_->Write(document);
+        needed_->Set();
+    }
+    // Answers sent messages until the condition holds.
+    template <typename Condition>
+    bool Pump(Condition&& holds) {
+        for (int i = 0; i < 3000 && !holds(); ++i) {
+            MSG message;
+            MsgWaitForMultipleObjects(0, nullptr, FALSE, 10, QS_ALLINPUT);
+            while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+                DispatchMessageW(&message);
+            }
+        }
+        return holds();
+    }
+    bool IsCompleted() { return completed_->Wait(0) == WaitResult::Signalled; }
+
+    WinNamedObjects objects_;
+    NamedObjects& events_ = objects_;
+    SharedMemory& memory_ = objects_;
+    std::unique_ptr<SharedBlock> area_;
+    std::unique_ptr<NamedEvent> needed_;
+    std::unique_ptr<NamedEvent> completed_;
+    std::unique_ptr<NamedEvent> stop_ =
+        events_.Create(u"", EventReset::Manual, ObjectAccess::Default);
+    MemoryLog log_;
+    WinClipboard clipboard_;
+    WinInputInjector input_;
+    WinDesktopWindows windows_;
+    WinClock clock_;
+    SelectedTextReader selection_{clipboard_, input_, windows_, clock_};
+    HWND window_;
+    QueryWaitThread thread_{{window_, kQuery, kError, *stop_, memory_, selection_, log_}};
+    std::vector<WPQuery> received_;
+    DWORD answerDelay_ = 0;  // of the next answer
+    bool answers_ = false;
+
+  private:
+    static LRESULT CALLBACK Receive(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+        if (message != kQuery) {
+            return DefWindowProcW(window, message, wParam, lParam);
+        }
+        QueryWait& test = *current_;
+        Sleep(std::exchange(test.answerDelay_, 0));
+        if (const auto exchange = test.thread_.Find(wParam, lParam)) {
+            test.received_.push_back(exchange->Query);
+            if (test.answers_) {
+                exchange->Answer.Items.push_back({.Text = u"item", .CMDID = 5});
+            }
+        }
+        return 1;
+    }
+
+    static QueryWait* current_;
+};
+
+QueryWait* QueryWait::current_ = nullptr;
+
+TEST_F(QueryWait, QueriesReachTheWindowOneAfterTheOther) {
+    ASSERT_TRUE(thread_.Start(*needed_, *completed_));
+    for (std::size_t i = 1; i <= 3; ++i) {
+        LayQuery("<WPQuery><HWND>" + std::to_string(i) + "</HWND></WPQuery>");
+        ASSERT_TRUE(Pump([&] { return received_.size() == i; }));
+        EXPECT_EQ(received_.back().TargetWindow, i);
+        EXPECT_EQ(needed_->Wait(0), WaitResult::TimedOut);
+    }
+    EXPECT_FALSE(IsCompleted());
+}
+
+TEST_F(QueryWait, AnAnswerLiesInTheAreaWhenTheHookSideIsTold) {
+    answers_ = true;
+    ASSERT_TRUE(thread_.Start(*needed_, *completed_));
+    LayQuery("<WPQuery/>");
+    ASSERT_TRUE(Pump([&] { return IsCompleted(); }));
+    const std::string answer = memory_.ReadText(kAreaInterchange).Bytes;
+    EXPECT_NE(answer.find("<Command Flags=\"0\" CMDID=\"5\""), std::string::npos) << answer;
+}
+
+TEST_F(QueryWait, AnAreaThatHoldsNoQueryLetsTheHookSideGoOn) {
+    ASSERT_TRUE(thread_.Start(*needed_, *completed_));
+    for (const char* document : {"", "<WPQue", "\xFF\xFE<"}) {
+        completed_->Reset();
+        LayQuery(document);
+        EXPECT_TRUE(Pump([&] { return IsCompleted(); })) << document;
+    }
+    EXPECT_TRUE(received_.empty());
+}
+
+TEST_F(QueryWait, AnAreaWithoutAZeroByteIsNotRead) {
+    const UniqueHandle mapping(
+        OpenFileMappingW(FILE_MAP_WRITE, FALSE, Wide(kAreaInterchange.data())));
+    void* view = MapViewOfFile(mapping.get(), FILE_MAP_WRITE, 0, 0, 0);
+    ASSERT_TRUE(view);
+    std::memset(view, 'x', kAreaInterchangeSize);
+    EXPECT_EQ(memory_.ReadText(kAreaInterchange).State, SharedTextState::NotReadable);
+    UnmapViewOfFile(view);
+    EXPECT_EQ(memory_.ReadText(u"no such area").State, SharedTextState::NotOpened);
+}
+
+TEST_F(QueryWait, AWindowThatAnswersTooLateHearsOfTheNextQuery) {
+    ASSERT_TRUE(thread_.Start(*needed_, *completed_));
+    answerDelay_ = 2500;
+    LayQuery("<WPQuery><HWND>1</HWND></WPQuery>");
+    ASSERT_TRUE(Pump([&] { return needed_->Wait(0) == WaitResult::TimedOut; }));
+    LayQuery("<WPQuery><HWND>2</HWND></WPQuery>");
+    ASSERT_TRUE(Pump([&] { return !received_.empty() && received_.back().TargetWindow == 2; }));
+    EXPECT_FALSE(IsCompleted());
+}
+
+TEST_F(QueryWait, AMessageWithOtherAddressesIsNoQuery) {
+    ASSERT_TRUE(thread_.Start(*needed_, *completed_));
+    SendMessageW(window_, kQuery, 8, 16);
+    EXPECT_TRUE(received_.empty());
+}
+
+// The count of the process's threads; its handles are counted beside it.
+std::size_t CountThreads() {
+    const UniqueHandle snapshot(CreateToolhelp32Snapshot(TH32CS_SNAPTHREAD, 0));
+    THREADENTRY32 entry{};
+    entry.dwSize = sizeof entry;
+    std::size_t count = 0;
+    for (BOOL more = Thread32First(snapshot.get(), &entry); more;
+         more = Thread32Next(snapshot.get(), &entry)) {
+        count += entry.th32OwnerProcessID == GetCurrentProcessId();
+    }
+    return count;
+}
+
+DWORD CountHandles() {
+    DWORD count = 0;
+    GetProcessHandleCount(GetCurrentProcess(), &count);
+    return count;
+}
+
+TEST_F(QueryWait, TwoHundredStartsOfTheServiceLeaveNothingBehind) {
+    area_.reset();
+    needed_.reset();
+    completed_.reset();
+    const std::u16string path = (ProgramFolder() / "Vellumbridge.dll").u16string();
+    HookModule hook(path);
+    LocalRoad road(windows_, selection_);
+    CVBRDLLService hooks(hook, objects_, windows_, road, path, log_);
+    WinHotkeyRegistrar hotkeys(window_, 1);
+    NativeProfileStore profile;
+    CVBRSettings settings(profile, {});
+    std::vector<std::u16string> messages;
+    HotkeyService service({settings, hooks, thread_, hotkeys, objects_, objects_, log_, messages});
+    DWORD handles = 0;
+    std::size_t threads = 0;
+    for (int i = 0; i < 205; ++i) {
+        std::u16string error;
+        ASSERT_TRUE(service.Install({reinterpret_cast<WindowHandle>(window_), kQuery, {}, 0, false},
+                                    true, error))
+            << Utf16ToUtf8(error);
+        service.Stop();
+        if (i == 4) {
+            handles = CountHandles();
+            threads = CountThreads();
+        }
+    }
+    EXPECT_EQ(CountHandles(), handles);
+    EXPECT_EQ(CountThreads(), threads);
+    EXPECT_EQ(OpenFileMappingW(FILE_MAP_READ, FALSE, Wide(kAreaInterchange.data())), nullptr);
+    EXPECT_FALSE(events_.Exists(kEventDataNeeded));
+}
+
+}  // namespace
+}  // namespace vbr
