@@ -72,10 +72,9 @@ TEST(QueryDocument, OtherTextsAreNoQuery) {
     for (int i = 0; i < 100'000; ++i) {
         deep += "<a>";
     }
-    for (const std::string& text :
-         {std::string(), std::string("no xml"), std::string("<WPAnswer/>"),
-          std::string("<a><WPQuery/></a>"), std::string("\xFF\xFE<\0W\0", 6), nested,
-          "<WPQuery>" + deep}) {
+    for (const std::string& text : {std::string(), std::string("no xml"),
+                                    std::string("<WPAnswer/>"), std::string("<a><WPQuery/></a>"),
+                                    std::string("\xFF\xFE<\0W\0", 6), nested, "<WPQuery>" + deep}) {
         WPQuery query;
         EXPECT_FALSE(ParseQuery(text, query)) << text.substr(0, 30);
     }
