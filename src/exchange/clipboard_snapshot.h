@@ -14,8 +14,8 @@ namespace vbr {
 // The whole content of the clipboard as it was when a query began. Belongs to the main thread.
 class CClipboardSnapshot {
   public:
-    // How long the clipboard is waited for: at the beginning before a menu appears, at the end
-    // for longer than any program was seen to hold it, since the user's data depends on it.
+    // How long a program that holds the clipboard is waited for: a short time before the menu
+    // appears, a long one at the end, since the user's data depends on it.
     static constexpr std::uint32_t kTakePatienceMs = 250;
     static constexpr std::uint32_t kRestorePatienceMs = 6000;
 

@@ -6,7 +6,6 @@
 #include <array>
 #include <cstring>
 #include <functional>
-#include <future>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <string_view>
@@ -51,129 +50,100 @@ std::string BytesOf(HGLOBAL memory) {
     return copy;
 }
 
-// Five pixels a row, so that rows have padding.
-BITMAPINFO PixelLayout(WORD bits) {
-    BITMAPINFO info = {};
-    info.bmiHeader = {.biSize = sizeof info.bmiHeader, .biWidth = 5, .biHeight = 3, .biPlanes = 1};
-    info.bmiHeader.biBitCount = bits;
-    return info;
-}
+constexpr BITMAPINFOHEADER kPixelLayout = {.biSize = sizeof(BITMAPINFOHEADER),
+                                           .biWidth = 4,
+                                           .biHeight = 3,
+                                           .biPlanes = 1,
+                                           .biBitCount = 32};
+using Pixels = std::array<DWORD, 12>;
+constexpr Pixels kPixels = {0xFF010203, 0x80040506, 0, 0x00FFFFFF, 0x12345678};
 
+// With 24 bits a pixel in memory, or as the device has it.
 HBITMAP MakeBitmap(bool inMemory) {
-    BITMAPINFO info = PixelLayout(24);
-    std::array<BYTE, 48> pixels;
-    for (std::size_t i = 0; i < pixels.size(); ++i) {
-        pixels[i] = static_cast<BYTE>(i % 16 == 15 ? 0 : i * 5);
-    }
+    BITMAPINFO info = {.bmiHeader = kPixelLayout};
+    BITMAPINFO own = info;
+    own.bmiHeader.biBitCount = 24;
     HDC screen = GetDC(nullptr);
     void* bits = nullptr;
-    HBITMAP bitmap = inMemory ? CreateDIBSection(screen, &info, DIB_RGB_COLORS, &bits, nullptr, 0)
-                              : CreateCompatibleBitmap(screen, 5, 3);
-    SetDIBits(screen, bitmap, 0, 3, pixels.data(), &info, DIB_RGB_COLORS);
+    HBITMAP bitmap = inMemory ? CreateDIBSection(screen, &own, DIB_RGB_COLORS, &bits, nullptr, 0)
+                              : CreateCompatibleBitmap(screen, 4, 3);
+    SetDIBits(screen, bitmap, 0, 3, kPixels.data(), &info, DIB_RGB_COLORS);
     ReleaseDC(nullptr, screen);
     return bitmap;
 }
 
-std::string DibBytes() {
-    const BITMAPINFOHEADER header = PixelLayout(32).bmiHeader;
-    std::string pixels;
-    for (int i = 0; i < 5 * 3 * 4; ++i) {
-        pixels.push_back(static_cast<char>(i * 4));
-    }
-    return BytesOf(header) + pixels;
-}
-
-std::string PixelsOf(HBITMAP bitmap) {
-    BITMAP size = {};
-    GetObjectW(bitmap, sizeof size, &size);
-    BITMAPINFO info = PixelLayout(32);
-    std::array<DWORD, 15> pixels = {};
-    HDC screen = GetDC(nullptr);
-    GetDIBits(screen, bitmap, 0, 3, pixels.data(), &info, DIB_RGB_COLORS);
-    ReleaseDC(nullptr, screen);
-    return BytesOf(size.bmWidth) + BytesOf(size.bmHeight) + BytesOf(size.bmBitsPixel) +
-           BytesOf(pixels);
-}
-
-void Draw(HDC canvas) {
-    Rectangle(canvas, 1, 2, 30, 40);
-    TextOutW(canvas, 3, 4, L"drawn", 5);
-}
-
 HENHMETAFILE MakeEnhancedMetafile() {
     HDC canvas = CreateEnhMetaFileW(nullptr, nullptr, nullptr, L"a\0b\0");
-    Draw(canvas);
+    Rectangle(canvas, 1, 2, 30, 40);
     return CloseEnhMetaFile(canvas);
 }
 
 HGLOBAL MakePicture() {
     HDC canvas = CreateMetaFileW(nullptr);
-    Draw(canvas);
-    const METAFILEPICT picture = {MM_ANISOTROPIC, 1234, 567, CloseMetaFile(canvas)};
-    return MemoryOf(BytesOf(picture));
+    Rectangle(canvas, 1, 2, 30, 40);
+    return MemoryOf(BytesOf(METAFILEPICT{MM_ANISOTROPIC, 1234, 567, CloseMetaFile(canvas)}));
 }
 
 HPALETTE MakePalette() {
-    struct {
-        WORD Version = 0x300;
-        WORD Count = 3;
-        std::array<PALETTEENTRY, 3> Entries = {
-            {{1, 2, 3, 0}, {4, 5, 6, PC_RESERVED}, {7, 8, 9, 0}}};
-    } palette;
-    return CreatePalette(reinterpret_cast<LOGPALETTE*>(&palette));
+    const WORD palette[] = {0x300, 2, 0x0201, 0x0003, 0x0504, PC_RESERVED << 8 | 6};
+    return CreatePalette(reinterpret_cast<const LOGPALETTE*>(palette));
 }
 
-UINT Registered(const wchar_t* name) {
-    return RegisterClipboardFormatW(name);
+// What another program gets out of a handle.
+std::string Seen(UINT format, HANDLE data) {
+    std::string bytes;
+    switch (format) {
+        case CF_BITMAP:
+        case CF_DSPBITMAP: {
+            BITMAP size = {};
+            GetObjectW(data, sizeof size, &size);
+            BITMAPINFO info = {.bmiHeader = kPixelLayout};
+            Pixels pixels = {};
+            HDC screen = GetDC(nullptr);
+            GetDIBits(screen, static_cast<HBITMAP>(data), 0, 3, pixels.data(), &info,
+                      DIB_RGB_COLORS);
+            ReleaseDC(nullptr, screen);
+            return BytesOf(size.bmWidth) + BytesOf(size.bmHeight) + BytesOf(size.bmBitsPixel) +
+                   BytesOf(pixels);
+        }
+        case CF_PALETTE: {
+            std::array<PALETTEENTRY, 300> entries = {};
+            const UINT count =
+                GetPaletteEntries(static_cast<HPALETTE>(data), 0, 300, entries.data());
+            return BytesOf(count) + BytesOf(entries);
+        }
+        case CF_ENHMETAFILE:
+        case CF_DSPENHMETAFILE: {
+            auto* metafile = static_cast<HENHMETAFILE>(data);
+            bytes.resize(GetEnhMetaFileBits(metafile, 0, nullptr));
+            GetEnhMetaFileBits(metafile, static_cast<UINT>(bytes.size()),
+                               reinterpret_cast<BYTE*>(bytes.data()));
+            return bytes;
+        }
+        case CF_METAFILEPICT:
+        case CF_DSPMETAFILEPICT: {
+            METAFILEPICT picture = {};
+            std::memcpy(&picture, BytesOf(data).data(), sizeof picture);
+            bytes.resize(GetMetaFileBitsEx(picture.hMF, 0, nullptr));
+            GetMetaFileBitsEx(picture.hMF, static_cast<UINT>(bytes.size()), bytes.data());
+            return bytes + BytesOf(picture.mm) + BytesOf(picture.xExt) + BytesOf(picture.yExt);
+        }
+        default:
+            return BytesOf(data);
+    }
 }
 
-using Content = std::vector<std::pair<UINT, HANDLE>>;
-
-// The content as any other program sees it: each format with what its handle stands for.
-std::vector<std::pair<UINT, std::string>> Seen() {
+std::vector<std::pair<UINT, std::string>> SeenContent() {
     std::vector<std::pair<UINT, std::string>> seen;
     EXPECT_TRUE(OpenClipboard(nullptr));
     for (UINT format = 0; (format = EnumClipboardFormats(format)) != 0;) {
-        HANDLE data = GetClipboardData(format);
-        std::string bytes;
-        switch (format) {
-            case CF_BITMAP:
-            case CF_DSPBITMAP:
-                bytes = PixelsOf(static_cast<HBITMAP>(data));
-                break;
-            case CF_PALETTE: {
-                std::array<PALETTEENTRY, 300> entries = {};
-                const UINT count =
-                    GetPaletteEntries(static_cast<HPALETTE>(data), 0, 300, entries.data());
-                bytes = BytesOf(count) + BytesOf(entries);
-                break;
-            }
-            case CF_ENHMETAFILE:
-            case CF_DSPENHMETAFILE: {
-                auto* metafile = static_cast<HENHMETAFILE>(data);
-                bytes.resize(GetEnhMetaFileBits(metafile, 0, nullptr));
-                GetEnhMetaFileBits(metafile, static_cast<UINT>(bytes.size()),
-                                   reinterpret_cast<BYTE*>(bytes.data()));
-                break;
-            }
-            case CF_METAFILEPICT:
-            case CF_DSPMETAFILEPICT: {
-                METAFILEPICT picture = {};
-                std::memcpy(&picture, GlobalLock(data), sizeof picture);
-                GlobalUnlock(data);
-                bytes.resize(GetMetaFileBitsEx(picture.hMF, 0, nullptr));
-                GetMetaFileBitsEx(picture.hMF, static_cast<UINT>(bytes.size()), bytes.data());
-                bytes += BytesOf(picture.mm) + BytesOf(picture.xExt) + BytesOf(picture.yExt);
-                break;
-            }
-            default:
-                bytes = BytesOf(static_cast<HGLOBAL>(data));
-        }
-        seen.emplace_back(format, bytes);
+        seen.emplace_back(format, Seen(format, GetClipboardData(format)));
     }
     CloseClipboard();
     return seen;
 }
+
+using Content = std::vector<std::pair<UINT, HANDLE>>;
 
 class WinClipboardAccessTest : public testing::Test {
   protected:
@@ -199,9 +169,9 @@ class WinClipboardAccessTest : public testing::Test {
 };
 
 TEST_F(WinClipboardAccessTest, EveryFormatComesBackAsItWas) {
-    const UINT rtf = Registered(L"Rich Text Format");
-    const UINT html = Registered(L"HTML Format");
-    const UINT own = Registered(L"Vellumbridge test format");
+    const UINT rtf = RegisterClipboardFormatW(L"Rich Text Format");
+    const UINT html = RegisterClipboardFormatW(L"HTML Format");
+    const UINT own = RegisterClipboardFormatW(L"Vellumbridge test format");
     const struct {
         const char* Name;
         Content Given;
@@ -218,7 +188,7 @@ TEST_F(WinClipboardAccessTest, EveryFormatComesBackAsItWas) {
          {{CF_TEXT, MemoryOf({"\xCF\xF0\xE8", 4})}, {CF_LOCALE, MemoryOf({"\x19\x04\0", 4})}}},
         {"a bitmap in memory", {{CF_BITMAP, MakeBitmap(true)}, {CF_PALETTE, MakePalette()}}},
         {"a bitmap of the device", {{CF_BITMAP, MakeBitmap(false)}}},
-        {"a DIB with alpha values", {{CF_DIB, MemoryOf(DibBytes())}}},
+        {"a DIB with alpha values", {{CF_DIB, MemoryOf(BytesOf(kPixelLayout) + BytesOf(kPixels))}}},
         {"an enhanced metafile", {{CF_ENHMETAFILE, MakeEnhancedMetafile()}}},
         {"a metafile", {{CF_METAFILEPICT, MakePicture()}}},
         {"objects that a private format shows",
@@ -230,13 +200,13 @@ TEST_F(WinClipboardAccessTest, EveryFormatComesBackAsItWas) {
     for (const auto& test : cases) {
         SCOPED_TRACE(test.Name);
         Put(test.Given);
-        const auto before = Seen();
+        const auto before = SeenContent();
         EXPECT_GE(before.size(), test.Given.size());
         EXPECT_TRUE(snapshot_.Take());
         PutOther();
-        EXPECT_NE(Seen(), before);
+        EXPECT_NE(SeenContent(), before);
         EXPECT_TRUE(snapshot_.RestoreClipboardSnapshot());
-        EXPECT_EQ(Seen(), before);
+        EXPECT_EQ(SeenContent(), before);
         EXPECT_EQ(GetClipboardOwner(), own_);
         EXPECT_THAT(log_.Lines, IsEmpty());
         log_.Lines.clear();
@@ -252,7 +222,7 @@ TEST_F(WinClipboardAccessTest, HandlesThatOnlyTheirOwnerKnowsAreLeftOut) {
     EXPECT_THAT(log_.Lines, SizeIs(3));
     PutOther();
     EXPECT_TRUE(snapshot_.RestoreClipboardSnapshot());
-    const auto seen = Seen();
+    const auto seen = SeenContent();
     EXPECT_THAT(seen, Contains(std::pair<UINT, std::string>(CF_TEXT, {"text", 5})));
     for (const UINT format : {CF_OWNERDISPLAY, CF_PRIVATEFIRST, CF_GDIOBJFIRST}) {
         EXPECT_THAT(seen, Not(Contains(testing::Key(format))));
@@ -260,25 +230,15 @@ TEST_F(WinClipboardAccessTest, HandlesThatOnlyTheirOwnerKnowsAreLeftOut) {
 }
 
 TEST_F(WinClipboardAccessTest, ABlockCanBeWrittenMoreThanOnce) {
-    Put({{CF_BITMAP, MakeBitmap(true)}, {CF_METAFILEPICT, MakePicture()}});
-    const auto before = Seen();
-    std::vector<ClipboardBlock> blocks;
-    {
-        const auto session = clipboard_.Open(0);
-        ASSERT_TRUE(session);
-        for (const std::uint32_t format : session->Formats()) {
-            blocks.push_back(session->Read(format).value());
-        }
-    }
-    for (int i = 0; i < 2; ++i) {
-        {
+    for (const std::uint32_t format : {CF_BITMAP, CF_METAFILEPICT}) {
+        Put({{format, format == CF_BITMAP ? MakeBitmap(true) : MakePicture()}});
+        const auto before = SeenContent();
+        const ClipboardBlock block = clipboard_.Open(0)->Read(format).value();
+        for (int i = 0; i < 2; ++i) {
             const auto session = clipboard_.Open(0);
-            ASSERT_TRUE(session && session->Empty());
-            for (const ClipboardBlock& block : blocks) {
-                EXPECT_TRUE(session->Write(block)) << block.Format;
-            }
+            EXPECT_TRUE(session->Empty() && session->Write(block));
         }
-        EXPECT_EQ(Seen(), before);
+        EXPECT_EQ(SeenContent(), before);
     }
 }
 
@@ -299,49 +259,41 @@ TEST_F(WinClipboardAccessTest, TheContentOutlivesTheWindowThatWouldOwnIt) {
     EXPECT_EQ(WinClipboard().Text(), u"text");
 }
 
-// Runs `work` with a window on a thread that answers no message meanwhile; `Release` ends it.
-class SilentThread {
+// A window whose thread answers no message until this goes.
+class HungWindow {
   public:
-    explicit SilentThread(const std::function<void(HWND)>& begin, const std::function<void()>& end)
-        : thread_([this, begin, end] {
+    explicit HungWindow(const std::function<void(HWND)>& begin, DWORD milliseconds = INFINITE)
+        : thread_([this, begin, milliseconds] {
               HWND window = MakeWindow();
               begin(window);
-              ready_.set_value();
-              release_.get_future().wait();
-              end();
+              SetEvent(ready_);
+              WaitForSingleObject(release_, milliseconds);
+              CloseClipboard();
               DestroyWindow(window);
           }) {
-        ready_.get_future().wait();
+        WaitForSingleObject(ready_, INFINITE);
     }
-    ~SilentThread() {
-        Release();
+    ~HungWindow() {
+        SetEvent(release_);
         thread_.join();
+        CloseHandle(ready_);
+        CloseHandle(release_);
     }
-    SilentThread(const SilentThread&) = delete;
-    SilentThread& operator=(const SilentThread&) = delete;
-
-    void Release() {
-        if (!released_) {
-            released_ = true;
-            release_.set_value();
-        }
-    }
+    HungWindow(const HungWindow&) = delete;
+    HungWindow& operator=(const HungWindow&) = delete;
 
   private:
-    std::promise<void> ready_;
-    std::promise<void> release_;
-    bool released_ = false;
+    HANDLE ready_ = CreateEventW(nullptr, TRUE, FALSE, nullptr);
+    HANDLE release_ = CreateEventW(nullptr, TRUE, FALSE, nullptr);
     std::thread thread_;
 };
 
 TEST_F(WinClipboardAccessTest, AHungOwnerIsGivenUp) {
-    const SilentThread hung(
-        [](HWND window) {
-            EXPECT_TRUE(OpenClipboard(window) && EmptyClipboard());
-            SetClipboardData(CF_UNICODETEXT, nullptr);
-            CloseClipboard();
-        },
-        [] {});
+    const HungWindow hung([](HWND window) {
+        EXPECT_TRUE(OpenClipboard(window) && EmptyClipboard());
+        SetClipboardData(CF_UNICODETEXT, nullptr);
+        CloseClipboard();
+    });
     const ULONGLONG start = GetTickCount64();
     EXPECT_EQ(WinClipboard().UnicodeText(), u"");
     snapshot_.Take();
@@ -354,20 +306,13 @@ TEST_F(WinClipboardAccessTest, AProgramThatHoldsTheClipboardIsWaitedForAtTheEnd)
     Put({{CF_TEXT, MemoryOf({"text", 5})}});
     EXPECT_TRUE(snapshot_.Take());
     PutOther();
-    SilentThread holder([](HWND window) { EXPECT_TRUE(OpenClipboard(window)); },
-                        [] { CloseClipboard(); });
-
+    const HungWindow holder([](HWND window) { EXPECT_TRUE(OpenClipboard(window)); }, 5000);
+    EXPECT_FALSE(WinClipboard().Empty());
+    EXPECT_EQ(WinClipboard().Text(), u"");
     CClipboardSnapshot second(clipboard_, log_);
     EXPECT_FALSE(second.Take());
-
-    constexpr DWORD kHeldMs = 5000;
-    std::thread later([&] {
-        Sleep(kHeldMs);
-        holder.Release();
-    });
     EXPECT_TRUE(snapshot_.RestoreClipboardSnapshot());
     EXPECT_EQ(WinClipboard().Text(), u"text");
-    later.join();
 }
 
 }  // namespace

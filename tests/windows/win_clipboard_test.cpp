@@ -4,11 +4,9 @@
 #include "platform/win32/windows.h"
 
 #include <cstring>
-#include <future>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <string_view>
-#include <thread>
 
 namespace vbr {
 namespace {
@@ -45,29 +43,6 @@ TEST(WinClipboardTest, ATextWithoutATerminatorEndsWithItsBlock) {
 TEST(WinClipboardTest, TextOfAProgramWithoutUnicodeIsRead) {
     ASSERT_TRUE(Put(CF_TEXT, {"plain\0", 6}));
     EXPECT_EQ(WinClipboard().Text(), u"plain");
-}
-
-TEST(WinClipboardTest, AHeldClipboardIsLeftAlone) {
-    ASSERT_TRUE(Put(CF_UNICODETEXT, BytesOf({u"text\0", 5})));
-    std::promise<bool> held;
-    std::promise<void> release;
-    std::thread holder([&] {
-        HWND window = CreateWindowExW(0, L"STATIC", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr,
-                                      nullptr, nullptr);
-        const bool open = window && OpenClipboard(window);
-        held.set_value(open);
-        release.get_future().wait();
-        if (open) {
-            CloseClipboard();
-        }
-        DestroyWindow(window);
-    });
-    EXPECT_TRUE(held.get_future().get());
-    EXPECT_FALSE(WinClipboard().Empty());
-    EXPECT_EQ(WinClipboard().Text(), u"");
-    release.set_value();
-    holder.join();
-    EXPECT_EQ(WinClipboard().Text(), u"text");
 }
 
 }  // namespace

@@ -187,8 +187,10 @@ class WinSession : public ClipboardSession {
     bool TryOpen(HWND owner) {
         if (owner && !IsWindow(owner)) {
             // With a dead window it doesn't open, and without one it takes no data.
-            standIn_.reset(CreateWindowExW(0, L"STATIC", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr,
-                                           nullptr, nullptr));
+            if (!standIn_) {
+                standIn_.reset(CreateWindowExW(0, L"STATIC", L"", 0, 0, 0, 0, 0, HWND_MESSAGE,
+                                               nullptr, nullptr, nullptr));
+            }
             owner = standIn_.get();
         }
         open_ = OpenClipboard(owner) != 0;
