@@ -9,28 +9,29 @@ namespace vbr {
 
 bool CClipboardSnapshot::Take() {
     ClearRestore();
+    bool whole = false;
     {
         const auto session = clipboard_.Open(kTakePatienceMs);
         if (!session) {
             log_.LogError(u"Clipboard snapshot not taken: another program keeps it open");
             return false;
         }
-        ReadFormats(*session);
+        whole = ReadFormats(*session);
     }
     bRestore_ = true;
     // Reading can change it: an owner gives its data only when it is asked.
     takenAt_ = clipboard_.SequenceNumber();
-    return true;
+    return whole;
 }
 
-void CClipboardSnapshot::ReadFormats(const ClipboardSession& session) {
+bool CClipboardSnapshot::ReadFormats(const ClipboardSession& session) {
     const std::vector<std::uint32_t> formats = session.Formats();
     for (std::size_t i = 0; i < formats.size(); ++i) {
         if (!session.DoesOwnerAnswer(kOwnerAnswerMs)) {
             log_.LogError(
                 Concat(u"Clipboard snapshot: the owner doesn't answer, formats left out: ",
                        ToDecimal(static_cast<std::int64_t>(formats.size() - i))));
-            return;
+            return false;
         }
         if (auto block = session.Read(formats[i])) {
             blocks_.push_back(std::move(*block));
@@ -38,6 +39,7 @@ void CClipboardSnapshot::ReadFormats(const ClipboardSession& session) {
             LogFormat(u"left out", formats[i], session.FormatName(formats[i]));
         }
     }
+    return true;
 }
 
 bool CClipboardSnapshot::RestoreClipboardSnapshot() {

@@ -25,8 +25,8 @@ class CClipboardSnapshot {
     CClipboardSnapshot(const CClipboardSnapshot&) = delete;
     CClipboardSnapshot& operator=(const CClipboardSnapshot&) = delete;
 
-    // Replaces what it held by every format of the clipboard, to be put back. False, holding
-    // nothing, when another program keeps the clipboard open: to empty it now would lose it.
+    // Replaces what it held by every format of the clipboard, to be put back. False when another
+    // program keeps the clipboard open, or its owner hangs: to empty it now would lose data.
     bool Take();
 
     // Puts the content back and lets go of it. Does nothing when there is none or when the
@@ -38,7 +38,8 @@ class CClipboardSnapshot {
     void ClearRestore();
 
   private:
-    void ReadFormats(const ClipboardSession& session);
+    // False when an owner that hangs ended it.
+    bool ReadFormats(const ClipboardSession& session);
     void WriteFormats(ClipboardSession& session);
     void LogFormat(std::u16string_view what, std::uint32_t format, std::u16string_view name);
 
