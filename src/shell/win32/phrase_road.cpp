@@ -90,6 +90,9 @@ QueryStart PhraseRoad::StartQuery(bool fromHotkey) {
     WPQuery query;
     query.GuiThreadInfo = windows_.OwnGuiThread();
     const QueryStart start = hooks_.SendMessageToTargetWindow(fromHotkey ? 0 : 1, query);
+    if (start == QueryStart::Failed) {
+        snapshot_.ClearRestore();
+    }
     if (start == QueryStart::Local) {
         WPAnswer answer;
         builder_.OnDataNeeded(query, answer);
