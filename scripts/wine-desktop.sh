@@ -114,9 +114,11 @@ remove_stale_runs() {
 
 start_display() {
     local number
+    # The server may come up later than the first look at this.
+    : >"$work/display"
     # The X server dies with this script, however that ends.
     setpriv --pdeathsig KILL Xvfb -displayfd 3 -screen 0 "${size}x24" -nolisten tcp -noreset \
-        3>"$work/display" >"$work/xvfb.log" 2>&1 7>&- &
+        3>>"$work/display" >"$work/xvfb.log" 2>&1 7>&- &
     display_pid=$!
     for ((i = 0; i < 300; i++)); do
         number=$(cat "$work/display")
@@ -169,13 +171,18 @@ run() {
     remove_stale_runs
 
     command_pid= display_pid=
-    work=$(mktemp -d "$cache/runs/XXXXXXXX")
+    # Hidden from those who look for stale runs until it has its lock.
+    local hidden
+    hidden=$(mktemp -d "$cache/runs/.XXXXXXXX")
+    work=$hidden
     trap finish EXIT
     trap 'exit 129' HUP
     trap 'exit 130' INT
     trap 'exit 143' TERM
     exec 7>"$work/lock"
     flock 7
+    work=$cache/runs/${hidden##*/.}
+    mv "$hidden" "$work"
 
     copy_template "$work/prefix"
     export WINEPREFIX=$work/prefix
