@@ -40,6 +40,7 @@ WPInstallParams MakeParams(const HookServiceStart& start) {
     params.LogPath = start.LogPath.empty() ? nullptr : start.LogPath.c_str();
     params.LogAtom = start.LogAtom;
     params.AllowWaitAnswer = start.AllowWaitAnswer ? 1 : 0;
+    params.Road = start.Road;
     return params;
 }
 

@@ -21,6 +21,7 @@ struct HookServiceStart {
     std::u16string LogPath;  // empty while the log is off
     std::uint16_t LogAtom = 0;
     bool AllowWaitAnswer = false;
+    QueryRoadChoice Road = QueryRoadChoice::OfSystem;
 };
 
 // The text for a code of WPInstallParams, with a line that names the code.

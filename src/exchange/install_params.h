@@ -5,6 +5,13 @@
 
 namespace vbr {
 
+// Who describes the target: the program itself, or the hook library from within the target.
+enum class QueryRoadChoice : std::uint32_t {
+    OfSystem = 0,  // the program on 64-bit Windows, the library on 32-bit Windows
+    Local = 1,
+    Posted = 2,
+};
+
 // The block that WP_Install of the hook library receives. A binary layout between the program and
 // the library: packed, fields in this order. The block and its texts end with the call.
 #pragma pack(push, 1)
@@ -20,10 +27,11 @@ struct WPInstallParams {
     std::uint32_t Reserved2 = 0;
     std::uint16_t LogAtom = 0;  // global atom of the log's path, 0 while the log is off
     std::uint32_t AllowWaitAnswer = 0;
+    QueryRoadChoice Road = QueryRoadChoice::OfSystem;
 };
 #pragma pack(pop)
 
-static_assert(sizeof(void*) != 8 || sizeof(WPInstallParams) == 62);
+static_assert(sizeof(void*) != 8 || sizeof(WPInstallParams) == 66);
 
 // Why the hook library could not be installed.
 inline constexpr std::uint32_t kHookSuccess = 0;

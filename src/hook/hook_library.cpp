@@ -2,75 +2,105 @@
 #include "platform/win32/windows.h"
 
 #include "exchange/install_params.h"
+#include "hook/foreground_watch.h"
+#include "hook/message_hook.h"
 
-// The hook library's side of the program. Its four exports are plain C, looked up by name.
+// The hook library's side of the program. Its four exports are plain C, looked up by name. There is
+// no C++ runtime behind it: no exceptions, no new, no objects that are made at the start.
+namespace vbr::hook {
 namespace {
 
-bool g_installed = false;
+constinit MessageHook g_messageHook;
+constinit bool g_installed = false;
 
-bool HasText(const char16_t* name) {
-    return name && *name;
-}
-
-bool IsOwnWindow(HWND window) {
-    DWORD process = 0;
-    GetWindowThreadProcessId(window, &process);
-    return process == GetCurrentProcessId();
-}
-
-// The window in front and its thread's focus; an own window counts as none.
-HWND ForeignForeground() {
-    const HWND window = GetForegroundWindow();
-    return window && !IsOwnWindow(window) ? window : nullptr;
-}
-
-}  // namespace
-
-extern "C" {
-
-// Takes the block for the time of the call. 0 with an error code in the block on failure.
-int WP_Install(vbr::WPInstallParams* params) {
-    if (!params) {
-        return 0;
+bool IsPostedRoad(QueryRoadChoice choice) {
+    if (choice != QueryRoadChoice::OfSystem) {
+        return choice == QueryRoadChoice::Posted;
     }
+    BOOL emulated = FALSE;
+    const bool is64BitWindows =
+        sizeof(void*) == 8 || (IsWow64Process(GetCurrentProcess(), &emulated) && emulated);
+    return !is64BitWindows;
+}
+
+std::uint32_t Install(const WPInstallParams& params) {
     if (g_installed) {
-        params->ErrorCode = vbr::kHookAlreadyInstalled;
-        return 0;
+        return kHookAlreadyInstalled;
     }
-    if (!HasText(params->DataNeededName) || !HasText(params->DataCompletedName) ||
-        !HasText(params->InterchangeAreaName)) {
-        params->ErrorCode = vbr::kHookBadNames;
-        return 0;
+    HookSetup setup;
+    if (!MakeSetup(params, setup)) {
+        return kHookBadNames;
     }
-    params->ErrorCode = vbr::kHookSuccess;
+    if (!TheForegroundWatch().Start()) {
+        return kHookNotHooked;
+    }
+    if (IsPostedRoad(params.Road) && !g_messageHook.Set(setup)) {
+        TheForegroundWatch().Stop();
+        return kHookNotHooked;
+    }
     g_installed = true;
-    return 1;
+    return kHookSuccess;
 }
 
-// Not 0 when nothing of the library is in use any more.
-int WP_Uninstall() {
+bool Uninstall() {
+    if (g_messageHook.IsSet() && !g_messageHook.Remove()) {
+        return false;
+    }
+    if (!TheForegroundWatch().Stop()) {
+        return false;
+    }
     g_installed = false;
-    return 1;
+    return true;
 }
 
-// The window with the keyboard focus in the application in front, or null.
-HWND WP_GetTargetWindow() {
-    const HWND front = ForeignForeground();
+// The window with the keyboard focus in the application in front.
+HWND TargetWindow() {
+    const HWND front = ForegroundWatch::InFront();
     if (!front) {
         return nullptr;
     }
     GUITHREADINFO info{};
     info.cbSize = sizeof info;
     const DWORD thread = GetWindowThreadProcessId(front, nullptr);
-    if (GetGUIThreadInfo(thread, &info) && info.hwndFocus && !IsOwnWindow(info.hwndFocus)) {
-        return info.hwndFocus;
-    }
-    return front;
+    const bool hasFocus = GetGUIThreadInfo(thread, &info) && IsForeign(info.hwndFocus);
+    return hasFocus ? info.hwndFocus : front;
 }
 
-// The top window of the application in front, to which the foreground can be given back.
+}  // namespace
+}  // namespace vbr::hook
+
+extern "C" {
+
+BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, void*) {
+    if (reason == DLL_PROCESS_ATTACH) {
+        DisableThreadLibraryCalls(module);
+        vbr::hook::EnterProcess(module);
+    }
+    return TRUE;
+}
+
+// Takes the block for the time of the call. 0 with an error code in the block on failure.
+int WP_Install(vbr::WPInstallParams* params) {
+    if (!params) {
+        return 0;
+    }
+    params->ErrorCode = vbr::hook::Install(*params);
+    return params->ErrorCode == vbr::kHookSuccess;
+}
+
+// Not 0 when nothing of the library is in use any more. Belongs to the thread of WP_Install.
+int WP_Uninstall() {
+    return vbr::hook::Uninstall();
+}
+
+// The window with the keyboard focus in the application in front, null while that is this program.
+HWND WP_GetTargetWindow() {
+    return vbr::hook::TargetWindow();
+}
+
+// The top window that was in front last and isn't this program's, null when it is gone.
 HWND WP_GetTargetWindowOther() {
-    return ForeignForeground();
+    return vbr::hook::TheForegroundWatch().Last();
 }
 
 }  // extern "C"

@@ -23,6 +23,14 @@ std::unique_ptr<QueryRoad> MakeRoad(RoadKind kind, DesktopWindows& windows,
     return std::make_unique<LocalRoad>(windows, selection);
 }
 
+// The library asks the system the same question as the program, unless the answer is forced.
+QueryRoadChoice RoadOfLibrary(std::optional<RoadKind> forced) {
+    if (!forced) {
+        return QueryRoadChoice::OfSystem;
+    }
+    return *forced == RoadKind::Posted ? QueryRoadChoice::Posted : QueryRoadChoice::Local;
+}
+
 }  // namespace
 
 PhraseRoad::PhraseRoad(const Parts& parts, HWND window)
@@ -66,9 +74,12 @@ bool PhraseRoad::InstallService(std::u16string& errorText) {
         parts_.RoadLog.StopLog();
     }
     LoadPhrases();
-    const HookServiceStart start{reinterpret_cast<WindowHandle>(window_), queryMessage_,
-                                 parts_.RoadLog.Path(), parts_.RoadLog.Atom(),
-                                 builder_.IsAllow_WaitAnswerFromExeAgent()};
+    const HookServiceStart start{reinterpret_cast<WindowHandle>(window_),
+                                 queryMessage_,
+                                 parts_.RoadLog.Path(),
+                                 parts_.RoadLog.Atom(),
+                                 builder_.IsAllow_WaitAnswerFromExeAgent(),
+                                 RoadOfLibrary(parts_.ForcedRoad)};
     return service_.Install(start, parts_.Access.FileExists(hooks_.LibraryPath()), errorText);
 }
 

@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: MIT
+#include "hook/message_hook.h"
+
+#include "hook/letting_go.h"
+#include "hook/query_answer.h"
+
+namespace vbr::hook {
+namespace {
+
+// No message has this number.
+constexpr UINT kNoMessage = 0xFFFF'FFFF;
+
+constinit HookSetup g_setup = {kNoMessage, {}, {}};
+constinit HMODULE g_module = nullptr;
+
+// Runs for every message of every thread that has windows.
+LRESULT CALLBACK OnMessage(int code, WPARAM wParam, LPARAM lParam) {
+    const auto* message = reinterpret_cast<const MSG*>(lParam);
+    if (code == HC_ACTION && message->message == g_setup.QueryMessage && wParam == PM_REMOVE) {
+        AnswerQuery(*message, g_setup);
+    }
+    return CallNextHookEx(nullptr, code, wParam, lParam);
+}
+
+}  // namespace
+
+bool MessageHook::Set(const HookSetup& setup) {
+    UniqueHandle published = PublishSetup(setup);
+    if (!published) {
+        return false;
+    }
+    g_setup = setup;
+    hook_ = SetWindowsHookExW(WH_GETMESSAGE, OnMessage, g_module, 0);
+    if (hook_) {
+        published_ = published.release();
+    }
+    return hook_ != nullptr;
+}
+
+bool MessageHook::Remove() {
+    if (!UnhookWindowsHookEx(hook_)) {
+        return false;
+    }
+    hook_ = nullptr;
+    CloseHandle(published_);
+    published_ = nullptr;
+    g_setup.QueryMessage = kNoMessage;
+    LetTargetsGo(g_module);
+    return true;
+}
+
+void EnterProcess(HMODULE module) {
+    g_module = module;
+    ReadPublishedSetup(g_setup);
+}
+
+}  // namespace vbr::hook
