@@ -3,9 +3,10 @@
 
 #include "platform/win32/windows.h"
 
-#include <functional>
 #include <future>
 #include <thread>
+#include <tuple>
+#include <utility>
 
 namespace vbr {
 
@@ -13,8 +14,8 @@ namespace vbr {
 class TargetThread {
   public:
     TargetThread(const wchar_t* windowClass, DWORD style, WNDPROC procedure = nullptr) {
-        std::promise<HWND> made;
-        std::future<HWND> window = made.get_future();
+        std::promise<std::pair<HWND, DWORD>> made;
+        auto result = made.get_future();
         thread_ = std::thread([&made, windowClass, style, procedure] {
             const HWND control =
                 CreateWindowExW(0, windowClass, L"", WS_OVERLAPPED | WS_VISIBLE | style, 40, 50,
@@ -25,17 +26,17 @@ class TargetThread {
                                                     reinterpret_cast<LONG_PTR>(procedure)));
             }
             SetFocus(control);
-            made.set_value(control);
+            made.set_value({control, GetCurrentThreadId()});
             MSG message;
             while (GetMessageW(&message, nullptr, 0, 0) > 0) {
                 DispatchMessageW(&message);
             }
             DestroyWindow(control);
         });
-        window_ = window.get();
+        std::tie(window_, id_) = result.get();
     }
     ~TargetThread() {
-        PostThreadMessageW(GetThreadId(thread_.native_handle()), WM_QUIT, 0, 0);
+        PostThreadMessageW(id_, WM_QUIT, 0, 0);
         thread_.join();
     }
     TargetThread(const TargetThread&) = delete;
@@ -52,6 +53,7 @@ class TargetThread {
   private:
     std::thread thread_;
     HWND window_ = nullptr;
+    DWORD id_ = 0;
 };
 
 }  // namespace vbr
