@@ -107,8 +107,7 @@ build_windows() {
 ring_2() {
     local program=$root/build/windows/bin/vellumbridge_windows_tests.exe
     need_program "$program"
-    run_tests ring-2 1 "$root/scripts/wine-desktop.sh" run --no-display --timeout 300 -- \
-        wine "$program"
+    run_tests ring-2 1 "$root/scripts/wine-desktop.sh" run --timeout 300 -- wine "$program"
 }
 
 bench_windows() {

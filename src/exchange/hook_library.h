@@ -23,6 +23,9 @@ class HookLibrary {
 
     // The window that a query is about; 0 when there is none.
     virtual WindowHandle GetTargetWindow() = 0;
+    // The top window that was in front last and isn't this program's, to give the focus back to;
+    // 0 when there is none any more.
+    virtual WindowHandle GetTargetWindowOther() = 0;
 
     // Wakes all windows, so that processes let go of a library that isn't hooked in any more.
     virtual void BroadcastNull() = 0;

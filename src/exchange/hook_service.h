@@ -50,6 +50,8 @@ class CVBRDLLService {
     const std::u16string& LibraryPath() const { return libraryPath_; }
 
     WindowHandle GetTargetWindow() { return installed_ ? library_.GetTargetWindow() : 0; }
+    // The window to give the focus back to after one of this program's had it; 0 for none.
+    WindowHandle GetTargetWindowOther() { return installed_ ? library_.GetTargetWindowOther() : 0; }
 
     // Starts a query about the target in front; `wParam` tells the hook library its cause. Local
     // means that `query` is filled.

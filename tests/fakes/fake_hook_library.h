@@ -29,6 +29,7 @@ class FakeHookLibrary : public HookLibrary {
     }
     std::optional<bool> Uninstall() override { return Note("uninstall", UninstallResult); }
     WindowHandle GetTargetWindow() override { return Target; }
+    WindowHandle GetTargetWindowOther() override { return Target; }
     void BroadcastNull() override { Note("broadcast", true); }
 
   private:

@@ -36,9 +36,9 @@ std::optional<bool> HookModule::Uninstall() {
     return uninstall ? std::optional(uninstall() != 0) : std::nullopt;
 }
 
-WindowHandle HookModule::GetTargetWindow() {
-    const auto target = Find<HWND (*)()>("WP_GetTargetWindow");
-    return target ? reinterpret_cast<WindowHandle>(target()) : 0;
+WindowHandle HookModule::AskForWindow(const char* name) const {
+    const auto ask = Find<HWND (*)()>(name);
+    return ask ? reinterpret_cast<WindowHandle>(ask()) : 0;
 }
 
 void HookModule::BroadcastNull() {

@@ -21,12 +21,14 @@ class HookModule : public HookLibrary {
     void Unload() override;
     std::optional<bool> Install(WPInstallParams& params) override;
     std::optional<bool> Uninstall() override;
-    WindowHandle GetTargetWindow() override;
+    WindowHandle GetTargetWindow() override { return AskForWindow("WP_GetTargetWindow"); }
+    WindowHandle GetTargetWindowOther() override { return AskForWindow("WP_GetTargetWindowOther"); }
     void BroadcastNull() override;
 
   private:
     template <typename Function>
     Function Find(const char* name) const;
+    WindowHandle AskForWindow(const char* name) const;
 
     std::u16string path_;
     HMODULE module_ = nullptr;
