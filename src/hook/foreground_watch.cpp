@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "hook/foreground_watch.h"
 
+#include "hook/wine.h"
+
 namespace vbr::hook {
 namespace {
 
@@ -27,10 +29,12 @@ bool IsForeign(HWND window) {
 }
 
 bool ForegroundWatch::Start() {
-    hook_ = SetWinEventHook(EVENT_SYSTEM_FOREGROUND, EVENT_SYSTEM_FOREGROUND, nullptr, Notice, 0, 0,
+    // The focus follows the window in front.
+    const DWORD event = RunsOnWine() ? EVENT_OBJECT_FOCUS : EVENT_SYSTEM_FOREGROUND;
+    hook_ = SetWinEventHook(event, event, nullptr, Notice, 0, 0,
                             WINEVENT_OUTOFCONTEXT | WINEVENT_SKIPOWNPROCESS);
     last_ = nullptr;
-    Last();
+    Remember(GetForegroundWindow());
     return hook_ != nullptr;
 }
 
@@ -48,18 +52,19 @@ HWND ForegroundWatch::InFront() {
 }
 
 HWND ForegroundWatch::Last() {
-    const HWND front = InFront();
-    if (front && !IsTaskbar(front)) {
-        last_ = front;
-    }
+    Remember(GetForegroundWindow());
     // The number of a window that is gone may belong to another one by now.
     return IsForeign(last_) ? last_ : nullptr;
 }
 
-void ForegroundWatch::Notice(HWINEVENTHOOK, DWORD, HWND window, LONG, LONG, DWORD, DWORD) {
+void ForegroundWatch::Remember(HWND window) {
     if (IsForeign(window) && !IsTaskbar(window)) {
-        TheForegroundWatch().last_ = window;
+        last_ = window;
     }
+}
+
+void ForegroundWatch::Notice(HWINEVENTHOOK, DWORD, HWND window, LONG, LONG, DWORD, DWORD) {
+    TheForegroundWatch().Remember(GetAncestor(window, GA_ROOT));
 }
 
 ForegroundWatch& TheForegroundWatch() {

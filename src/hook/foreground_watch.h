@@ -22,6 +22,7 @@ class ForegroundWatch {
     HWND Last();
 
   private:
+    void Remember(HWND window);
     static void CALLBACK Notice(HWINEVENTHOOK, DWORD, HWND, LONG, LONG, DWORD, DWORD);
 
     HWINEVENTHOOK hook_ = nullptr;

@@ -3,7 +3,7 @@
 
 #include <tlhelp32.h>
 
-#include "hook/loaded_function.h"
+#include "hook/wine.h"
 #include "platform/win32/handle.h"
 
 namespace vbr::hook {
@@ -11,10 +11,6 @@ namespace {
 
 constexpr DWORD kPatienceMs = 500;
 constexpr DWORD kPauseMs = 5;
-
-bool NeverLetsGo() {
-    return FunctionOf<void (*)()>(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") != nullptr;
-}
 
 struct Round {
     HMODULE Library;
@@ -80,7 +76,7 @@ BOOL CALLBACK LetGo(HWND window, LPARAM data) {
 }  // namespace
 
 void LetTargetsGo(HMODULE module) {
-    if (!NeverLetsGo()) {
+    if (!RunsOnWine()) {
         return;
     }
     Round round{module, {}, GetTickCount64() + kPatienceMs, 0};

@@ -24,6 +24,13 @@ bool WaitUntil(Condition holds) {
     return holds();
 }
 
+bool BringToFront(HWND window) {
+    return WaitUntil([window] {
+        SetForegroundWindow(window);
+        return GetForegroundWindow() == window;
+    });
+}
+
 // Notepad as another program, with its edit control.
 class Target {
   public:
@@ -45,13 +52,6 @@ class Target {
 
     HWND Window() const { return window_; }
     HWND Edit() const { return edit_; }
-
-    bool BringToFront() const {
-        return WaitUntil([this] {
-            SetForegroundWindow(window_);
-            return GetForegroundWindow() == window_;
-        });
-    }
 
     bool HasHookLibrary() const {
         const UniqueHandle modules(
@@ -120,7 +120,7 @@ TEST(HookTargetTest, OnTheLocalRoadNothingEntersOtherPrograms) {
     for (const QueryRoadChoice road : {QueryRoadChoice::Local, QueryRoadChoice::OfSystem}) {
         HookDesk desk;
         ASSERT_TRUE(desk.Install(road));
-        ASSERT_TRUE(target.BringToFront());
+        ASSERT_TRUE(BringToFront(target.Window()));
         // Behind the query in the target's queue.
         ASSERT_TRUE(desk.Post(target.Edit()));
         SendMessageW(target.Edit(), WM_NULL, 0, 0);
@@ -147,14 +147,13 @@ TEST(HookTargetTest, TheTargetIsTheFocusInFrontAndTheOtherIsTheLastProgramInFron
         const Target first;
         {
             const Target second;
-            ASSERT_TRUE(first.BringToFront());
+            ASSERT_TRUE(BringToFront(first.Window()));
             EXPECT_TRUE(
                 WaitUntil([&] { return library.GetTargetWindow() == number(first.Edit()); }));
             EXPECT_EQ(library.GetTargetWindowOther(), number(first.Window()));
-            ASSERT_TRUE(second.BringToFront());
+            ASSERT_TRUE(BringToFront(second.Window()));
             Pump();
-            SetForegroundWindow(own.Window());
-            ASSERT_TRUE(WaitUntil([&] { return GetForegroundWindow() == own.Window(); }));
+            ASSERT_TRUE(BringToFront(own.Window()));
             EXPECT_EQ(library.GetTargetWindow(), 0U);
             EXPECT_TRUE(WaitUntil([&] {
                 Pump();
@@ -170,10 +169,9 @@ TEST(HookTargetTest, TheFocusCanBeGivenBackToTheOtherWindow) {
     HookDesk desk;
     ASSERT_TRUE(desk.Install(QueryRoadChoice::Local));
     const Target target;
-    ASSERT_TRUE(target.BringToFront());
+    ASSERT_TRUE(BringToFront(target.Window()));
     const TargetThread own(L"Edit", 0);
-    SetForegroundWindow(own.Window());
-    ASSERT_TRUE(WaitUntil([&] { return GetForegroundWindow() == own.Window(); }));
+    ASSERT_TRUE(BringToFront(own.Window()));
     Pump();
     const HWND other = reinterpret_cast<HWND>(desk.Library().GetTargetWindowOther());
     const DWORD thread = GetWindowThreadProcessId(other, nullptr);
