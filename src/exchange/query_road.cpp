@@ -38,7 +38,11 @@ QueryStart LocalRoad::Start(WindowHandle target, std::uintptr_t, WPQuery& query)
     return QueryStart::Local;
 }
 
-QueryStart PostedRoad::Start(WindowHandle target, std::uintptr_t wParam, WPQuery&) {
+QueryStart PostedRoad::Start(WindowHandle target, std::uintptr_t wParam, WPQuery& query) {
+    if (!windows_.HasOwnBitness(windows_.ThreadOf(target).Process)) {
+        log_.Write(u"The hook library cannot enter a program of that bitness");
+        return local_.Start(target, wParam, query);
+    }
     const bool posted = windows_.Post(target, queryMessage_, wParam);
     log_.Write(Concat(u"Sending message by PostMessage bRet=", int{posted}));
     return posted ? QueryStart::Posted : QueryStart::Failed;

@@ -52,16 +52,18 @@ class LocalRoad : public QueryRoad {
 };
 
 // Posts the registered message; the hook library in the target answers through the interchange
-// area.
+// area. A target that the library can't enter is asked from here.
 class PostedRoad : public QueryRoad {
   public:
-    PostedRoad(DesktopWindows& windows, std::uint32_t queryMessage, Log& log)
-        : windows_(windows), queryMessage_(queryMessage), log_(log) {}
+    PostedRoad(DesktopWindows& windows, SelectedTextReader& selection, std::uint32_t queryMessage,
+               Log& log)
+        : windows_(windows), local_(windows, selection), queryMessage_(queryMessage), log_(log) {}
 
     QueryStart Start(WindowHandle target, std::uintptr_t wParam, WPQuery& query) override;
 
   private:
     DesktopWindows& windows_;
+    LocalRoad local_;
     std::uint32_t queryMessage_;
     Log& log_;
 };

@@ -25,6 +25,8 @@ class DesktopWindows {
     virtual std::u16string ProgramPath(std::uint32_t process) const = 0;
     // The system's number for the kind of a program file; nothing when it is no program.
     virtual std::optional<std::uint32_t> BinaryType(const std::u16string& path) const = 0;
+    // Whether libraries of this program can run in the process; so when that can't be told.
+    virtual bool HasOwnBitness(std::uint32_t process) const = 0;
     virtual std::u16string ClassName(WindowHandle window) const = 0;
     virtual LayoutHandle KeyboardLayout(std::uint32_t thread) const = 0;
     // Those of the calling thread.

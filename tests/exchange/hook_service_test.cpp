@@ -98,7 +98,7 @@ TEST_F(HookService, EachQueryNamesItsTargetInTheLog) {
 }
 
 TEST_F(HookService, OnThePostedRoadTheTargetGetsTheMessageAndTheQueryStaysEmpty) {
-    PostedRoad road(Windows, 777, Log);
+    PostedRoad road(Windows, Selection, 777, Log);
     CVBRDLLService service(Library, Objects, Windows, road, u"L:\\lib.dll", Log);
     service.InstallDLLService({}, code_);
     Library.Target = 50;
@@ -107,6 +107,10 @@ TEST_F(HookService, OnThePostedRoadTheTargetGetsTheMessageAndTheQueryStaysEmpty)
     EXPECT_EQ(query_.TargetWindow, 0U);
     Windows.Posts = false;
     EXPECT_EQ(service.SendMessageToTargetWindow(0, query_), QueryStart::Failed);
+    // The library can't be in there to answer.
+    Windows.OwnBitness = false;
+    EXPECT_EQ(service.SendMessageToTargetWindow(0, query_), QueryStart::Local);
+    EXPECT_EQ(query_.TargetWindow, 50U);
 }
 
 TEST(QueryRoad, TheSystemChoosesUnlessOneIsForced) {

@@ -13,6 +13,7 @@ class FakeDesktopWindows : public DesktopWindows {
     explicit FakeDesktopWindows(Journal& calls) : calls_(calls) {}
 
     bool Posts = true;
+    bool OwnBitness = true;
 
     bool IsWindow(WindowHandle window) const override { return window != 0; }
     WindowThread ThreadOf(WindowHandle window) const override {
@@ -22,6 +23,7 @@ class FakeDesktopWindows : public DesktopWindows {
         return Concat(u"program ", process);
     }
     std::optional<std::uint32_t> BinaryType(const std::u16string&) const override { return 6; }
+    bool HasOwnBitness(std::uint32_t) const override { return OwnBitness; }
     std::u16string ClassName(WindowHandle window) const override {
         return Concat(u"class ", window);
     }

@@ -69,6 +69,14 @@ std::optional<std::uint32_t> WinDesktopWindows::BinaryType(const std::u16string&
     return GetBinaryTypeW(Wide(path), &type) ? std::optional<std::uint32_t>(type) : std::nullopt;
 }
 
+bool WinDesktopWindows::HasOwnBitness(std::uint32_t process) const {
+    const UniqueHandle handle(OpenProcess(PROCESS_QUERY_LIMITED_INFORMATION, FALSE, process));
+    BOOL its = FALSE;
+    BOOL own = FALSE;
+    return !IsWow64Process(handle.get(), &its) || !IsWow64Process(GetCurrentProcess(), &own) ||
+           its == own;
+}
+
 std::u16string WinDesktopWindows::ClassName(WindowHandle window) const {
     wchar_t name[kClassNameMax];
     const int length = GetClassNameW(ToWindow(window), name, kClassNameMax);

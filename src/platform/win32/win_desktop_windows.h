@@ -11,6 +11,7 @@ class WinDesktopWindows : public DesktopWindows {
     WindowThread ThreadOf(WindowHandle window) const override;
     std::u16string ProgramPath(std::uint32_t process) const override;
     std::optional<std::uint32_t> BinaryType(const std::u16string& path) const override;
+    bool HasOwnBitness(std::uint32_t process) const override;
     std::u16string ClassName(WindowHandle window) const override;
     LayoutHandle KeyboardLayout(std::uint32_t thread) const override;
     GuiThreadWindows OwnGuiThread() const override;

@@ -18,7 +18,7 @@ ChoiceNotice PostChoiceTo(HWND window) {
 std::unique_ptr<QueryRoad> MakeRoad(RoadKind kind, DesktopWindows& windows,
                                     SelectedTextReader& selection, UINT queryMessage, Log& log) {
     if (kind == RoadKind::Posted) {
-        return std::make_unique<PostedRoad>(windows, queryMessage, log);
+        return std::make_unique<PostedRoad>(windows, selection, queryMessage, log);
     }
     return std::make_unique<LocalRoad>(windows, selection);
 }

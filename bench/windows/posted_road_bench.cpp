@@ -1,0 +1,150 @@
+// SPDX-License-Identifier: MIT
+#include "platform/win32/windows.h"
+
+#include <benchmark/benchmark.h>
+#include <cstdlib>
+
+#include "base/text.h"
+#include "exchange/hook_service.h"
+#include "exchange/win32/hook_module.h"
+#include "exchange/win32/query_wait_thread.h"
+#include "fakes/memory_log.h"
+#include "platform/object_names.h"
+#include "platform/win32/handle.h"
+#include "platform/win32/wide.h"
+#include "platform/win32/win_clipboard.h"
+#include "platform/win32/win_clock.h"
+#include "platform/win32/win_desktop_windows.h"
+#include "platform/win32/win_input_injector.h"
+#include "platform/win32/win_named_objects.h"
+#include "ratio.h"
+#include "windows/target_thread.h"
+
+namespace vbr::bench {
+namespace {
+
+constexpr double kBound = 5;
+constexpr UINT kQueryReady = WM_APP + 3;
+constexpr UINT kWaitError = WM_APP + 18;
+
+struct QuietLog : MemoryLog {
+    bool IsLogOn() const override { return false; }
+    void Write(std::u16string_view) override {}
+};
+
+// What the program has for the posted road. This thread is its main thread.
+class Road {
+  public:
+    Road()
+        : notify_(CreateWindowExW(0, L"Static", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr,
+                                  nullptr)) {
+        SetWindowLongPtrW(notify_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+        SetWindowLongPtrW(notify_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&Receive));
+        std::uint32_t code = 0;
+        hooks_.InstallDLLService({.TrayWindow = reinterpret_cast<WindowHandle>(notify_),
+                                  .QueryMessage = message_,
+                                  .Road = QueryRoadChoice::Posted},
+                                 code);
+        wait_.Start(*needed_, *completed_);
+    }
+    ~Road() {
+        wait_.Stop();
+        hooks_.UninstallDLLService();
+        DestroyWindow(notify_);
+    }
+
+    bool IsInstalled() const { return hooks_.IsInstalled(); }
+
+    // From the start of a query to the moment at which the menu would be built.
+    WPQuery Ask(HWND target) {
+        got_ = false;
+        WPQuery query;
+        query.GuiThreadInfo = windows_.OwnGuiThread();
+        benchmark::DoNotOptimize(library_.GetTargetWindow());
+        road_.Start(reinterpret_cast<WindowHandle>(target), 0, query);
+        while (!got_) {
+            MsgWaitForMultipleObjects(0, nullptr, FALSE, INFINITE, QS_ALLINPUT);
+            MSG message;
+            while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+                DispatchMessageW(&message);
+            }
+        }
+        return query_;
+    }
+
+  private:
+    static LRESULT CALLBACK Receive(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+        if (message != kQueryReady) {
+            return DefWindowProcW(window, message, wParam, lParam);
+        }
+        auto& road = *reinterpret_cast<Road*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+        road.query_ = road.wait_.Find(wParam, lParam)->Query;
+        road.got_ = true;
+        return 1;
+    }
+
+    static std::u16string LibraryPath() {
+        const wchar_t* folder = _wgetenv(L"VELLUMBRIDGE_FOLDER");
+        return Concat(std::u16string_view(FromWide(folder ? folder : L".")), u"\\Vellumbridge.dll");
+    }
+
+    HWND notify_;
+    UINT message_ = RegisterWindowMessageW(Wide(kMessageQuery.data()));
+    QuietLog log_;
+    WinNamedObjects objects_;
+    std::unique_ptr<SharedBlock> area_ = objects_.Create(kAreaInterchange, kAreaInterchangeSize);
+    std::unique_ptr<NamedEvent> needed_ =
+        objects_.Create(kEventDataNeeded, EventReset::Manual, ObjectAccess::Default);
+    std::unique_ptr<NamedEvent> completed_ =
+        objects_.Create(kEventDataCompleted, EventReset::Manual, ObjectAccess::Default);
+    std::unique_ptr<NamedEvent> stop_ =
+        objects_.Create(u"", EventReset::Manual, ObjectAccess::Default);
+    WinDesktopWindows windows_;
+    WinClipboard clipboard_;
+    WinInputInjector input_;
+    WinClock clock_;
+    SelectedTextReader selection_{clipboard_, input_, windows_, clock_};
+    PostedRoad road_{windows_, selection_, message_, log_};
+    HookModule library_{LibraryPath()};
+    CVBRDLLService hooks_{library_, objects_, windows_, road_, u"", log_};
+    QueryWaitThread wait_{{notify_, kQueryReady, kWaitError, *stop_, objects_, selection_, log_}};
+    WPQuery query_;
+    bool got_ = false;
+};
+
+UINT g_bareMessage;
+HANDLE g_bareAnswer;
+
+LRESULT CALLBACK AnswerBare(int code, WPARAM wParam, LPARAM lParam) {
+    if (reinterpret_cast<const MSG*>(lParam)->message == g_bareMessage && wParam == PM_REMOVE) {
+        SetEvent(g_bareAnswer);
+    }
+    return CallNextHookEx(nullptr, code, wParam, lParam);
+}
+
+void PostedQuery(benchmark::State& state) {
+    const TargetThread target(L"Edit", 0);
+    SendMessageW(target.Window(), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L"one two three"));
+    SendMessageW(target.Window(), EM_SETSEL, 4, 7);
+    Road road;
+    if (!road.IsInstalled() || road.Ask(target.Window()).SelText != u"two") {
+        state.SkipWithError("the hook library does not answer");
+        return;
+    }
+    const UniqueHandle answer(CreateEventW(nullptr, FALSE, FALSE, nullptr));
+    g_bareAnswer = answer.get();
+    g_bareMessage = RegisterWindowMessageW(L"Vellumbridge_Bench_Bare");
+    const HHOOK hook = SetWindowsHookExW(WH_GETMESSAGE, AnswerBare, nullptr,
+                                         GetWindowThreadProcessId(target.Window(), nullptr));
+    MeasureRatio(
+        state, kBound, [&] { benchmark::DoNotOptimize(road.Ask(target.Window())); },
+        [&] {
+            PostMessageW(target.Window(), g_bareMessage, 0, 0);
+            WaitForSingleObject(g_bareAnswer, INFINITE);
+        });
+    UnhookWindowsHookEx(hook);
+}
+BENCHMARK(PostedQuery)->Iterations(201)->UseManualTime()->Unit(benchmark::kMicrosecond);
+
+}  // namespace
+}  // namespace vbr::bench
