@@ -30,6 +30,9 @@ class GuardedSections {
     GuardedSections(FaultCatcher& catcher, ErrorReport& report)
         : catcher_(catcher), report_(report) {}
 
+    // Where a section tells a failure that is no fault.
+    ErrorReport& Report() { return report_; }
+
     // What `work` gives; after a fault in it `onFault`, once the fault has been reported.
     template <typename Work>
     std::invoke_result_t<Work&> Run(std::u16string_view text, std::invoke_result_t<Work&> onFault,

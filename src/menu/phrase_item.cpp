@@ -10,7 +10,7 @@ CMenuItemInfo PhraseItemMaker::DescribePhrase(const VBRCommand& record,
                                               const MacroInput& input) const {
     PhraseMenuTexts texts = previews_.BuildMenuTexts(record, input);
     CMenuItemInfo info;
-    info.Label = CutUnits(texts.Caption, kItemTextMax);
+    info.Label = MenuLabel(texts.Caption);
     info.CursorPos = texts.CursorIndex;
     info.Tip =
         Concat(texts.Tip, u"\n\n        ", strings_.LoadString(kStrRightClickForExtendedMenu));

@@ -2,7 +2,10 @@
 #include "menu/phrase_menu_handler.h"
 
 #include "base/text.h"
+#include "menu/extra_commands.h"
+#include "menu/history_region.h"
 #include "menu/phrase_region.h"
+#include "resources/resource_ids.h"
 
 namespace vbr {
 namespace {
@@ -19,45 +22,108 @@ std::optional<ScreenPoint> PointOf(const WPQuery& query) {
     return ScreenPoint{query.PointX, query.PointY};
 }
 
+std::int32_t ResultOf(std::uint32_t choice) {
+    if (choice == 0) {
+        return kNoChoice;
+    }
+    return ResultOfExtraCommand(choice).value_or(static_cast<std::int32_t>(choice));
+}
+
+// Ids of history items in the menu stay right while it is open.
+class LockedHistory {
+  public:
+    explicit LockedHistory(MenuHistory& history) : history_(history) { history_.SetLocked(true); }
+    ~LockedHistory() { history_.SetLocked(false); }
+    LockedHistory(const LockedHistory&) = delete;
+    LockedHistory& operator=(const LockedHistory&) = delete;
+
+  private:
+    MenuHistory& history_;
+};
+
 }  // namespace
 
+void IDataNeededHander_MenuSelf::ClearFonts() {
+    parts_.Log.Write(u"WOW!!! ClearFonts_Internal in IDataNeededHander_MenuSelf");
+    parts_.Presenter.ClearFonts();
+}
+
 void IDataNeededHander_MenuSelf::OnDataNeeded(const WPQuery& query, WPAnswer&) {
-    log_.Write(Concat(u"IDataNeededHander_MenuSelf::OnDataNeeded lcid=", query.Hkl));
+    const LockedHistory lock(parts_.History);
+    parts_.Log.Write(Concat(u"IDataNeededHander_MenuSelf::OnDataNeeded lcid=", query.Hkl));
     selectedText_ = query.SelText;
     hkl_ = query.Hkl;
     // The query may end while the menu is open.
     const WindowHandle target = query.TargetWindow;
-    const PhraseMenu menu = guard_.Run(kFaultMakeMenu, PhraseMenu(), [this] { return MakeMenu(); });
-    std::uint32_t choice = 0;
-    if (!menu.empty()) {
-        choice = presenter_.Show(menu, PointOf(query));
-    }
+    const std::optional<ScreenPoint> point = PointOf(query);
+    const PhraseMenu menu =
+        parts_.Guard.Run(kFaultMakeMenu, PhraseMenu(), [this] { return MakeMenu(); });
+    const std::uint32_t choice = menu.empty() ? 0 : parts_.Presenter.Show(menu, point);
     if (choice != 0) {
-        clock_.Sleep(kAfterChoiceMs);
+        parts_.Clock.Sleep(kAfterChoiceMs);
     }
-    notice_(choice == 0 ? kNoChoice : static_cast<std::int32_t>(choice), target);
+    notice_(ResultOf(choice), target);
 }
 
 void IDataNeededHander_MenuSelf::RememberCommand(std::uint32_t id) {
-    if (tree_.FindCommand(id)) {
+    const VBRCommand* record = parts_.Tree.FindCommand(id);
+    if (record && !record->IsGroup()) {
         lastCommandId_ = id;
+        recent_.Remember(id, RecentCapacity(parts_.Settings.AddLastUsedMenuToBegin_Count));
     }
 }
 
-PhraseMenu IDataNeededHander_MenuSelf::MakeMenu() const {
+PhraseMenu IDataNeededHander_MenuSelf::MakeMenu() {
+    const CVBRSettings& settings = parts_.Settings;
+    const PhraseRegionState state{.Input = {selectedText_, clipboardAtHotkey_, LanguageOf(hkl_)},
+                                  .LastCommandId = lastCommandId_,
+                                  .HoldsLastCommand = [this](const VBRCommand& group) {
+                                      return parts_.Tree.GroupHoldsCommand(group, lastCommandId_);
+                                  }};
     PhraseMenu menu;
-    AddPhraseRegion(tree_.Commands(),
-                    {.Input = {selectedText_, clipboardAtHotkey_, LanguageOf(hkl_)},
-                     .LastCommandId = lastCommandId_,
-                     .HoldsLastCommand =
-                         [this](const VBRCommand& group) {
-                             return tree_.GroupHoldsCommand(group, lastCommandId_);
-                         }},
-                    items_, menu);
-    if (!menu.empty() && menu.back().IsSeparator()) {
-        menu.pop_back();
+    if (settings.AddLastUsedMenuToBegin) {
+        AddRecentRegion(FindRecent(), state, parts_.Items, menu);
+        if (!menu.empty()) {
+            AddSeparator(menu, parts_.Texts.LoadString(kStrOtherCommands));
+        }
+    }
+    AddPhraseRegion(parts_.Tree.Commands(), state, parts_.Items, menu);
+    if (settings.InsertCHIntoMenu) {
+        AddClipboardHistoryIntoMenu(true, menu);
+    }
+    if (!menu.empty()) {
+        AddExtraCommands(settings.ExtMenuCommand, settings.InsertCHIntoMenu, selectedText_,
+                         parts_.Texts, menu);
     }
     return menu;
+}
+
+// An id whose phrase is gone is told once and then forgotten, not told with each menu.
+std::vector<const VBRCommand*> IDataNeededHander_MenuSelf::FindRecent() {
+    std::vector<const VBRCommand*> found;
+    for (const std::uint32_t id : std::vector(recent_.Ids())) {
+        const VBRCommand* record = parts_.Tree.FindCommand(id);
+        if (record && !record->IsGroup()) {
+            found.push_back(record);
+        } else {
+            recent_.Forget(id);
+            parts_.Guard.Report().ReportError(u"ERROR IDataNeededHander_MenuSelf::MakeMenu");
+        }
+    }
+    return found;
+}
+
+void IDataNeededHander_MenuSelf::AddClipboardHistoryIntoMenu(bool withTips, PhraseMenu& menu) {
+    const HistoryRegionOptions options{parts_.Settings.GetMaxHistoryItemsInMenu(),
+                                       parts_.Settings.AppendCHAsSubMenu, withTips};
+    parts_.Guard.Run(kFaultAddClipboardHistory, [&] {
+        if (options.AsSubMenu && parts_.History.GetCount() > 0) {
+            parts_.Log.Write(
+                Concat(u"History Sub Menu Text: ",
+                       HistorySubMenuLabel(parts_.History.GetCount(), options, parts_.Texts)));
+        }
+        AddHistoryRegion(parts_.History, options, parts_.Texts, menu);
+    });
 }
 
 }  // namespace vbr

@@ -9,12 +9,16 @@
 #include "diagnostics/guarded_section.h"
 #include "exchange/answer.h"
 #include "exchange/query.h"
+#include "menu/menu_history.h"
 #include "menu/menu_item_info.h"
 #include "menu/phrase_item.h"
+#include "menu/recent_commands.h"
 #include "phrases/command_tree.h"
 #include "platform/clock.h"
 #include "platform/log.h"
+#include "platform/strings.h"
 #include "platform/system_info.h"
+#include "settings/settings.h"
 
 namespace vbr {
 
@@ -26,36 +30,45 @@ class MenuPresenter {
     // Runs the menu at the point, or at the mouse cursor; the chosen item's id, 0 for none.
     virtual std::uint32_t Show(const PhraseMenu& menu, std::optional<ScreenPoint> at) = 0;
     virtual bool IsShown() const = 0;
+    // The user's fonts have changed: they are made anew for the next menu.
+    virtual void ClearFonts() = 0;
 };
 
-// Told how a menu ended: an item's id, or -1 for no choice, and the target window.
+// Told how a menu ended: an item's id, the result of an extra command, or -1 for no choice, and the
+// target window.
 using ChoiceNotice = std::function<void(std::int32_t choice, WindowHandle target)>;
 
 // Turns a query into the phrase menu and hands the user's choice on. Belongs to the main thread.
 class IDataNeededHander_MenuSelf {
   public:
-    IDataNeededHander_MenuSelf(const CVBRCommandTree& tree, const PhraseItemMaker& items,
-                               MenuPresenter& presenter, Clock& clock, GuardedSections& guard,
-                               ChoiceNotice notice, Log& log)
-        : tree_(tree),
-          items_(items),
-          presenter_(presenter),
-          clock_(clock),
-          guard_(guard),
-          notice_(std::move(notice)),
-          log_(log) {}
+    struct Parts {
+        const CVBRCommandTree& Tree;
+        const PhraseItemMaker& Items;
+        MenuHistory& History;
+        const CVBRSettings& Settings;
+        const Strings& Texts;
+        MenuPresenter& Presenter;
+        vbr::Clock& Clock;
+        GuardedSections& Guard;
+        vbr::Log& Log;
+    };
 
+    IDataNeededHander_MenuSelf(const Parts& parts, ChoiceNotice notice)
+        : parts_(parts), notice_(std::move(notice)) {}
+
+    void ClearFonts();
     // Keyboard layout macros of a chosen phrase are honoured.
     bool IsAllow_SwitchLayout() const { return true; }
     // The hook side is told not to wait for an answer.
     bool IsAllow_WaitAnswerFromExeAgent() const { return false; }
-    bool IsMenuShown() const { return presenter_.IsShown(); }
+    bool IsMenuShown() const { return parts_.Presenter.IsShown(); }
 
-    // Shows the menu and returns when it has closed. Without phrases no menu opens. The answer
-    // stays as it is: what is shown here needs no description.
+    // Shows the menu and returns when it has closed. Without phrases and history no menu opens. The
+    // answer stays as it is: what is shown here needs no description.
     void OnDataNeeded(const WPQuery& query, WPAnswer& answer);
 
-    // Marks the phrase as the last one chosen.
+    // Marks the phrase as the last one chosen and lets it stand among the recent ones. Any other id
+    // does nothing.
     void RememberCommand(std::uint32_t id);
 
     void SetClipboardAtHotkey(std::u16string text) { clipboardAtHotkey_ = std::move(text); }
@@ -64,15 +77,13 @@ class IDataNeededHander_MenuSelf {
     LayoutHandle Hkl() const { return hkl_; }
 
   private:
-    PhraseMenu MakeMenu() const;
+    PhraseMenu MakeMenu();
+    std::vector<const VBRCommand*> FindRecent();
+    void AddClipboardHistoryIntoMenu(bool withTips, PhraseMenu& menu);
 
-    const CVBRCommandTree& tree_;
-    const PhraseItemMaker& items_;
-    MenuPresenter& presenter_;
-    Clock& clock_;
-    GuardedSections& guard_;
+    Parts parts_;
     ChoiceNotice notice_;
-    Log& log_;
+    RecentCommands recent_;
     std::uint32_t lastCommandId_ = 0;
     std::u16string selectedText_;
     LayoutHandle hkl_ = 0;

@@ -1,17 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "menu/phrase_region.h"
 
+#include <algorithm>
+
 namespace vbr {
 namespace {
-
-// A plain separator, unless the menu already ends in one.
-void AddSeparator(PhraseMenu& menu) {
-    if (menu.empty() || !menu.back().IsSeparator()) {
-        PhraseMenuItem separator;
-        separator.Info.ItemFlags = kItemSeparator;
-        menu.push_back(separator);
-    }
-}
 
 void AddItem(const VBRCommand& record, PhraseMenuItem item, PhraseMenu& menu) {
     if (record.FlagsMenu & kSeparatorBefore) {
@@ -23,18 +16,30 @@ void AddItem(const VBRCommand& record, PhraseMenuItem item, PhraseMenu& menu) {
     }
 }
 
+PhraseMenuItem MakeItem(const VBRCommand& record, const PhraseRegionState& state,
+                        const PhraseItemMaker& items) {
+    PhraseMenuItem item;
+    item.Info = items.DescribePhrase(record, state.Input);
+    item.Grayed = record.DisabledIsNoHasSelection && state.Input.SelText.empty();
+    return item;
+}
+
 void AddPhrases(const std::vector<VBRCommand>& list, const PhraseRegionState& state,
                 const PhraseItemMaker& items, PhraseMenu& menu) {
+    // Ids of one list differ, so only what stood here before can meet them.
+    std::vector<std::uint32_t> before;
+    for (const PhraseMenuItem& item : menu) {
+        before.push_back(item.Info.CommandId);
+    }
     std::int32_t row = 0;
     for (const VBRCommand& record : list) {
-        if (record.IsGroup() || !record.IsEnabled()) {
+        if (record.IsGroup() || !record.IsEnabled() ||
+            std::find(before.begin(), before.end(), record.CMDID) != before.end()) {
             continue;
         }
-        PhraseMenuItem item;
-        item.Info = items.DescribePhrase(record, state.Input);
+        PhraseMenuItem item = MakeItem(record, state, items);
         item.Info.Row = row++;
         item.Info.Mark = record.CMDID == state.LastCommandId;
-        item.Grayed = record.DisabledIsNoHasSelection && state.Input.SelText.empty();
         AddItem(record, std::move(item), menu);
     }
 }
@@ -55,7 +60,7 @@ void AddGroups(const std::vector<VBRCommand>& list, const PhraseRegionState& sta
             AddSeparator(menu);
             separate = false;
         }
-        popup.Info.Label = record.Text;
+        popup.Info.Label = MenuLabel(record.Text);
         popup.Info.ItemFlags = kItemPopup;
         popup.Info.Mark = state.HoldsLastCommand(record);
         AddItem(record, std::move(popup), menu);
@@ -63,6 +68,18 @@ void AddGroups(const std::vector<VBRCommand>& list, const PhraseRegionState& sta
 }
 
 }  // namespace
+
+void AddRecentRegion(const std::vector<const VBRCommand*>& recent, const PhraseRegionState& state,
+                     const PhraseItemMaker& items, PhraseMenu& menu) {
+    std::int32_t index = 0;
+    for (const VBRCommand* record : recent) {
+        PhraseMenuItem item = MakeItem(*record, state, items);
+        item.Info.Row = index;
+        item.Info.Mark = index == 0;
+        item.Info.RecentIndex = index++;
+        menu.push_back(std::move(item));
+    }
+}
 
 void AddPhraseRegion(const std::vector<VBRCommand>& list, const PhraseRegionState& state,
                      const PhraseItemMaker& items, PhraseMenu& menu) {

@@ -21,8 +21,12 @@ struct PhraseRegionState {
     };
 };
 
-// Adds the enabled phrases of a list and then its groups, each a popup, to the menu. A group that
-// shows nothing is left out.
+// Adds phrases by themselves, the newest first, which is marked. The caller leaves out groups.
+void AddRecentRegion(const std::vector<const VBRCommand*>& recent, const PhraseRegionState& state,
+                     const PhraseItemMaker& items, PhraseMenu& menu);
+
+// Adds the enabled phrases of a list and then its groups, each a popup, to the menu. A phrase that
+// stands in this menu already and a group that shows nothing are left out.
 void AddPhraseRegion(const std::vector<VBRCommand>& list, const PhraseRegionState& state,
                      const PhraseItemMaker& items, PhraseMenu& menu);
 

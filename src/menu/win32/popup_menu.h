@@ -14,6 +14,7 @@ class PopupMenuPresenter : public MenuPresenter {
     explicit PopupMenuPresenter(HWND foreground) : foreground_(foreground) {}
 
     std::uint32_t Show(const PhraseMenu& menu, std::optional<ScreenPoint> at) override;
+    void ClearFonts() override {}
     bool IsShown() const override { return menu_ && IsMenu(menu_); }
 
   private:

@@ -64,8 +64,9 @@ PhraseRoad::PhraseRoad(const Parts& parts, HWND window)
       service_({parts.Settings, hooks_, queryWait_, hotkeys_, objects_, objects_, parts.RoadLog,
                 parts.Messages}),
       presenter_(window),
-      builder_(tree_, items_, presenter_, clock_, parts.Guard, PostChoiceTo(window),
-               parts.RoadLog) {}
+      builder_({tree_, items_, history_, parts.Settings, parts.Texts, presenter_, clock_,
+                parts.Guard, parts.RoadLog},
+               PostChoiceTo(window)) {}
 
 bool PhraseRoad::InstallService(std::u16string& errorText) {
     if (parts_.Settings.WriteLog) {

@@ -21,6 +21,7 @@
 #include "macros/phrase_texts.h"
 #include "macros/rich_macros.h"
 #include "macros/text_delivery.h"
+#include "menu/menu_history.h"
 #include "menu/phrase_item.h"
 #include "menu/phrase_menu_handler.h"
 #include "menu/win32/popup_menu.h"
@@ -129,6 +130,7 @@ class PhraseRoad {
     CVBRDLLService hooks_;
     WinHotkeyRegistrar hotkeys_;
     HotkeyService service_;
+    NoMenuHistory history_;
     PopupMenuPresenter presenter_;
     IDataNeededHander_MenuSelf builder_;
 };

@@ -1,0 +1,130 @@
+// SPDX-License-Identifier: MIT
+#include <gtest/gtest.h>
+
+#include "base/text.h"
+#include "fakes/fake_menu_history.h"
+#include "fakes/menu_picture.h"
+#include "menu/extra_commands.h"
+#include "menu/history_region.h"
+#include "settings/embedded_strings.h"
+
+namespace vbr {
+namespace {
+
+std::string HistoryOf(int count, const HistoryRegionOptions& options, bool phraseBefore = true) {
+    FakeMenuHistory history;
+    history.AddTexts(count);
+    PhraseMenu menu;
+    if (phraseBefore) {
+        menu.emplace_back().Info.Label = u"a";
+    }
+    AddHistoryRegion(history, options, EmbeddedStrings(), menu);
+    std::u16string picture = Utf8ToUtf16(Picture(menu));
+    ReplaceAll(picture, u"Clipboard History", u"CH");
+    ReplaceAll(picture, u"clip ", u"");
+    return Utf16ToUtf8(picture);
+}
+
+TEST(HistoryRegion, StandsInTheMenuAsTheUserWants) {
+    EXPECT_EQ(HistoryOf(0, {}), "a");
+    EXPECT_EQ(HistoryOf(2, {}), "a -CH [2/2]- 1:A 2:B");
+    EXPECT_EQ(HistoryOf(2, {}, false), "1:A 2:B");
+    EXPECT_EQ(HistoryOf(20, {.MaxItems = 3}), "a -CH [3/20]- 1:A 2:B 3:C");
+    EXPECT_EQ(HistoryOf(3, {.MaxItems = 0, .AsSubMenu = true}), "a - CH [3](1:A 2:B 3:C)");
+    EXPECT_EQ(HistoryOf(3, {.MaxItems = 2, .AsSubMenu = true}), "a - CH [2\\3](1:A 2:B)");
+}
+
+TEST(HistoryRegion, WhatTheMainMenuHasNoRoomForGoesBelowIt) {
+    const std::string main = "1:A 2:B 3:C 4:D 5:E 6:F 7:G 8:H 9:I 10:J 11:K 12:L 13:M 14:N 15:O";
+    EXPECT_EQ(HistoryOf(15, {}, false), main);
+    EXPECT_EQ(HistoryOf(16, {}, false), main + " More History [16 - 16](16:P)");
+    EXPECT_EQ(HistoryOf(20, {.MaxItems = 18}, false),
+              main + " More History [16 - 18](16:P 17:Q 18:R)");
+}
+
+TEST(HistoryRegion, AnItemIsDescribedByItsKind) {
+    FakeMenuHistory history;
+    history.Items = {
+        {u"text"}, {u"rich", MenuHistoryKind::FormattedText}, {u"Bitmap", MenuHistoryKind::Bitmap}};
+    PhraseMenu menu;
+    AddHistoryRegion(history, {}, EmbeddedStrings(), menu);
+    ASSERT_EQ(menu.size(), 3U);
+    EXPECT_EQ(menu[1].Info.DataType, 1);
+    EXPECT_EQ(menu[2].Info.DataType, 0);
+    EXPECT_TRUE(menu[2].Info.Bitmap);
+    EXPECT_FALSE(menu[1].Info.Bitmap);
+    EXPECT_EQ(menu[2].Info.CommandId, 2002U);
+    EXPECT_EQ(menu[2].Info.Row, 2);
+    // The size of a picture's name says nothing about it.
+    EXPECT_EQ(
+        menu[2].Info.Tip,
+        u"Insert plain text: Data from clipboard history\n\tChars: 0\n\n        right click on "
+        u"item for extended menu");
+}
+
+TEST(HistoryRegion, CaptionsAndTipsAreMadeOnceAndKept) {
+    FakeMenuHistory history;
+    const std::u16string words = u"one two three four five six seven eight nine ten eleven twelve";
+    history.Items = {{u" " + words + u" thirteen "}};
+    for (int i = 0; i < 2; ++i) {
+        PhraseMenu menu;
+        AddHistoryRegion(history, {}, EmbeddedStrings(), menu);
+        EXPECT_EQ(menu[0].Info.Label, u"one two three four five six…ten eleven twelve thirteen");
+        EXPECT_EQ(menu[0].Info.ExpandedText,
+                  i == 0 ? history.Items[0].Text : history.Items[0].Caption);
+    }
+    EXPECT_EQ(history.TextsRead, 1);
+}
+
+TEST(HistoryRegion, ATipShowsTheStartAndTheEndOfALongText) {
+    const std::pair<std::u16string, std::u16string> cases[] = {
+        {u"one line", u"Lines: 1\n\none line"},
+        {u"1\r\n2\n3\r4", u"Lines: 4\n\n1\r\n2\n3\r4"},
+        {u"1\r\n2\r\n3\r\n4\r\n5", u"Lines: 5\n\n1\r\n2\r\n3\n\t………\n3\r\n4\r\n5"},
+        {u"\n\n\n\nend", u"Lines: 5\n\n\n\n\n\t………\n\n\nend"},
+        {u"1\r2\r3\r4\r5\r6\r", u"Lines: 7\n\n1\r2\r3\n\t………\n5\r6\r"},
+    };
+    for (const auto& [text, expected] : cases) {
+        FakeMenuHistory history;
+        history.Items = {{text, MenuHistoryKind::Text, u"http://example.org/"}};
+        EXPECT_EQ(Utf16ToUtf8(HistoryTip(history, 0, EmbeddedStrings())),
+                  Utf16ToUtf8(Concat(u"\tURL: http://example.org/\n\nInsert plain text: Data from "
+                                     u"clipboard history\n\tChars: ",
+                                     text.size(), u", ", expected,
+                                     u"\n\n        right click on item for extended menu")));
+    }
+}
+
+TEST(ExtraCommands, StandAtTheEndAsTheUserWants) {
+    const std::tuple<ExtMenuCommands, std::u16string, std::string> cases[] = {
+        {{}, u"", "a"},
+        {{true, false, false}, u"", "a - Edit menu\\settings"},
+        {{false, true, false}, u"", "a - ~Selection into Phrase"},
+        {{false, true, false}, u"two\r\nlines", "a - Selection into Phrase [two  lines]…"},
+        {{false, false, true}, u"", "a - Technical Support"},
+        {{true, false, true}, u"", "a - Edit menu\\settings -Visit to us- Technical Support"},
+    };
+    for (const auto& [commands, selection, expected] : cases) {
+        PhraseMenu menu(1);
+        menu[0].Info.Label = u"a";
+        AddExtraCommands(commands, true, selection, EmbeddedStrings(), menu);
+        EXPECT_EQ(Picture(menu), expected);
+    }
+}
+
+TEST(ExtraCommands, ALongSelectionIsCutInTheLabelAndWholeInTheTip) {
+    PhraseMenu menu(1);
+    const std::u16string selection = std::u16string(39, u'x') + u"🙂" + std::u16string(500, u'y');
+    AddExtraCommands({false, true, false}, true, selection, EmbeddedStrings(), menu);
+    EXPECT_EQ(menu.back().Info.Label,
+              Concat(u"Selection into Phrase [", std::u16string(39, u'x'), u"]…"));
+    EXPECT_EQ(menu.back().Info.Tip, Concat(u"Add selected text as new phrase [", selection, u"]"));
+}
+
+TEST(MenuLabels, StayOnOneLineAndLoseNothingElse) {
+    EXPECT_EQ(MenuLabel(u"a&b\tc\r\nשלום\xD800"), u"a&b c  שלום\xD800");
+    EXPECT_EQ(MenuLabel(std::u16string(300, u'x')).size(), kItemTextMax);
+}
+
+}  // namespace
+}  // namespace vbr
