@@ -1,0 +1,256 @@
+// SPDX-License-Identifier: MIT
+#include "menu/item_picture.h"
+
+#include <gtest/gtest.h>
+
+#include "menu/extra_commands.h"
+#include "phrases/command_record.h"
+#include "resources/resource_ids.h"
+
+namespace vbr {
+namespace {
+
+constexpr SystemMenuColors kSystem = {0xF0F0F0, 0x000001, 0xFF9933, 0xFFFFFF,
+                                      0x6D6D6D, 0xE1FFFF, 0x000002, false};
+
+// Ten pixels a unit, eleven in bold.
+class TenPixelFont : public TextWidths {
+  public:
+    int WidthOf(std::u16string_view text, MenuFont font) const override {
+        return static_cast<int>(text.size()) * (font.Bold ? 11 : 10);
+    }
+};
+
+CMenuItemInfo Phrase(std::u16string label) {
+    CMenuItemInfo info;
+    info.Label = std::move(label);
+    info.CommandId = 1;
+    return info;
+}
+
+CMenuItemInfo Separator(std::u16string caption = {}) {
+    CMenuItemInfo info;
+    info.ItemFlags = kItemSeparator;
+    info.RightText = std::move(caption);
+    return info;
+}
+
+CMenuItemInfo Popup(std::u16string label) {
+    CMenuItemInfo info;
+    info.ItemFlags = kItemPopup;
+    info.Label = std::move(label);
+    return info;
+}
+
+CMenuItemInfo HistoryItem(std::uint32_t index) {
+    CMenuItemInfo info = Phrase(u"abc");
+    info.History = true;
+    info.CommandId = kFirstHistoryItem + index;
+    return info;
+}
+
+ItemPicture Paint(const CMenuItemInfo& info, ItemPlace place = {}, int dpi = 96,
+                  const SystemMenuColors& system = kSystem) {
+    if (place.Bounds == MenuRect()) {
+        place.Bounds = {0, 100, 300, 124};
+    }
+    return PaintMenuItem(info, place, ChooseMenuColors(system), dpi, TenPixelFont());
+}
+
+TEST(MeasureMenuItem, AsksForTheRoomThatItsTextNeeds) {
+    CMenuItemInfo badge = Phrase(u"abcd");
+    badge.RightText = u"+EN";
+    CMenuItemInfo extra = Phrase(u"abcd");
+    extra.CommandId = kCmdSupport;
+    const std::tuple<CMenuItemInfo, bool, MenuMetrics, MenuSize> cases[] = {
+        {Phrase(u""), true, {20, 96}, {129, 24}},
+        {Separator(), true, {20, 96}, {129, 12}},
+        {Separator(), true, {2, 96}, {129, 1}},
+        {Separator(u"abcd"), true, {20, 96}, {69, 24}},
+        {Popup(u"abcd"), false, {20, 96}, {69, 28}},
+        {Phrase(u"abcd"), false, {20, 96}, {69, 24}},
+        // The side bar, a number and a heavier font take what the usual margins do not have.
+        {Phrase(u"abcd"), true, {20, 96}, {90, 24}},
+        {HistoryItem(11), true, {20, 96}, {24 + 18 + 8 + 30 + 20 + 30, 24}},
+        {extra, true, {20, 96}, {24 + 8 + 44, 24}},
+        {badge, false, {20, 96}, {18 + 8 + 40 + 3 + 8 + 30, 24}},
+        {Phrase(u"abcd"), false, {40, 192}, {98, 48}},
+        {Popup(u""), false, {30, 144}, {194, 42}},
+    };
+    for (const auto& [info, inRoot, metrics, expected] : cases) {
+        EXPECT_EQ(MeasureMenuItem(info, inRoot, metrics, TenPixelFont()), expected)
+            << testing::PrintToString(info.Label) << " at " << metrics.Dpi;
+    }
+}
+
+TEST(PaintMenuItem, RegionsStatesAndStripesHaveTheirColours) {
+    const auto with = [](CMenuItemInfo info, auto&& change) {
+        change(info);
+        return info;
+    };
+    const CMenuItemInfo odd = with(Phrase(u"a"), [](auto& info) { info.Row = 1; });
+    const CMenuItemInfo marked = with(Phrase(u"a"), [](auto& info) { info.Mark = true; });
+    const CMenuItemInfo clip = HistoryItem(1);
+    const CMenuItemInfo extra =
+        with(Phrase(u"a"), [](auto& info) { info.CommandId = kCmdEditPhrases; });
+    struct Case {
+        CMenuItemInfo Info;
+        bool Selected;
+        bool Grayed;
+        MenuColor Background;
+        MenuColor Label;
+    };
+    const Case cases[] = {
+        {Phrase(u"a"), false, false, 0xF0F0F0, 0x000001},
+        {Phrase(u"a"), false, true, 0xF0F0F0, 0x6D6D6D},
+        {Phrase(u"a"), true, false, 0xFF9933, 0xFFFFFF},
+        {Phrase(u"a"), true, true, 0xFF9933, 0x6D6D6D},
+        {odd, false, false, 0xECECEC, 0x000001},
+        {odd, true, false, 0xFF9933, 0xFFFFFF},
+        {marked, false, false, 0xF0F0F0, 0x0000FF},
+        {clip, false, false, 0xE1FFFF, 0x000002},
+        {with(clip, [](auto& info) { info.Row = 1; }), false, false, 0xDDFBFB, 0x000002},
+        {extra, false, false, 0xF0F0F0, 0x008000},
+        {extra, false, true, 0xF0F0F0, 0x6D6D6D},
+        {extra, true, false, 0xFF9933, 0xFFFFFF},
+    };
+    for (const Case& c : cases) {
+        const ItemPicture picture = Paint(c.Info, {.Selected = c.Selected, .Grayed = c.Grayed});
+        EXPECT_EQ(picture.Background, c.Background);
+        EXPECT_EQ(picture.Texts.back().Color, c.Label);
+    }
+    EXPECT_EQ(StripeColor(0), 0x040404U);
+    EXPECT_EQ(StripeColor(0x02FF00), 0xFEFBFCU);
+}
+
+TEST(PaintMenuItem, HighContrastLeavesNothingButTheSystemsColours) {
+    SystemMenuColors system = kSystem;
+    system.HighContrast = true;
+    CMenuItemInfo info = HistoryItem(1);
+    info.Row = 1;
+    info.CursorPos = 1;
+    info.RightText = u"+EN";
+    for (const bool selected : {false, true}) {
+        const ItemPicture picture = Paint(info, {.Selected = selected}, 96, system);
+        const std::vector<MenuColor> known = {system.Menu,      system.MenuText,
+                                              system.Highlight, system.HighlightText,
+                                              system.InfoBack,  system.InfoText};
+        const auto isKnown = [&known](MenuColor color) {
+            return std::find(known.begin(), known.end(), color) != known.end();
+        };
+        EXPECT_TRUE(isKnown(picture.Background) && isKnown(picture.CaretColor));
+        for (const TextPicture& text : picture.Texts) {
+            EXPECT_TRUE(isKnown(text.Color)) << testing::PrintToString(text.Text);
+        }
+    }
+}
+
+TEST(PaintMenuItem, PartsStandSideBySide) {
+    CMenuItemInfo info = HistoryItem(0);
+    info.RightText = u"+EN";
+    info.CursorPos = 2;
+    const ItemPicture picture = Paint(info, {.InRoot = true});
+    EXPECT_EQ(picture.Icon,
+              (IconPicture{MenuIcon::PlainText, false, {24, 99, 44, 124}, {25, 100, 41, 116}}));
+    EXPECT_EQ(picture.Body, (MenuRect{42, 100, 300, 124}));
+    EXPECT_EQ(picture.Texts[0], (TextPicture{u"1.", {50, 100, 300, 124}, 0xFF0000}));
+    EXPECT_EQ(picture.Texts[1],
+              (TextPicture{u"abc", {90, 100, 300, 124}, 0x000002, {}, false, true}));
+    EXPECT_EQ(picture.Texts[2],
+              (TextPicture{u"+EN", {90, 100, 297, 124}, 0xFF0000, {}, true, false}));
+    EXPECT_EQ(picture.Caret, (std::array<MenuPoint, 3>{{{107, 119}, {110, 116}, {113, 119}}}));
+    EXPECT_FALSE(picture.Line || picture.Frame);
+}
+
+TEST(PaintMenuItem, ASelectedItemsIconGrowsUnlessItIsGrayed) {
+    const MenuRect cases[2][2] = {{{1, 100, 17, 116}, {1, 100, 17, 116}},
+                                  {{0, 99, 20, 119}, {1, 100, 17, 116}}};
+    for (const bool selected : {false, true}) {
+        for (const bool grayed : {false, true}) {
+            const ItemPicture picture =
+                Paint(Phrase(u"a"), {.Selected = selected, .Grayed = grayed});
+            EXPECT_EQ(picture.Icon->Place, cases[selected][grayed]);
+            EXPECT_EQ(picture.Icon->Gray, grayed);
+        }
+    }
+}
+
+TEST(PaintMenuItem, ASeparatorIsALineAndItsCaptionStandsOutOfIt) {
+    const ItemPicture plain = Paint(Separator(), {.InRoot = true});
+    EXPECT_EQ(plain.Line, (std::array<MenuPoint, 2>{{{43, 112}, {299, 112}}}));
+    EXPECT_TRUE(plain.Texts.empty() && !plain.Icon);
+    const ItemPicture captioned = Paint(Separator(u"Other"));
+    ASSERT_EQ(captioned.Texts.size(), 1U);
+    EXPECT_EQ(captioned.Texts[0],
+              (TextPicture{u" Other ", {6, 100, 299, 124}, 0xFF0000, 0xF0F0F0, true, false}));
+}
+
+TEST(PaintMenuItem, TheNewestRecentPhraseAndMarkedItemsAreFramed) {
+    CMenuItemInfo info = Phrase(u"a");
+    EXPECT_FALSE(Paint(info).Frame);
+    info.RecentIndex = 1;
+    EXPECT_FALSE(Paint(info).Frame);
+    info.RecentIndex = 0;
+    EXPECT_EQ(Paint(info).Frame, (MenuRect{18, 100, 300, 124}));
+    CMenuItemInfo group = Popup(u"G");
+    group.Mark = true;
+    EXPECT_EQ(Paint(group, {.InRoot = true}).Frame, (MenuRect{24, 100, 300, 124}));
+}
+
+TEST(PaintMenuItem, APopupOfTheHistoryStandsWhereItsItemsTextsDo) {
+    CMenuItemInfo info = Popup(u"More");
+    EXPECT_EQ(Paint(info).Texts[0].Place.Left, 8);
+    info.History = true;
+    info.CursorPos = 0;
+    EXPECT_EQ(Paint(info).Texts[0].Place.Left, 28);
+    EXPECT_FALSE(Paint(info).Caret);
+}
+
+TEST(PaintMenuItem, MeasuresGrowWithTheScreensDots) {
+    const ItemPicture picture =
+        Paint(Phrase(u"a"), {.Bounds = {0, 0, 600, 48}, .InRoot = true}, 192);
+    EXPECT_EQ(picture.Icon->Place, (MenuRect{50, 0, 82, 32}));
+    EXPECT_EQ(picture.Texts[0].Place.Left, 48 + 36 + 16);
+}
+
+TEST(PaintSideBar, EachItemHasItsPartOfOneBar) {
+    // A menu from 10 to 110, and its item from 30 to 54.
+    const SideBarPicture picture = PaintSideBar({0, 30, 300, 54}, 20, 100, 96);
+    EXPECT_EQ(picture.Strip, (MenuRect{0, 30, 22, 54}));
+    EXPECT_EQ(picture.Icon, (MenuRect{4, 92, 20, 108}));
+    EXPECT_EQ(picture.Text, (MenuPoint{0, 86}));
+}
+
+TEST(MenuLook, FontsAndIconsTellTheKindOfAnItem) {
+    struct Case {
+        std::int32_t DataType;
+        std::u16string Label;
+        std::u16string Cmd;
+        MenuIcon Icon;
+        std::size_t Font;
+    };
+    const Case cases[] = {
+        {kDataTypeText, u"Google it", u"http://x", MenuIcon::PlainText, 0},
+        {kDataTypeRtf, u"a", u"", MenuIcon::FormattedText, 2},
+        {kDataTypeExec, u"in gooGLE or Yandex", u"http://x", MenuIcon::SearchOne, 4},
+        {kDataTypeExec, u"by yandex", u"", MenuIcon::SearchTwo, 4},
+        {kDataTypeExec, u"a", u"Https://x", MenuIcon::Url, 4},
+        {kDataTypeExec, u"a", u"www.x", MenuIcon::Url, 4},
+        {kDataTypeExec, u"a", u"notepad http://x", MenuIcon::Execute, 4},
+    };
+    for (const Case& c : cases) {
+        CMenuItemInfo info = Phrase(c.Label);
+        info.DataType = c.DataType;
+        info.PhraseData = c.Cmd;
+        EXPECT_EQ(IconOf(info), c.Icon) << testing::PrintToString(c.Label);
+        EXPECT_EQ(IndexOf(FontOf(info)), c.Font);
+    }
+    CMenuItemInfo extra = Phrase(u"a");
+    extra.CommandId = kCmdSupport;
+    EXPECT_EQ(IconOf(extra), MenuIcon::None);
+    EXPECT_EQ(IndexOf(FontOf(extra)), 1U);
+    EXPECT_EQ(IconOf(Popup(u"a")), MenuIcon::None);
+}
+
+}  // namespace
+}  // namespace vbr
