@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "menu/phrase_menu_handler.h"
 
+#include <string_view>
+#include <utility>
+
 #include "base/text.h"
 #include "menu/extra_commands.h"
 #include "menu/history_region.h"
@@ -51,18 +54,29 @@ void IDataNeededHander_MenuSelf::ClearFonts() {
 void IDataNeededHander_MenuSelf::OnDataNeeded(const WPQuery& query, WPAnswer&) {
     const LockedHistory lock(parts_.History);
     parts_.Log.Write(Concat(u"IDataNeededHander_MenuSelf::OnDataNeeded lcid=", query.Hkl));
+    LogWindows(query);
     selectedText_ = query.SelText;
     hkl_ = query.Hkl;
     // The query may end while the menu is open.
     const WindowHandle target = query.TargetWindow;
     const std::optional<ScreenPoint> point = PointOf(query);
-    const PhraseMenu menu =
-        parts_.Guard.Run(kFaultMakeMenu, PhraseMenu(), [this] { return MakeMenu(); });
-    const std::uint32_t choice = menu.empty() ? 0 : parts_.Presenter.Show(menu, point);
+    PhraseMenu menu = parts_.Guard.Run(kFaultMakeMenu, PhraseMenu(), [this] { return MakeMenu(); });
+    const std::uint32_t choice = menu.empty() ? 0 : parts_.Presenter.Show(std::move(menu), point);
     if (choice != 0) {
         parts_.Clock.Sleep(kAfterChoiceMs);
     }
     notice_(ResultOf(choice), target);
+}
+
+void IDataNeededHander_MenuSelf::LogWindows(const WPQuery& query) {
+    const GuiThreadWindows& windows = query.GuiThreadInfo;
+    const std::pair<std::u16string_view, WindowHandle> headed[] = {
+        {u"Caret", windows.Caret},     {u"Focus", windows.Focus},
+        {u"Active", windows.Active},   {u"Menu", windows.MenuOwner},
+        {u"Capture", windows.Capture}, {u"hwndForMenu", query.TargetWindow}};
+    for (const auto& [heading, window] : headed) {
+        LogWindow(parts_.Log, heading, parts_.StateOf(window));
+    }
 }
 
 void IDataNeededHander_MenuSelf::RememberCommand(std::uint32_t id) {

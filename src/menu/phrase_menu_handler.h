@@ -7,6 +7,7 @@
 #include <string>
 
 #include "diagnostics/guarded_section.h"
+#include "diagnostics/window_entries.h"
 #include "exchange/answer.h"
 #include "exchange/query.h"
 #include "menu/menu_history.h"
@@ -28,7 +29,7 @@ class MenuPresenter {
     virtual ~MenuPresenter() = default;
 
     // Runs the menu at the point, or at the mouse cursor; the chosen item's id, 0 for none.
-    virtual std::uint32_t Show(const PhraseMenu& menu, std::optional<ScreenPoint> at) = 0;
+    virtual std::uint32_t Show(PhraseMenu menu, std::optional<ScreenPoint> at) = 0;
     virtual bool IsShown() const = 0;
     // The user's fonts have changed: they are made anew for the next menu.
     virtual void ClearFonts() = 0;
@@ -51,6 +52,7 @@ class IDataNeededHander_MenuSelf {
         vbr::Clock& Clock;
         GuardedSections& Guard;
         vbr::Log& Log;
+        std::function<WindowState(WindowHandle)> StateOf;  // of any window, for the log
     };
 
     IDataNeededHander_MenuSelf(const Parts& parts, ChoiceNotice notice)
@@ -77,6 +79,7 @@ class IDataNeededHander_MenuSelf {
     LayoutHandle Hkl() const { return hkl_; }
 
   private:
+    void LogWindows(const WPQuery& query);
     PhraseMenu MakeMenu();
     std::vector<const VBRCommand*> FindRecent();
     void AddClipboardHistoryIntoMenu(bool withTips, PhraseMenu& menu);

@@ -22,7 +22,7 @@ class FakeMenuPresenter : public MenuPresenter {
     std::optional<ScreenPoint> Place;
     std::function<void()> WhileShown = [] {};
 
-    std::uint32_t Show(const PhraseMenu& menu, std::optional<ScreenPoint> at) override {
+    std::uint32_t Show(PhraseMenu menu, std::optional<ScreenPoint> at) override {
         Menus.push_back(Picture(menu));
         Place = at;
         WhileShown();
@@ -83,7 +83,10 @@ class PhraseMenuHandler : public testing::Test {
     std::string notice_;
     IDataNeededHander_MenuSelf handler_{
         {phrases_.Tree, desk_.Items, history_, settings_, desk_.Texts, presenter_, phrases_.Clock,
-         guard_.Sections, phrases_.Log},
+         guard_.Sections, phrases_.Log,
+         [](WindowHandle window) {
+             return WindowState{window, false, {}};
+         }},
         [this](std::int32_t choice, WindowHandle target) {
             notice_ = Utf16ToUtf8(Concat(choice, u" for ", target, u" after ", phrases_.Clock.Tick,
                                          u" ms", history_.Locked ? u", locked" : u""));

@@ -1,18 +1,66 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/win32/windows.h"
+
+#include <functional>
+#include <memory>
+
+#include "menu/menu_typing.h"
+#include "menu/right_click_menu.h"
+#include "menu/win32/menu_painter.h"
+#include "menu/win32/phrase_menu_tool_tip.h"
+#include "menu/win32/shown_menu.h"
+#include "platform/clock.h"
+#include "platform/log.h"
+#include "platform/strings.h"
 #include "platform/win32/window_base.h"
 
 namespace vbr {
 
-// The message-only window that owns the phrase menu while it is open.
+// What a tracker works with.
+struct MenuTrackerParts {
+    MenuPainter& Painter;
+    const Strings& Texts;
+    const vbr::Clock& Clock;
+    vbr::Log& Log;
+    // Carries out a command of the right-click menu on the item with that id.
+    std::function<void(RightMenuCode code, std::uint32_t id)> OnRightCommand;
+};
+
+// The message-only window that owns the phrase menu while it is open: it has its items painted,
+// explained and found by typing, and opens the right-click menu.
 class CMenuTracker : public WindowBase {
   public:
+    CMenuTracker(const MenuTrackerParts& parts, const ShownMenu& menu)
+        : parts_(parts), menu_(menu), typing_(parts.Clock) {}
+    ~CMenuTracker() override { Destroy(); }
+
     // The window's handle, null when it can't be made.
-    HWND Create();
+    HWND Create(bool withTips);
 
   protected:
     std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+  private:
+    LRESULT OnMeasureItem(WPARAM, LPARAM item);
+    LRESULT OnDrawItem(WPARAM, LPARAM item);
+    LRESULT OnMenuSelect(WPARAM item, LPARAM menu);
+    LRESULT OnMenuChar(WPARAM typed, LPARAM menu);
+    LRESULT OnMenuRButtonUp(WPARAM position, LPARAM menu);
+    LRESULT OnEnterIdle(WPARAM reason, LPARAM window);
+    LRESULT OnExitMenuLoop(WPARAM, LPARAM);
+    LRESULT OnTimer(WPARAM id, LPARAM);
+    LRESULT OnNotify(WPARAM, LPARAM header);
+    LRESULT OnDestroy(WPARAM, LPARAM);
+    int RunRightMenu(const CMenuItemInfo& info);
+
+    MenuTrackerParts parts_;
+    const ShownMenu& menu_;
+    MenuTyping typing_;
+    HMENU typedIn_ = nullptr;
+    bool rightMenuOpen_ = false;
+    std::unique_ptr<CPhraseMenuToolTip> tip_;
 };
 
 }  // namespace vbr

@@ -1,40 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "menu/win32/popup_menu.h"
 
-#include "base/text.h"
 #include "menu/win32/menu_tracker.h"
+#include "menu/win32/shown_menu.h"
 #include "platform/win32/auto_foreground_window.h"
-#include "platform/win32/menu_handle.h"
+#include "platform/win32/screen_dpi.h"
 
 namespace vbr {
 namespace {
 
-// An item as the system's menu shows it: an ampersand is text here, not an access key.
-MenuEntry ToEntry(const PhraseMenuItem& item) {
-    MenuEntry entry;
-    entry.Id = static_cast<int>(item.Info.CommandId);
-    entry.Text = item.Info.Label;
-    if (!item.Info.RightText.empty()) {
-        entry.Text += Concat(u"\t", item.Info.RightText);
-    }
-    ReplaceAll(entry.Text, u"&", u"&&");
-    entry.Grayed = item.Grayed;
-    entry.Default = item.Info.Mark;
-    for (const PhraseMenuItem& child : item.Children) {
-        entry.Children.push_back(ToEntry(child));
-    }
-    return entry;
-}
-
-UniqueMenu MakePopup(const PhraseMenu& items) {
-    std::vector<MenuEntry> entries;
-    for (const PhraseMenuItem& item : items) {
-        entries.push_back(ToEntry(item));
-    }
-    return MakePopupMenu(entries);
-}
-
-POINT MenuPoint(std::optional<ScreenPoint> at) {
+POINT PlaceOfMenu(std::optional<ScreenPoint> at) {
     POINT point{};
     if (at) {
         point = {at->X, at->Y};
@@ -46,20 +21,27 @@ POINT MenuPoint(std::optional<ScreenPoint> at) {
 
 }  // namespace
 
-std::uint32_t PopupMenuPresenter::Show(const PhraseMenu& items, std::optional<ScreenPoint> at) {
-    const UniqueMenu menu = MakePopup(items);
-    const POINT point = MenuPoint(at);
-    CMenuTracker tracker;
-    const HWND owner = tracker.Create();
-    menu_ = menu.get();
-    int choice = 0;
-    {
-        const CAutoForegroundWindow front(foreground_);
-        // The pointer stands at the menu's corner, ready to choose.
-        SetCursorPos(point.x, point.y);
-        choice = TrackPopupMenuEx(menu.get(), TPM_RETURNCMD, point.x, point.y, owner, nullptr);
-    }
+std::uint32_t PopupMenuPresenter::Show(PhraseMenu items, std::optional<ScreenPoint> at) {
+    ShownMenu menu(std::move(items));
+    const CAutoForegroundWindow front(parts_.Foreground);
+    const std::uint32_t choice = Track(menu, PlaceOfMenu(at));
     menu_ = nullptr;
+    parts_.Guard.Run(kFaultCleanupMenu, [&menu] { menu.Cleanup(); });
+    return choice;
+}
+
+std::uint32_t PopupMenuPresenter::Track(ShownMenu& menu, POINT point) {
+    painter_.Begin(menu, DpiAt(point));
+    CMenuTracker tracker({painter_, parts_.Texts, parts_.Clock, parts_.Log, parts_.OnRightCommand},
+                         menu);
+    const HWND owner = tracker.Create(parts_.Settings.MenuToolTips);
+    menu_ = menu.Root();
+    // The pointer stands at the menu's corner, ready to choose.
+    SetCursorPos(point.x, point.y);
+    const int choice =
+        TrackPopupMenuEx(menu.Root(), TPM_RETURNCMD, point.x, point.y, owner, nullptr);
+    parts_.OnClosed();
+    painter_.End();
     return static_cast<std::uint32_t>(choice);
 }
 

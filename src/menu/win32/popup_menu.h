@@ -3,22 +3,41 @@
 
 #include "platform/win32/windows.h"
 
+#include <functional>
+
 #include "menu/phrase_menu_handler.h"
+#include "menu/right_click_menu.h"
+#include "menu/win32/menu_painter.h"
 
 namespace vbr {
 
 // Shows the phrase menu as a popup menu of this process, in front of the target.
 class PopupMenuPresenter : public MenuPresenter {
   public:
-    // `foreground` is the window that takes the keyboard while the menu is open.
-    explicit PopupMenuPresenter(HWND foreground) : foreground_(foreground) {}
+    struct Parts {
+        // The window that takes the keyboard while the menu is open.
+        HWND Foreground;
+        const CVBRSettings& Settings;
+        const Strings& Texts;
+        const vbr::Clock& Clock;
+        GuardedSections& Guard;
+        vbr::Log& Log;
+        std::function<void(RightMenuCode code, std::uint32_t id)> OnRightCommand;
+        std::function<void()> OnClosed;
+    };
 
-    std::uint32_t Show(const PhraseMenu& menu, std::optional<ScreenPoint> at) override;
-    void ClearFonts() override {}
+    explicit PopupMenuPresenter(const Parts& parts)
+        : parts_(parts), painter_(parts.Settings.FontForMenu, parts.Guard) {}
+
+    std::uint32_t Show(PhraseMenu menu, std::optional<ScreenPoint> at) override;
     bool IsShown() const override { return menu_ && IsMenu(menu_); }
+    void ClearFonts() override { painter_.ClearFonts(); }
 
   private:
-    HWND foreground_;
+    std::uint32_t Track(ShownMenu& menu, POINT point);
+
+    Parts parts_;
+    MenuPainter painter_;
     HMENU menu_ = nullptr;
 };
 

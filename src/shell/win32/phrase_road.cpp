@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "shell/win32/phrase_road.h"
 
+#include "diagnostics/win32/window_state.h"
 #include "platform/object_names.h"
 #include "platform/win32/wide.h"
 #include "shell/tray_messages.h"
@@ -63,9 +64,15 @@ PhraseRoad::PhraseRoad(const Parts& parts, HWND window)
       hotkeys_(window, kHotkeyId),
       service_({parts.Settings, hooks_, queryWait_, hotkeys_, objects_, objects_, parts.RoadLog,
                 parts.Messages}),
-      presenter_(window),
+      presenter_({window, parts.Settings, parts.Texts, clock_, parts.Guard, parts.RoadLog,
+                  [window](RightMenuCode code, std::uint32_t id) {
+                      SendMessageW(window, kMsgRightMenuCommand, static_cast<WPARAM>(code),
+                                   static_cast<LPARAM>(id));
+                  },
+                  [window] { SendMessageW(window, kMsgHideTip, 0, 0); }}),
       builder_({tree_, items_, history_, parts.Settings, parts.Texts, presenter_, clock_,
-                parts.Guard, parts.RoadLog},
+                parts.Guard, parts.RoadLog,
+                [](WindowHandle asked) { return StateOf(reinterpret_cast<HWND>(asked)); }},
                PostChoiceTo(window)) {}
 
 bool PhraseRoad::InstallService(std::u16string& errorText) {

@@ -1,0 +1,91 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/win32/windows.h"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "menu/menu_tip_rules.h"
+#include "platform/clock.h"
+#include "platform/win32/window_base.h"
+
+namespace vbr {
+
+struct TipWindowDestroyer {
+    using pointer = HWND;
+    void operator()(HWND window) const { DestroyWindow(window); }
+};
+using UniqueTipWindow = std::unique_ptr<std::remove_pointer_t<HWND>, TipWindowDestroyer>;
+
+// The tip that opens beside an item of a menu when the user rests on it. The window that owns the
+// menu passes its messages on; belongs to that window's thread.
+class CMenuToolTip {
+  public:
+    explicit CMenuToolTip(const Clock& clock) : delay_(clock) {}
+
+    // True for commands that have no tip.
+    virtual bool IsSystemCommand(std::uint32_t id) const { return IsSystemMenuCommand(id); }
+    // The icon beside the tip's title; the caller does not own it.
+    virtual HICON GetCommandIcon(std::uint32_t id) = 0;
+    virtual ~CMenuToolTip() = default;
+    CMenuToolTip(const CMenuToolTip&) = delete;
+    CMenuToolTip& operator=(const CMenuToolTip&) = delete;
+    // Without an icon the command's own stands.
+    virtual void SetTipTitle(std::u16string_view title, std::uint32_t id, HICON icon);
+    // Shows or hides the tip's window; false when it is suppressed.
+    virtual bool ActivateTip(bool on);
+    virtual bool IsSuppressed() const { return false; }
+    // Whether the mouse hides the tip.
+    virtual bool IsSubclassed() const { return true; }
+    // Where the tip's top left corner goes. `item` is on the screen.
+    virtual POINT AdjustPosition(const RECT& item, SIZE tip) = 0;
+    virtual bool IsImmediate(std::uint32_t) const { return false; }
+    virtual void GetTipText(std::u16string& text, std::uint32_t id, HMENU menu,
+                            std::u16string& title) = 0;
+
+    // Makes the tip's window. `owner` gets WM_TIMER with kTipTimer and the tip's notices.
+    bool CreateTip(HWND owner, std::u16string_view defaultText, DWORD style,
+                   std::u16string_view title);
+    HWND Window() const { return tip_.get(); }
+
+    void OnMenuSelect(std::uint32_t id, std::uint32_t flags, HMENU menu);
+    void OnEnterIdle(WPARAM reason, HWND menuWindow);
+    void OnTimer();
+    void HideTip();
+
+    static constexpr UINT_PTR kTipTimer = 1;
+
+  protected:
+    bool IsBalloon() const;
+
+  private:
+    void ShowTip(std::uint32_t id);
+    void Place(std::uint32_t id);
+    SIZE TipSize() const;
+    void WaitFor(std::uint32_t milliseconds);
+
+    TipDelay delay_;
+    HWND owner_ = nullptr;
+    HMENU menu_ = nullptr;
+    std::uint32_t shown_ = 0;  // the item whose tip shows, 0 for none
+    HWND menuWindow_ = nullptr;
+    UniqueTipWindow tip_;
+    std::u16string defaultText_;
+};
+
+// A tip that stands beside its item, on the monitor that shows the item.
+class CMenuToolTipTracked : public CMenuToolTip {
+  public:
+    using CMenuToolTip::CMenuToolTip;
+
+    POINT AdjustPosition(const RECT& item, SIZE tip) override;
+    virtual int TipHeightGuess() const { return 150; }
+    virtual int TipWidthGuess() const { return 200; }
+};
+
+// Keeps a tip that is about to show on the screens; true when it had to be moved.
+bool KeepOnScreens(HWND tip);
+
+}  // namespace vbr

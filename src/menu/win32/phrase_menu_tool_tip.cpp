@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: MIT
+#include "menu/win32/phrase_menu_tool_tip.h"
+
+#include <commctrl.h>
+
+#include "base/version.h"
+#include "resources/resource_ids.h"
+
+namespace vbr {
+namespace {
+
+constexpr DWORD kStyle = TTS_NOPREFIX | TTS_NOANIMATE | TTS_CLOSE;
+constexpr char16_t kDefaultText[] = u"Ooops! Tip text not found";
+
+int IconOfCommand(std::uint32_t id) {
+    switch (id) {
+        case kCmdSupport:
+        case kCmdOpenAsUrl:
+        case kCmdOpenSourceUrl:
+            return kIconUrl;
+        case kCmdMenuSearchGoogle:
+            return kIconGoogle;
+        case kCmdMenuSearchYandex:
+            return kIconYandex;
+        case kCmdMenuSearchMsdn:
+            return kIconMsdn;
+        case kCmdMenuSearchWikipedia:
+            return kIconWikipedia;
+        default:
+            return kIconProgram;
+    }
+}
+
+}  // namespace
+
+bool CPhraseMenuToolTip::Create(HWND owner) {
+    if (!CreateTip(owner, kDefaultText, kStyle, NameAndVersion())) {
+        return false;
+    }
+    SendMessageW(Window(), TTM_SETMAXTIPWIDTH, 0, GetSystemMetrics(SM_CXSCREEN) / 2);
+    SendMessageW(Window(), WM_SETFONT, reinterpret_cast<WPARAM>(painter_.PlainFont()), FALSE);
+    return true;
+}
+
+HICON CPhraseMenuToolTip::GetCommandIcon(std::uint32_t id) {
+    return painter_.Icons().GetResource(IconOfCommand(id), GetSystemMetrics(SM_CXSMICON));
+}
+
+void CPhraseMenuToolTip::GetTipText(std::u16string& text, std::uint32_t id, HMENU menu,
+                                    std::u16string& title) {
+    text = strings_.LoadString(static_cast<int>(id));
+    if (const CMenuItemInfo* info = menu_.Find(menu, id)) {
+        title = info->Label;
+        text = info->Tip;
+    }
+}
+
+}  // namespace vbr

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "menu/win32/menu_painter.h"
+#include "menu/win32/menu_tool_tip.h"
+#include "menu/win32/shown_menu.h"
+#include "platform/strings.h"
+
+namespace vbr {
+
+// The tips of the phrase menu and of its right-click menu.
+class CPhraseMenuToolTip : public CMenuToolTipTracked {
+  public:
+    CPhraseMenuToolTip(const ShownMenu& menu, MenuPainter& painter, const Strings& strings,
+                       const Clock& clock)
+        : CMenuToolTipTracked(clock), menu_(menu), painter_(painter), strings_(strings) {}
+
+    HICON GetCommandIcon(std::uint32_t id) override;
+    void GetTipText(std::u16string& text, std::uint32_t id, HMENU menu,
+                    std::u16string& title) override;
+
+    // Makes the window in the menu's looks; without it there are no tips.
+    bool Create(HWND owner);
+
+  private:
+    const ShownMenu& menu_;
+    MenuPainter& painter_;
+    const Strings& strings_;
+};
+
+}  // namespace vbr
