@@ -7,33 +7,79 @@
 
 namespace vbr {
 
+void CVBRAction_Exec::Execute(WindowHandle window) {
+    start_.ExecuteCommandLine(window, Text);
+}
+
 void CVBRAction_PlainText::Execute(WindowHandle) {
     delivery_.DeliverText(Text, CursorBack);
 }
 
+void CVBRAction_RichText::Execute(WindowHandle) {
+    delivery_.PasteRich(Text, CursorBack, Language);
+}
+
+void CVBRAction_Prompt::Execute(WindowHandle window) {
+    if (prompter_.ShowPromptDialog(window, Text) && !Text.empty()) {
+        CVBRAction_PlainText::Execute(window);
+    }
+}
+
 bool ActionRunner::BuildActions(const CVBRActionContext& context, std::u16string_view text,
                                 ActionList& list) {
-    if (context.DataType != kDataTypeText) {
-        log_.LogError(
-            Concat(u"Delivery of ", DataTypeToText(context.DataType), u" phrases is off"));
+    if (context.DataType < kDataTypeText || context.DataType > kDataTypeExec) {
+        parts_.RunLog.LogError(Concat(u"Unknown kind of phrase: ", context.DataType));
         return false;
     }
-    const MacroInput input{context.SelText, context.ClipboardText, context.Language};
     for (TextSegment& segment : SplitPromptMacros(text)) {
         if (segment.Kind == SegmentKind::Prompt) {
-            log_.LogError(Concat(u"Prompts are off, skipped: ", segment.Text));
-            continue;
+            list.push_back(std::make_unique<CVBRAction_Prompt>(
+                std::move(segment.Text), context.Language, parts_.Delivery, parts_.Prompts));
+        } else {
+            list.push_back(MakeTextAction(context, std::move(segment.Text)));
         }
-        const MacroOutcome outcome = macros_.ExpandMacros(segment.Text, input);
-        list.push_back(std::make_unique<CVBRAction_PlainText>(
-            std::move(segment.Text), outcome.CursorBack, context.Language, delivery_));
     }
     return true;
 }
 
+std::unique_ptr<CVBRAction> ActionRunner::MakeTextAction(const CVBRActionContext& context,
+                                                         std::u16string text) const {
+    if (context.DataType == kDataTypeExec) {
+        ExpandExecCommand(context.TargetWindow, text, context.SelText, context.ClipboardText);
+        return std::make_unique<CVBRAction_Exec>(std::move(text), parts_.Commands);
+    }
+    const MacroInput input{context.SelText, context.ClipboardText, context.Language};
+    if (context.DataType == kDataTypeRtf) {
+        const std::size_t cursorBack = parts_.Rich.ExpandMacrosRich(text, input).CursorBack;
+        return std::make_unique<CVBRAction_RichText>(std::move(text), cursorBack, context.Language,
+                                                     parts_.Delivery);
+    }
+    const std::size_t cursorBack = parts_.Macros.ExpandMacros(text, input).CursorBack;
+    return std::make_unique<CVBRAction_PlainText>(std::move(text), cursorBack, context.Language,
+                                                  parts_.Delivery);
+}
+
+void ActionRunner::ExpandExecCommand(WindowHandle window, std::u16string& text,
+                                     std::u16string_view selText,
+                                     std::u16string_view clipboardText) const {
+    std::u16string oneLine(selText);
+    ReplaceAll(oneLine, u"\r\n", u" ");
+    const std::uint32_t thread = parts_.Windows.ThreadOf(window).Thread;
+    parts_.Macros.ExpandMacros(
+        text, {oneLine, clipboardText, LanguageOf(parts_.Windows.KeyboardLayout(thread))});
+}
+
 bool ActionRunner::RunActions(const CVBRActionContext& context, const ActionList& list) {
+    WindowHandle window = context.TargetWindow;
+    if (!parts_.Targets.IsWindow(window)) {
+        parts_.RunLog.Write(u"The target window is gone; keys go to what has the focus now");
+        window = 0;
+    } else if (parts_.Targets.RunsElevated(window)) {
+        parts_.RunLog.LogError(
+            u"The target runs with administrator's rights; the system keeps typed keys from it");
+    }
     for (const std::unique_ptr<CVBRAction>& action : list) {
-        action->Execute(context.TargetWindow);
+        action->Execute(window);
     }
     return !list.empty();
 }

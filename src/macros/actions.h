@@ -6,16 +6,21 @@
 #include <string>
 #include <vector>
 
+#include "macros/command_start.h"
 #include "macros/macro_engine.h"
+#include "macros/prompt_dialog.h"
+#include "macros/rich_macros.h"
 #include "macros/text_delivery.h"
+#include "platform/desktop_windows.h"
 #include "platform/log.h"
+#include "platform/target_windows.h"
 #include "platform/window_handle.h"
 
 namespace vbr {
 
 // What one delivery works with.
 struct CVBRActionContext {
-    WindowHandle TargetWindow = 0;
+    WindowHandle TargetWindow = 0;  // 0 when a text is only worked out
     std::u16string ClipboardText;
     std::u16string SelText;
     std::int32_t DataType = 0;
@@ -33,47 +38,94 @@ class CVBRAction {
     std::u16string Text;
 };
 
-// A piece of text with the place of the cursor in it.
-class CVBRAction_TextCommon : public CVBRAction {
+// Runs its text as a command line.
+class CVBRAction_Exec : public CVBRAction {
   public:
-    CVBRAction_TextCommon(std::u16string text, std::size_t cursorBack, Lcid language)
-        : CVBRAction(std::move(text)), CursorBack(cursorBack), Language(language) {}
-
-    std::size_t CursorBack;
-    Lcid Language;
-};
-
-class CVBRAction_PlainText : public CVBRAction_TextCommon {
-  public:
-    CVBRAction_PlainText(std::u16string text, std::size_t cursorBack, Lcid language,
-                         TextDelivery& delivery)
-        : CVBRAction_TextCommon(std::move(text), cursorBack, language), delivery_(delivery) {}
+    CVBRAction_Exec(std::u16string text, CommandStart& start)
+        : CVBRAction(std::move(text)), start_(start) {}
 
     void Execute(WindowHandle window) override;
 
   private:
+    CommandStart& start_;
+};
+
+// A piece of text with the place of the cursor in it.
+class CVBRAction_TextCommon : public CVBRAction {
+  public:
+    CVBRAction_TextCommon(std::u16string text, std::size_t cursorBack, Lcid language,
+                          TextDelivery& delivery)
+        : CVBRAction(std::move(text)),
+          CursorBack(cursorBack),
+          Language(language),
+          delivery_(delivery) {}
+
+    std::size_t CursorBack;
+    Lcid Language;
+
+  protected:
     TextDelivery& delivery_;
+};
+
+class CVBRAction_PlainText : public CVBRAction_TextCommon {
+  public:
+    using CVBRAction_TextCommon::CVBRAction_TextCommon;
+
+    void Execute(WindowHandle window) override;
+};
+
+class CVBRAction_RichText : public CVBRAction_TextCommon {
+  public:
+    using CVBRAction_TextCommon::CVBRAction_TextCommon;
+
+    void Execute(WindowHandle window) override;
+};
+
+// Asks the user; its text is the default answer, and then the answer, which goes out as plain text.
+class CVBRAction_Prompt : public CVBRAction_PlainText {
+  public:
+    CVBRAction_Prompt(std::u16string text, Lcid language, TextDelivery& delivery,
+                      Prompter& prompter)
+        : CVBRAction_PlainText(std::move(text), 0, language, delivery), prompter_(prompter) {}
+
+    void Execute(WindowHandle window) override;
+
+  private:
+    Prompter& prompter_;
 };
 
 using ActionList = std::vector<std::unique_ptr<CVBRAction>>;
 
-// Turns a phrase's text into actions and runs them.
+// Turns a phrase's text into actions and runs them. Belongs to the main thread.
 class ActionRunner {
   public:
-    ActionRunner(const MacroEngine& macros, TextDelivery& delivery, Log& log)
-        : macros_(macros), delivery_(delivery), log_(log) {}
+    struct Parts {
+        const MacroEngine& Macros;
+        const RichMacros& Rich;
+        TextDelivery& Delivery;
+        CommandStart& Commands;
+        Prompter& Prompts;
+        const DesktopWindows& Windows;
+        const TargetWindows& Targets;
+        Log& RunLog;
+    };
 
-    // Every segment of the text expanded by itself, in order. False for a kind of phrase that
-    // isn't delivered; the log says which.
+    explicit ActionRunner(const Parts& parts) : parts_(parts) {}
+
+    // Every segment of the text expanded by itself, in order. False for an unknown kind of phrase.
     bool BuildActions(const CVBRActionContext& context, std::u16string_view text, ActionList& list);
 
-    // Runs the actions in order; false for an empty list.
+    // Runs the actions in order, each whatever became of those before it; false for an empty list.
+    // A target that is gone or that typed text can't reach is told in the log.
     bool RunActions(const CVBRActionContext& context, const ActionList& list);
 
   private:
-    const MacroEngine& macros_;
-    TextDelivery& delivery_;
-    Log& log_;
+    std::unique_ptr<CVBRAction> MakeTextAction(const CVBRActionContext& context,
+                                               std::u16string text) const;
+    void ExpandExecCommand(WindowHandle window, std::u16string& text, std::u16string_view selText,
+                           std::u16string_view clipboardText) const;
+
+    Parts parts_;
 };
 
 // The text of all actions, with nothing between them.

@@ -1,50 +1,38 @@
 // SPDX-License-Identifier: MIT
 #include "macros/text_delivery.h"
 
+#include <algorithm>
 #include <array>
+#include <system_error>
+#include <thread>
 
 #include "base/text.h"
+#include "macros/clipboard_forms.h"
+#include "macros/key_events.h"
+#include "macros/rich_macros.h"
 
 namespace vbr {
 namespace {
 
-constexpr std::uint32_t kKeyTime = 400;  // the time stamp of real keys
+constexpr std::int32_t kMethodPaste = 1;
+constexpr std::int32_t kMethodByLength = 2;
 
-void AddKey(std::vector<KeyEvent>& events, const KeyEvent& down) {
-    KeyEvent up = down;
-    up.Flags |= kKeyUp;
-    events.push_back(down);
-    events.push_back(up);
-}
-
-KeyEvent EventFor(char16_t unit, const InputInjector& input) {
-    const std::uint16_t code = unit;
-    if (unit == u'\t' || unit == u'\n' || unit == u'\r') {
-        return {.Vk = code, .Scan = input.ScanCode(code), .Flags = 0, .Time = kKeyTime};
-    }
-    return {.Vk = 0, .Scan = code, .Flags = kKeyUnicode, .Time = 0};
-}
+constexpr std::uint32_t kBeforePasteMs = 400;
+constexpr std::uint32_t kAfterPasteMs = 100;
+constexpr std::uint32_t kBetweenStepsMs = 1;
 
 }  // namespace
 
-std::vector<KeyEvent> PrintEvents(std::u16string_view text, std::size_t cursorBack,
-                                  const InputInjector& input) {
-    std::vector<KeyEvent> events;
-    events.reserve(2 * (text.size() + cursorBack) + 1);
-    for (const char16_t unit : text) {
-        AddKey(events, EventFor(unit, input));
-    }
-    if (cursorBack > 0) {
-        events.push_back({.Vk = kVkShift, .Flags = kKeyUp});
-    }
-    for (std::size_t i = 0; i < cursorBack; ++i) {
-        AddKey(events, {.Vk = kVkLeft});
-    }
-    return events;
+bool IsTyped(const PasteSettings& settings, std::size_t units) {
+    return settings.Method != kMethodPaste &&
+           (settings.Method != kMethodByLength || units < settings.PrintLTChars);
 }
 
 bool TextDelivery::DeliverText(std::u16string_view text, std::size_t cursorBack) {
-    log_.Write(Concat(u"DoPrint: ", text));
+    if (!IsTyped(parts_.Settings(), text.size())) {
+        return PasteText(text, cursorBack);
+    }
+    parts_.DeliveryLog.Write(Concat(u"DoPrint: ", text));
     return PrintText(text, cursorBack);
 }
 
@@ -52,9 +40,74 @@ bool TextDelivery::PrintText(std::u16string_view text, std::size_t cursorBack) {
     if (text.empty()) {
         return false;
     }
+    WaitForRelease(parts_.Input, parts_.Time, parts_.DeliveryLog);
     const std::array<KeyEvent, 1> controlUp = {{{.Vk = kVkControl, .Flags = kKeyUp}}};
-    input_.Send(controlUp);
-    input_.Send(PrintEvents(text, cursorBack, input_));
+    return SendAll(controlUp, parts_.Input, parts_.DeliveryLog) &&
+           SendAll(PrintEvents(text, cursorBack, parts_.Input), parts_.Input, parts_.DeliveryLog);
+}
+
+bool TextDelivery::PasteText(std::u16string_view text, std::size_t cursorBack) {
+    parts_.DeliveryLog.Write(Concat(u"DoPaste: ", text));
+    if (!CopyToClipboard(true, text, 0)) {
+        parts_.DeliveryLog.LogError(
+            u"CVBRAction_TextCommon::MutiCopy_Impl::Cannot set to clipboard");
+        return false;
+    }
+    return Paste(cursorBack);
+}
+
+bool TextDelivery::PasteRich(std::u16string_view source, std::size_t cursorBack, Lcid language) {
+    parts_.DeliveryLog.Write(Concat(u"DoPaste: ", source));
+    if (!CopyToClipboard(false, source, language)) {
+        parts_.DeliveryLog.LogError(u"Cannot set data to clipboard as MULTI formats");
+        return false;
+    }
+    return Paste(cursorBack);
+}
+
+bool TextDelivery::CopyToClipboard(bool plain, std::u16string_view text, Lcid language) {
+    const bool done = PutOnClipboard(
+        plain ? PlainClipboardForm(text, parts_.Forms.ThreadLocale())
+              : RichClipboardForm(text, RichToPlainText(text, parts_.RichText), language),
+        parts_.Clipboard);
+    if (done) {
+        parts_.Host.KeepClipboard();
+    }
+    return done;
+}
+
+bool TextDelivery::Paste(std::size_t cursorBack) {
+    bool sent = false;
+    try {
+        // A new thread sees the keys as they are now; this one as of the input that it has read.
+        std::thread([&] {
+            parts_.Time.Sleep(kBeforePasteMs);
+            sent = SendPasteKeys(cursorBack);
+        }).join();
+    } catch (const std::system_error&) {
+        parts_.DeliveryLog.LogError(u"Cannot start the thread that presses the keys of a paste");
+    }
+    return sent;
+}
+
+bool TextDelivery::SendPasteKeys(std::size_t cursorBack) {
+    WaitForRelease(parts_.Input, parts_.Time, parts_.DeliveryLog);
+    if (!SendAll(PasteEvents(parts_.Input), parts_.Input, parts_.DeliveryLog)) {
+        return false;
+    }
+    parts_.Time.Sleep(kAfterPasteMs);
+    const std::size_t portion = CursorStepsAtOnce(cursorBack);
+    const std::vector<KeyEvent> events = CursorEvents(std::min(portion, cursorBack));
+    for (std::size_t left = cursorBack; left > 0;) {
+        const std::size_t steps = std::min(portion, left);
+        if (!SendAll(std::span(events).first(2 * steps), parts_.Input, parts_.DeliveryLog)) {
+            return false;
+        }
+        left -= steps;
+        if (steps == portion) {
+            parts_.Time.Sleep(kBetweenStepsMs);
+        }
+    }
     return true;
 }
 

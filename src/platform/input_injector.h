@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <span>
 
@@ -10,8 +11,15 @@ namespace vbr {
 inline constexpr std::uint16_t kVkTab = 9;
 inline constexpr std::uint16_t kVkShift = 16;
 inline constexpr std::uint16_t kVkControl = 17;
+inline constexpr std::uint16_t kVkMenu = 18;
 inline constexpr std::uint16_t kVkLeft = 37;
 inline constexpr std::uint16_t kVkC = 0x43;
+inline constexpr std::uint16_t kVkV = 0x56;
+inline constexpr std::uint16_t kVkLeftWin = 91;
+inline constexpr std::uint16_t kVkRightWin = 92;
+inline constexpr std::uint16_t kVkLeftControl = 162;
+inline constexpr std::uint16_t kVkLeftMenu = 164;
+inline constexpr std::uint16_t kVkOem3 = 192;  // left of the 1 on most keyboards
 
 inline constexpr std::uint32_t kKeyUp = 2;
 inline constexpr std::uint32_t kKeyUnicode = 4;
@@ -26,13 +34,21 @@ struct KeyEvent {
     bool operator==(const KeyEvent&) const = default;
 };
 
-// Puts keyboard events into the input queue of the desktop.
+// Puts keyboard events into the input queue of the desktop and tells the keys' state. Callable from
+// any thread.
 class InputInjector {
   public:
     virtual ~InputInjector() = default;
 
-    // All events in one call, so that no other input comes between them.
-    virtual void Send(std::span<const KeyEvent> events) = 0;
+    // All events in one call, so that no other input comes between them. The number of events that
+    // the system took, from the first on.
+    virtual std::size_t Send(std::span<const KeyEvent> events) = 0;
+
+    // Whether the key is held down at this moment.
+    virtual bool IsKeyDown(std::uint16_t vk) const = 0;
+    // Whether the key is down or toggled for the calling thread, as the input that it has read
+    // says.
+    virtual bool HasKeyState(std::uint16_t vk) const = 0;
 
     virtual std::uint16_t ScanCode(std::uint16_t vk) const = 0;
 };

@@ -20,6 +20,8 @@ class Locale {
     virtual ~Locale() = default;
 
     virtual Lcid UserDefault() const = 0;
+    // That of the calling thread, which is the user's unless something changed it.
+    virtual Lcid ThreadLocale() const = 0;
     virtual std::u16string LongDate(Lcid lcid, const SystemTime& time) const = 0;
     // Hours, minutes and seconds in 24-hour form.
     virtual std::u16string Time24(Lcid lcid, const SystemTime& time) const = 0;

@@ -11,15 +11,14 @@ namespace {
 
 constexpr std::u16string_view kUnicodePrefix = u"{\\urtf";
 constexpr std::string_view kPrefix = "{\\rtf";
+constexpr char16_t kLastAscii = 0x7F;
 
-}  // namespace
-
-std::string ToRichBytes(std::u16string_view source) {
+// Units up to `lastByte` stay bytes; in a source that is Unicode by itself only ASCII does.
+std::string ToBytes(std::u16string_view source, char16_t lastByte) {
     std::string bytes;
     bytes.reserve(source.size());
-    char16_t lastByte = 0xFF;
     if (StartsWithNoCase(source, kUnicodePrefix)) {
-        lastByte = 0x7F;
+        lastByte = kLastAscii;
         bytes = kPrefix;
         source.remove_prefix(kUnicodePrefix.size());
     }
@@ -51,6 +50,16 @@ std::string ToRichBytes(std::u16string_view source) {
         bytes += '}';
     }
     return bytes;
+}
+
+}  // namespace
+
+std::string ToRichBytes(std::u16string_view source) {
+    return ToBytes(source, 0xFF);
+}
+
+std::string ToAsciiRich(std::u16string_view source) {
+    return ToBytes(source, kLastAscii);
 }
 
 std::size_t RichGroupDepth(std::string_view bytes) {

@@ -16,6 +16,9 @@ inline constexpr std::size_t kMaxRichGroupDepth = 32;
 // with "{\urtf" is Unicode by itself: units above 127 become escapes, and the prefix "{\rtf".
 std::string ToRichBytes(std::u16string_view source);
 
+// The same in ASCII alone: units above 127 are Unicode and become escapes, whatever the prefix.
+std::string ToAsciiRich(std::u16string_view source);
+
 // The deepest nesting of groups in 8-bit Rich Text Format, rather too deep than not deep enough.
 std::size_t RichGroupDepth(std::string_view bytes);
 

@@ -7,6 +7,10 @@ namespace vbr {
 inline constexpr int kMenuTray = 128;
 inline constexpr int kMenuHistoryRow = 205;
 
+// Dialog templates and their controls.
+inline constexpr int kDialogPrompt = 301;
+inline constexpr int kCtlPromptAnswer = 1013;
+
 // Icons.
 inline constexpr int kIconProgram = 128;
 inline constexpr int kIconProgramOff = 201;

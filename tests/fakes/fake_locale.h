@@ -15,6 +15,7 @@ inline constexpr Lcid kRussian = 0x0419;
 class FakeLocale : public Locale {
   public:
     Lcid UserDefault() const override { return kEnglish; }
+    Lcid ThreadLocale() const override { return kBritish; }
     std::u16string LongDate(Lcid lcid, const SystemTime& t) const override {
         const std::u16string weekday = WeekdayName(lcid, t.DayOfWeek, NameForm::Full);
         const std::u16string month = MonthName(lcid, t.Month, NameForm::Full);
@@ -54,8 +55,10 @@ class FakeKeyboardLayouts : public KeyboardLayouts {
   public:
     std::vector<Lcid> Languages = {kEnglish, kRussian, kBritish};
     Lcid DefaultLanguage = kEnglish;
+    LayoutToggleSetting Toggle{true, u"1"};
     std::vector<Lcid> InstalledLanguages() const override { return Languages; }
     Lcid DefaultInputLanguage() const override { return DefaultLanguage; }
+    LayoutToggleSetting ToggleSetting() const override { return Toggle; }
 };
 
 }  // namespace vbr

@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <algorithm>
+#include <functional>
+#include <limits>
+#include <set>
 #include <vector>
 
 #include "fakes/journal.h"
@@ -14,13 +18,22 @@ class RecordingInput : public InputInjector {
     explicit RecordingInput(Journal* calls = nullptr) : calls_(calls) {}
 
     std::vector<std::vector<KeyEvent>> Sent;
+    std::size_t MostPerCall = std::numeric_limits<std::size_t>::max();
+    std::set<std::uint16_t> Held;
+    std::set<std::uint16_t> States;
+    std::function<void()> OnSend = [] {};
 
-    void Send(std::span<const KeyEvent> events) override {
-        Sent.emplace_back(events.begin(), events.end());
+    std::size_t Send(std::span<const KeyEvent> events) override {
+        const std::size_t taken = std::min(events.size(), MostPerCall);
+        Sent.emplace_back(events.begin(), events.begin() + static_cast<std::ptrdiff_t>(taken));
         if (calls_) {
             calls_->push_back("keys");
         }
+        OnSend();
+        return taken;
     }
+    bool IsKeyDown(std::uint16_t vk) const override { return Held.contains(vk); }
+    bool HasKeyState(std::uint16_t vk) const override { return States.contains(vk); }
     std::uint16_t ScanCode(std::uint16_t vk) const override {
         return static_cast<std::uint16_t>(vk + 100);
     }

@@ -7,7 +7,7 @@
 
 namespace vbr {
 
-void WinInputInjector::Send(std::span<const KeyEvent> events) {
+std::size_t WinInputInjector::Send(std::span<const KeyEvent> events) {
     std::vector<INPUT> inputs;
     inputs.reserve(events.size());
     for (const KeyEvent& event : events) {
@@ -16,7 +16,15 @@ void WinInputInjector::Send(std::span<const KeyEvent> events) {
         input.ki = {event.Vk, event.Scan, event.Flags, event.Time, 0};
         inputs.push_back(input);
     }
-    SendInput(static_cast<UINT>(inputs.size()), inputs.data(), sizeof(INPUT));
+    return SendInput(static_cast<UINT>(inputs.size()), inputs.data(), sizeof(INPUT));
+}
+
+bool WinInputInjector::IsKeyDown(std::uint16_t vk) const {
+    return GetAsyncKeyState(vk) < 0;
+}
+
+bool WinInputInjector::HasKeyState(std::uint16_t vk) const {
+    return GetKeyState(vk) != 0;
 }
 
 std::uint16_t WinInputInjector::ScanCode(std::uint16_t vk) const {

@@ -7,7 +7,9 @@ namespace vbr {
 
 class WinInputInjector : public InputInjector {
   public:
-    void Send(std::span<const KeyEvent> events) override;
+    std::size_t Send(std::span<const KeyEvent> events) override;
+    bool IsKeyDown(std::uint16_t vk) const override;
+    bool HasKeyState(std::uint16_t vk) const override;
     std::uint16_t ScanCode(std::uint16_t vk) const override;
 };
 

@@ -9,6 +9,7 @@ class WinKeyboardLayouts : public KeyboardLayouts {
   public:
     std::vector<Lcid> InstalledLanguages() const override;
     Lcid DefaultInputLanguage() const override;
+    LayoutToggleSetting ToggleSetting() const override;
 };
 
 }  // namespace vbr

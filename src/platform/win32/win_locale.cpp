@@ -32,6 +32,10 @@ Lcid WinLocale::UserDefault() const {
     return GetUserDefaultLCID();
 }
 
+Lcid WinLocale::ThreadLocale() const {
+    return GetThreadLocale();
+}
+
 std::u16string WinLocale::LongDate(Lcid lcid, const SystemTime& time) const {
     const SYSTEMTIME date = ToWindows(time);
     wchar_t buffer[kDateMax];

@@ -8,6 +8,7 @@ namespace vbr {
 class WinLocale : public Locale {
   public:
     Lcid UserDefault() const override;
+    Lcid ThreadLocale() const override;
     std::u16string LongDate(Lcid lcid, const SystemTime& time) const override;
     std::u16string Time24(Lcid lcid, const SystemTime& time) const override;
     std::u16string WeekdayName(Lcid lcid, int dayOfWeek, NameForm form) const override;

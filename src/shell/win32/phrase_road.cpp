@@ -48,11 +48,15 @@ PhraseRoad::PhraseRoad(const Parts& parts, HWND window)
       richMacros_(macros_, layouts_, locale_, richText_),
       previews_({macros_, richMacros_, richText_, layouts_, locale_, parts.Texts}),
       items_(previews_, locale_, parts.Texts),
-      text_(input_, parts.RoadLog),
-      runner_(macros_, text_, parts.RoadLog),
-      delivery_(tree_, macros_, runner_),
       clipboardAccess_(window),
       snapshot_(clipboardAccess_, parts.RoadLog),
+      delivery_({parts.Settings, parts.Texts, tree_, macros_, richMacros_, richText_,
+                 clipboardAccess_, parts.RoadLog},
+                {.BeginOwnCopy = {},
+                 .EndOwnCopy = {},
+                 .Keep = [this] { snapshot_.ClearRestore(); },
+                 .Restore = [this] { snapshot_.RestoreClipboardSnapshot(); },
+                 .HistoryItem = {}}),
       selection_(clipboard_, input_, windows_, clock_),
       queryRoad_(MakeRoad(ChooseRoad(system_.Is64BitWindows(), parts.ForcedRoad), windows_,
                           selection_, queryMessage_, parts.RoadLog)),
@@ -126,15 +130,15 @@ void PhraseRoad::OnQueryReady(WPARAM query, LPARAM answer) {
     }
 }
 
-void PhraseRoad::Deliver(std::int32_t choice, WindowHandle target) {
-    const auto id = static_cast<std::uint32_t>(choice);
+void PhraseRoad::Deliver(std::uint32_t id, WindowHandle target) {
     const DeliveryContext context{builder_.ClipboardAtHotkey(), builder_.SelectedText(),
-                                  LanguageOf(builder_.Hkl())};
-    if (delivery_.DeliverCommand(id, target, context) == DeliverResult::Phrase) {
+                                  LanguageOf(builder_.Hkl()), builder_.IsAllow_SwitchLayout()};
+    const DeliverResult result = delivery_.Commands().DeliverCommand(id, target, context);
+    if (result == DeliverResult::Phrase) {
         builder_.RememberCommand(id);
+    }
+    if (result != DeliverResult::Nothing) {
         snapshot_.ClearRestore();
-    } else {
-        snapshot_.RestoreClipboardSnapshot();
     }
 }
 

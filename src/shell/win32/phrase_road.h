@@ -14,13 +14,10 @@
 #include "exchange/selected_text.h"
 #include "exchange/win32/hook_module.h"
 #include "exchange/win32/query_wait_thread.h"
-#include "macros/actions.h"
-#include "macros/command_delivery.h"
 #include "macros/macro_engine.h"
 #include "macros/macro_values.h"
 #include "macros/phrase_texts.h"
 #include "macros/rich_macros.h"
-#include "macros/text_delivery.h"
 #include "menu/menu_history.h"
 #include "menu/phrase_item.h"
 #include "menu/phrase_menu_handler.h"
@@ -43,6 +40,7 @@
 #include "settings/settings.h"
 #include "shell/file_locations.h"
 #include "shell/hotkey_service.h"
+#include "shell/win32/delivery_road.h"
 
 namespace vbr {
 
@@ -85,14 +83,15 @@ class PhraseRoad {
     // message of the wait thread gives.
     void OnQueryReady(WPARAM query, LPARAM answer);
     // Gives the clipboard back what it held before the query.
-    void RestoreClipboardSnapshot() { snapshot_.RestoreClipboardSnapshot(); }
+    void RestoreClipboardSnapshot() { delivery_.RestoreClipboard(); }
     bool IsMenuShown() const { return builder_.IsMenuShown(); }
     bool IsAllow_WaitAnswerFromExeAgent() const {
         return builder_.IsAllow_WaitAnswerFromExeAgent();
     }
 
-    // Carries out a choice of the menu: the id of a phrase.
-    void Deliver(std::int32_t choice, WindowHandle target);
+    // Carries out a choice of the menu: the id of a phrase or of a history item.
+    void Deliver(std::uint32_t id, WindowHandle target);
+    const std::u16string& SelectedText() const { return builder_.SelectedText(); }
 
   private:
     Parts parts_;
@@ -118,11 +117,9 @@ class PhraseRoad {
     RichMacros richMacros_;
     PhraseTexts previews_;
     PhraseItemMaker items_;
-    TextDelivery text_;
-    ActionRunner runner_;
-    CommandDelivery delivery_;
     WinClipboardAccess clipboardAccess_;
     CClipboardSnapshot snapshot_;
+    DeliveryRoad delivery_;
     SelectedTextReader selection_;
     std::unique_ptr<QueryRoad> queryRoad_;
     QueryWaitThread queryWait_;

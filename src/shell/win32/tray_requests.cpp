@@ -13,6 +13,12 @@ namespace {
 
 constexpr std::uint32_t kQueryBalloonMs = 3000;
 
+// Choices of the menu that are no item's id. There are others: no choice, and what is off.
+constexpr std::int32_t kChoiceEditPhrases = -2;
+constexpr std::int32_t kChoiceHistoryPane = -3;
+constexpr std::int32_t kChoiceSelectionIntoPhrase = -4;
+constexpr std::int32_t kChoiceSupport = -6;
+
 }  // namespace
 
 // The sender of a message gave the address: it may be bad. False then.
@@ -187,9 +193,25 @@ LRESULT CVBRTrayWnd::OnCopyData(WPARAM, LPARAM block) {
 void CVBRTrayWnd::React(std::int32_t choice, WindowHandle target) {
     context_.TrayLog.Write(u"CVBRTrayWnd::OnWmCommandFromSelf");
     if (choice > 0) {
-        road_->Deliver(choice, target);
-    } else {
-        road_->RestoreClipboardSnapshot();
+        road_->Deliver(static_cast<std::uint32_t>(choice), target);
+        return;
+    }
+    road_->RestoreClipboardSnapshot();
+    switch (choice) {
+        case kChoiceEditPhrases:
+            context_.TrayRooms.Companions.StartEditor(false, {});
+            break;
+        case kChoiceHistoryPane:
+            SendMessageW(Handle(), WM_COMMAND, kCmdTogglePane, 0);
+            break;
+        case kChoiceSelectionIntoPhrase:
+            context_.TrayRooms.Companions.StartEditor(false, road_->SelectedText());
+            break;
+        case kChoiceSupport:
+            PostMessageW(Handle(), WM_COMMAND, kCmdSupport, 0);
+            break;
+        default:
+            break;
     }
 }
 

@@ -4,6 +4,7 @@
 #include "base/text.h"
 #include "platform/object_names.h"
 #include "platform/win32/wide.h"
+#include "platform/win32/window_icons.h"
 #include "resources/resource_ids.h"
 #include "shell/tray_messages.h"
 #include "shell/win32/app_objects.h"
@@ -18,16 +19,6 @@ constexpr DWORD kExitBalloonMs = 500;
 
 UINT Registered(std::u16string_view name) {
     return RegisterWindowMessageW(Wide(name.data()));
-}
-
-void SetWindowIcons(HWND window) {
-    const HMODULE module = GetModuleHandleW(nullptr);
-    const HANDLE small =
-        LoadImageW(module, MAKEINTRESOURCEW(kIconProgram), IMAGE_ICON,
-                   GetSystemMetrics(SM_CXSMICON), GetSystemMetrics(SM_CYSMICON), LR_SHARED);
-    const HANDLE big = LoadIconW(module, MAKEINTRESOURCEW(kIconProgram));
-    SendMessageW(window, WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(small));
-    SendMessageW(window, WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(big));
 }
 
 // An elevated window still takes the choice of a target with fewer rights.
@@ -127,7 +118,7 @@ LRESULT CVBRTrayWnd::OnCreate(WPARAM, LPARAM) {
     CAppObjects::SetSounds(&sounds_);
     ApplyLanguage();
     AdmitCopyData();
-    SetWindowIcons(Handle());
+    SetWindowIcons(Handle(), kIconProgram);
     road_ = std::make_unique<PhraseRoad>(
         PhraseRoad::Parts{context_.Settings, context_.Locations, context_.Access, context_.TrayLog,
                           CAppObjects::Messages(), context_.Texts, context_.Guard, context_.Stop,

@@ -1,0 +1,197 @@
+// SPDX-License-Identifier: MIT
+#include "macros/win32/prompt_dialog_window.h"
+
+#include "platform/win32/answering.h"
+#include "platform/win32/wide.h"
+#include "platform/win32/window_icons.h"
+#include "resources/resource_ids.h"
+
+namespace vbr {
+namespace {
+
+constexpr int kTitleMax = 256;
+constexpr WPARAM kMoveByMouse = SC_MOVE | HTCAPTION;
+constexpr int kForegroundTries = 50;
+constexpr DWORD kForegroundStepMs = 10;
+
+// The input of this thread joined with that of a window's, for as long as this lives. Only so may
+// this thread take the foreground from the window and set its focus.
+class InputAttachment {
+  public:
+    // A thread that hangs is left alone: this one would hang with it.
+    explicit InputAttachment(HWND window)
+        : thread_(window ? GetWindowThreadProcessId(window, nullptr) : 0) {
+        const bool isOwn = thread_ == GetCurrentThreadId();
+        attached_ = thread_ != 0 && !isOwn && Answers(window) &&
+                    AttachThreadInput(GetCurrentThreadId(), thread_, TRUE);
+        reachable_ = isOwn || attached_;
+    }
+    ~InputAttachment() {
+        if (attached_) {
+            AttachThreadInput(GetCurrentThreadId(), thread_, FALSE);
+        }
+    }
+    InputAttachment(const InputAttachment&) = delete;
+    InputAttachment& operator=(const InputAttachment&) = delete;
+
+    explicit operator bool() const { return reachable_; }
+
+  private:
+    DWORD thread_;
+    bool attached_ = false;
+    bool reachable_ = false;
+};
+
+PromptArea ToArea(const RECT& rect) {
+    return {rect.left, rect.top, rect.right, rect.bottom};
+}
+
+// The caret of the window's thread in screen coordinates.
+std::optional<RECT> CaretOf(HWND window) {
+    GUITHREADINFO info{};
+    info.cbSize = sizeof info;
+    const DWORD thread = window ? GetWindowThreadProcessId(window, nullptr) : 0;
+    if (thread == 0 || !GetGUIThreadInfo(thread, &info) || !info.hwndCaret) {
+        return std::nullopt;
+    }
+    RECT caret = info.rcCaret;
+    MapWindowPoints(info.hwndCaret, nullptr, reinterpret_cast<POINT*>(&caret), 2);
+    return caret;
+}
+
+// The window's title without a message to its thread; a control has that of its top window.
+std::u16string TitleOf(HWND window) {
+    wchar_t title[kTitleMax];
+    for (const HWND titled : {window, GetAncestor(window, GA_ROOT)}) {
+        const int length = titled ? InternalGetWindowText(titled, title, kTitleMax) : 0;
+        if (length > 0) {
+            return FromWide(title, static_cast<std::size_t>(length));
+        }
+    }
+    return {};
+}
+
+// The keyboard goes back to the window, and what follows is typed into it.
+void GiveFocusBack(HWND window) {
+    if (!IsWindow(window)) {
+        return;
+    }
+    const HWND top = GetAncestor(window, GA_ROOT);
+    {
+        const InputAttachment attached(window);
+        SetForegroundWindow(top);
+        if (attached) {
+            SetFocus(window);
+        }
+    }
+    // Where letting go of the other thread's input has left the foreground elsewhere.
+    for (int i = 0; i < kForegroundTries && GetForegroundWindow() != top; ++i) {
+        SetForegroundWindow(top);
+        Sleep(kForegroundStepMs);
+    }
+}
+
+}  // namespace
+
+bool CVBRPromptDlg::DoModal() {
+    return DialogBoxParamW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(kDialogPrompt), nullptr,
+                           DialogProc, reinterpret_cast<LPARAM>(this)) == IDOK;
+}
+
+INT_PTR CALLBACK CVBRPromptDlg::DialogProc(HWND dialog, UINT message, WPARAM wParam,
+                                           LPARAM lParam) {
+    if (message == WM_INITDIALOG) {
+        SetWindowLongPtrW(dialog, DWLP_USER, lParam);
+        auto* created = reinterpret_cast<CVBRPromptDlg*>(lParam);
+        created->dialog_ = dialog;
+        created->OnInitDialog();
+        return FALSE;  // the focus is where it belongs
+    }
+    auto* self = reinterpret_cast<CVBRPromptDlg*>(GetWindowLongPtrW(dialog, DWLP_USER));
+    return self ? self->OnMessage(message, wParam) : FALSE;
+}
+
+INT_PTR CVBRPromptDlg::OnMessage(UINT message, WPARAM wParam) {
+    if (message == WM_LBUTTONDOWN) {
+        ReleaseCapture();
+        SendMessageW(dialog_, WM_SYSCOMMAND, kMoveByMouse, 0);
+        return TRUE;
+    }
+    if (message != WM_COMMAND) {
+        return FALSE;
+    }
+    switch (LOWORD(wParam)) {
+        case IDOK:
+            OnOk();
+            EndDialog(dialog_, IDOK);
+            return TRUE;
+        case IDCANCEL:
+            EndDialog(dialog_, IDCANCEL);
+            return TRUE;
+        default:
+            return FALSE;
+    }
+}
+
+void CVBRPromptDlg::OnInitDialog() {
+    const std::u16string title = PromptTitle(texts_.LoadString(kStrProductName), TitleOf(target_));
+    SetWindowTextW(dialog_, Wide(title));
+    SetWindowIcons(dialog_, kIconProgram);
+    answer_ = GetDlgItem(dialog_, kCtlPromptAnswer);
+    SendMessageW(answer_, WM_SETFONT, reinterpret_cast<WPARAM>(GetStockObject(DEFAULT_GUI_FONT)),
+                 FALSE);
+    SendMessageW(answer_, EM_SETLIMITTEXT, 0, 0);  // the most that the system allows
+    SetWindowTextW(answer_, Wide(text_));
+    SetDlgItemTextW(dialog_, IDCANCEL, Wide(texts_.LoadString(kStrCancel)));
+    Place();
+    ShowWindow(dialog_, SW_SHOW);
+    TakeForeground();
+    SetFocus(answer_);
+    SendMessageW(answer_, EM_SETSEL, 0, -1);
+    SetWindowPos(dialog_, HWND_TOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+}
+
+void CVBRPromptDlg::OnOk() {
+    std::u16string content(static_cast<std::size_t>(GetWindowTextLengthW(answer_)) + 1, u'\0');
+    content.resize(static_cast<std::size_t>(
+        GetWindowTextW(answer_, Wide(content.data()), static_cast<int>(content.size()))));
+    text_ = PromptAnswer(text_, SendMessageW(answer_, EM_GETMODIFY, 0, 0) != 0, content);
+}
+
+void CVBRPromptDlg::Place() const {
+    RECT dialog{};
+    GetWindowRect(dialog_, &dialog);
+    const std::optional<RECT> caret = CaretOf(target_);
+    RECT target{};
+    const bool hasTarget = GetWindowRect(target_, &target) != 0;
+    const HMONITOR monitor = MonitorFromRect(caret ? &*caret : &target, MONITOR_DEFAULTTONEAREST);
+    MONITORINFO screen{};
+    screen.cbSize = sizeof screen;
+    GetMonitorInfoW(monitor, &screen);
+    const PromptArea area =
+        PlacePrompt(dialog.right - dialog.left, dialog.bottom - dialog.top,
+                    {.Caret = caret ? std::optional(ToArea(*caret)) : std::nullopt,
+                     .Target = ToArea(hasTarget ? target : screen.rcWork),
+                     .WorkArea = ToArea(screen.rcWork)});
+    SetWindowPos(dialog_, nullptr, area.Left, area.Top, 0, 0,
+                 SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void CVBRPromptDlg::TakeForeground() const {
+    if (const InputAttachment attached(target_); attached) {
+        SetActiveWindow(dialog_);
+        SetForegroundWindow(dialog_);
+        SetFocus(dialog_);
+    }
+}
+
+bool WinPrompter::ShowPromptDialog(WindowHandle window, std::u16string& inOutText) {
+    const HWND target = reinterpret_cast<HWND>(window);
+    CVBRPromptDlg dialog(target, inOutText, texts_);
+    const bool answered = dialog.DoModal();
+    inOutText = answered ? dialog.Text() : std::u16string();
+    GiveFocusBack(target);
+    return answered;
+}
+
+}  // namespace vbr
