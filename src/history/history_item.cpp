@@ -1,0 +1,184 @@
+// SPDX-License-Identifier: MIT
+#include "history/history_item.h"
+
+#include <algorithm>
+#include <array>
+#include <atomic>
+#include <cstring>
+#include <random>
+
+namespace vbr {
+namespace {
+
+constexpr std::uint32_t kBitmapSize = 4;
+
+const std::shared_ptr<const ItemBytes>& NoData() {
+    static const auto none = std::make_shared<const ItemBytes>();
+    return none;
+}
+
+// A random UUID's digits without its signs.
+std::u16string NewKey() {
+    std::random_device random;
+    std::array<std::uint32_t, 4> words{random(), random(), random(), random()};
+    words[1] = (words[1] & 0xFFFF0FFF) | 0x4000;      // version: random
+    words[2] = (words[2] & 0x3FFFFFFF) | 0x80000000;  // variant
+    std::u16string key;
+    for (const std::uint32_t word : words) {
+        for (int shift = 28; shift >= 0; shift -= 4) {
+            key += u"0123456789abcdef"[word >> shift & 0xF];
+        }
+    }
+    return key;
+}
+
+std::uint32_t NextId() {
+    static std::atomic<std::uint32_t> next = 0;
+    return next++;
+}
+
+template <typename Unit>
+ItemBytes Terminated(std::basic_string_view<Unit> text) {
+    ItemBytes bytes((text.size() + 1) * sizeof(Unit));
+    std::memcpy(bytes.data(), text.data(), text.size() * sizeof(Unit));
+    return bytes;
+}
+
+std::string_view AllBytes(const ItemBytes& bytes) {
+    return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
+}
+
+// The data as 16-bit units up to the first zero unit. An odd last byte counts when it isn't zero.
+std::string_view BytesToCompare(const ItemBytes& bytes) {
+    const std::string_view all = AllBytes(bytes);
+    const std::u16string_view units(reinterpret_cast<const char16_t*>(all.data()), all.size() / 2);
+    const std::size_t end = units.find(u'\0');
+    if (end != units.npos) {
+        return all.substr(0, end * 2);
+    }
+    const bool endsInZero = all.size() % 2 != 0 && all.back() == '\0';
+    return all.substr(0, all.size() - (endsInZero ? 1 : 0));
+}
+
+bool IsSamePicture(const std::shared_ptr<const Bitmap>& a, const std::shared_ptr<const Bitmap>& b) {
+    if (!a || !b) {
+        return false;
+    }
+    if (a == b) {
+        return true;
+    }
+    const auto header = a->Header();
+    if (!header || header != b->Header()) {
+        return false;
+    }
+    const auto bits = a->Read(*header);
+    return bits && bits == b->Read(*header);
+}
+
+std::uint64_t HashOf(std::string_view bytes) {
+    return std::hash<std::string_view>()(bytes);
+}
+
+}  // namespace
+
+ItemBytes TextBytes(std::u16string_view text) {
+    return Terminated(text);
+}
+
+ItemBytes TextBytes(std::string_view text) {
+    return Terminated(text);
+}
+
+CCHItem::CCHItem(ItemFormat itemFormat, WindowHandle owner, const SystemTime& captured)
+    : ownerWindow(owner),
+      key(NewKey()),
+      id(NextId()),
+      time(captured),
+      format(itemFormat),
+      data_(NoData()) {}
+
+std::unique_ptr<CCHItem> CCHItem::Copy() const {
+    std::unique_ptr<CCHItem> copy(new CCHItem(*this));
+    copy->icon.reset();
+    copy->iconTried = false;
+    // Objects of their own, so that a thread may note in its copies where they were written.
+    for (auto& alternative : copy->alternatives) {
+        alternative = alternative->Copy();
+    }
+    return copy;
+}
+
+std::uint32_t CCHItem::Size() const {
+    return format == CHF_BITMAP ? kBitmapSize : static_cast<std::uint32_t>(data_->size());
+}
+
+void CCHItem::SetData(ItemBytes data) {
+    data_ = std::make_shared<const ItemBytes>(std::move(data));
+    hash_ = HashOf(BytesToCompare(*data_));
+}
+
+void CCHItem::SetPicture(std::shared_ptr<const Bitmap> picture) {
+    picture_ = std::move(picture);
+    const auto header = picture_ ? picture_->Header() : std::nullopt;
+    const auto bits = header ? picture_->Read(*header) : std::nullopt;
+    hash_ = bits ? HashOf(AllBytes(bits->Bits)) : 0;
+}
+
+void CCHItem::FreeData() {
+    alternatives.clear();
+    data_ = NoData();
+    picture_.reset();
+    hash_ = 0;
+    locale = 0;
+    sourceUrl.clear();
+}
+
+std::u16string_view CCHItem::WideText() const {
+    const std::string_view all = AllBytes(*data_);
+    const std::u16string_view units(reinterpret_cast<const char16_t*>(all.data()), all.size() / 2);
+    return units.substr(0, units.find(u'\0'));
+}
+
+std::string_view CCHItem::ByteText() const {
+    const std::string_view all = AllBytes(*data_);
+    return all.substr(0, all.find('\0'));
+}
+
+const CCHItem* CCHItem::FindFormat(ItemFormat code) const {
+    if (format == code) {
+        return this;
+    }
+    const auto found =
+        std::find_if(alternatives.begin(), alternatives.end(),
+                     [code](const auto& alternative) { return alternative->format == code; });
+    return found == alternatives.end() ? nullptr : found->get();
+}
+
+void CCHItem::ForgetStorage() {
+    storeState = StoreState::NotStored;
+    dataPath.clear();
+    infoPath.clear();
+}
+
+void CCHItem::ListFiles(std::vector<std::filesystem::path>& files) const {
+    const auto add = [&files](const std::filesystem::path& path) {
+        if (!path.empty()) {
+            files.push_back(path);
+        }
+    };
+    add(infoPath);
+    add(dataPath);
+    for (const auto& alternative : alternatives) {
+        add(alternative->dataPath);
+    }
+}
+
+bool IsSame(const CCHItem& a, const CCHItem& b) {
+    if (a.format != b.format || a.format == CHF_KELPNOTES || a.ContentHash() != b.ContentHash()) {
+        return false;
+    }
+    return a.format == CHF_BITMAP ? IsSamePicture(a.Picture(), b.Picture())
+                                  : BytesToCompare(a.Data()) == BytesToCompare(b.Data());
+}
+
+}  // namespace vbr
