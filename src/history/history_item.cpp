@@ -48,16 +48,14 @@ std::string_view AllBytes(const ItemBytes& bytes) {
     return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
 }
 
-// The data as 16-bit units up to the first zero unit. An odd last byte counts when it isn't zero.
+// The data as 16-bit units up to the first zero unit, with zeros thought behind its end. Without
+// the last unit's high byte when that is zero, so that an odd number of bytes compares as well.
 std::string_view BytesToCompare(const ItemBytes& bytes) {
     const std::string_view all = AllBytes(bytes);
     const std::u16string_view units(reinterpret_cast<const char16_t*>(all.data()), all.size() / 2);
     const std::size_t end = units.find(u'\0');
-    if (end != units.npos) {
-        return all.substr(0, end * 2);
-    }
-    const bool endsInZero = all.size() % 2 != 0 && all.back() == '\0';
-    return all.substr(0, all.size() - (endsInZero ? 1 : 0));
+    const std::string_view text = end == units.npos ? all : all.substr(0, end * 2);
+    return text.substr(0, text.size() - (text.ends_with('\0') ? 1 : 0));
 }
 
 bool IsSamePicture(const std::shared_ptr<const Bitmap>& a, const std::shared_ptr<const Bitmap>& b) {
@@ -154,10 +152,18 @@ const CCHItem* CCHItem::FindFormat(ItemFormat code) const {
     return found == alternatives.end() ? nullptr : found->get();
 }
 
+void CCHItem::RenewKey() {
+    key = NewKey();
+}
+
 void CCHItem::ForgetStorage() {
     storeState = StoreState::NotStored;
+    ++revision;
     dataPath.clear();
     infoPath.clear();
+    for (const auto& alternative : alternatives) {
+        alternative->dataPath.clear();
+    }
 }
 
 void CCHItem::ListFiles(std::vector<std::filesystem::path>& files) const {

@@ -58,6 +58,8 @@ class CCHItem {
     mutable bool iconTried = false;
     mutable std::shared_ptr<void> icon;  // the owner's, may be null
     StoreState storeState = StoreState::NotStored;
+    // Grows when the item becomes unsaved, so that a save of what it was before counts no more.
+    std::uint32_t revision = 0;
     SystemTime time;  // local, of the capture
     ItemFormat format = CHF_UNICODE_TEXT;
     std::uint32_t locale = 0;  // of an ANSI text at capture, 0 when unknown
@@ -84,7 +86,10 @@ class CCHItem {
     const CCHItem* FindFormat(ItemFormat code) const;
     bool HasFormat(ItemFormat code) const { return FindFormat(code) != nullptr; }
 
-    // It counts as unsaved from now on.
+    // Takes a key of its own.
+    void RenewKey();
+
+    // It counts as unsaved from now on and has no files.
     void ForgetStorage();
     // Appends the paths of all its files.
     void ListFiles(std::vector<std::filesystem::path>& files) const;

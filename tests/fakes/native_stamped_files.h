@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <fstream>
+#include <iterator>
+#include <map>
+
+#include "platform/stamped_files.h"
+
+namespace vbr {
+
+// Files of the machine that runs the tests; their creation times are kept here.
+class NativeStampedFiles : public StampedFiles {
+  public:
+    using Path = std::filesystem::path;
+
+    // While set, no file can be made and none deleted.
+    std::optional<SystemError> Broken;
+    std::map<Path, FileTicks> Created;
+
+    std::optional<SystemError> CreateNew(const Path& path,
+                                         std::span<const std::span<const std::byte>> pieces,
+                                         const FileStamp& stamp) override {
+        if (Broken) {
+            return Broken;
+        }
+        if (std::filesystem::exists(path)) {
+            return SystemError{kErrorFileExists, u"it exists"};
+        }
+        std::ofstream file(path, std::ios::binary);
+        for (const auto piece : pieces) {
+            file.write(reinterpret_cast<const char*>(piece.data()),
+                       static_cast<std::streamsize>(piece.size()));
+        }
+        file.close();
+        return file ? SetStamp(path, stamp) : SystemError{5, u"it can't be written"};
+    }
+    std::optional<SystemError> SetStamp(const Path& path, const FileStamp& stamp) override {
+        namespace fs = std::filesystem;
+        if (stamp.Created != 0) {
+            Created[path] = stamp.Created;
+        }
+        std::error_code error;
+        fs::permissions(path, fs::perms::owner_write,
+                        stamp.ReadOnly ? fs::perm_options::remove : fs::perm_options::add, error);
+        return error ? std::optional(SystemError{2, u"it has no marks"}) : std::nullopt;
+    }
+    std::optional<Content> Read(const Path& path) override {
+        std::error_code error;
+        const auto size = std::filesystem::file_size(path, error);
+        std::ifstream file(path, std::ios::binary);
+        if (error || !file) {
+            return std::nullopt;
+        }
+        Content content;
+        content.Bytes.resize(size);
+        file.read(reinterpret_cast<char*>(content.Bytes.data()),
+                  static_cast<std::streamsize>(size));
+        const auto created = Created.find(path);
+        content.Created = created == Created.end() ? 0 : created->second;
+        return file ? std::optional(std::move(content)) : std::nullopt;
+    }
+    std::optional<SystemError> Delete(const Path& path) override {
+        if (Broken) {
+            return Broken;
+        }
+        std::error_code error;
+        std::filesystem::remove(path, error);
+        return error ? std::optional(SystemError{5, u"it can't be deleted"}) : std::nullopt;
+    }
+};
+
+}  // namespace vbr

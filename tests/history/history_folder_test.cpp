@@ -1,0 +1,208 @@
+// SPDX-License-Identifier: MIT
+#include "history/history_folder.h"
+
+#include <gtest/gtest.h>
+
+#include "fakes/history_desk.h"
+
+namespace vbr {
+namespace {
+
+using Names = std::set<std::string>;
+
+class HistoryFiles : public testing::Test {
+  protected:
+    // Writes an ".info" file by hand.
+    void WriteInfoFile(const std::string& name, const std::string& lines) {
+        desk_.Folder.Make();
+        desk_.Temp.Write("ClipboardHistory/" + name, "[Files]\r\n" + lines);
+    }
+    void WriteFile(const std::string& name, const std::string& bytes) {
+        desk_.Temp.Write("ClipboardHistory/" + name, bytes);
+    }
+    // One second after the other.
+    void AddTexts(std::u16string_view letters) {
+        for (const char16_t letter : letters) {
+            desk_.Add(TextItem({&letter, 1}, ++second_));
+        }
+    }
+    std::string ReadFile(const std::string& name) {
+        return desk_.Temp.Read("ClipboardHistory/" + name);
+    }
+
+    HistoryDesk desk_;
+    std::uint16_t second_ = 0;
+};
+
+TEST_F(HistoryFiles, EveryFormatComesBackAsItWas) {
+    auto html = std::shared_ptr<CCHItem>(ByteItem(CHF_HTML, "<i>ж</i>"));
+    auto item = ByteItem(CHF_RTF, "{\\rtf1 x}", 3);
+    item->alternatives.push_back(html);
+    item->wndName = u" \"Title\" ";
+    item->exeName = u"C:\\Ünder\\ж.exe";
+    item->sourceUrl = std::u16string(300, u'u');
+    desk_.Add(std::move(item));
+    desk_.Add(ByteItem(CHF_ANSI_TEXT, "old", 1));
+    desk_.Add(TextItem(u"жук\U0001F600", 2));
+    desk_.Add(ByteItem(CHF_KELPNOTES, std::string_view("k\0\1", 3), 4));
+    desk_.Save();
+    EXPECT_EQ(desk_.FileNames(),
+              (Names{"vellumbridge_cb1.info", "vellumbridge_cb2.info", "vellumbridge_cb3.info",
+                     "vellumbridge_cb4.info", "clipboard_history1.rtf", "clipboard_history1.html",
+                     "clipboard_history1.txt", "clipboard_history1.knd",
+                     "Unicode_clipboard_history1.txt"}));
+    EXPECT_EQ(ReadFile("Unicode_clipboard_history1.txt").substr(0, 4), "\xFF\xFE\x36\x04");
+
+    CCHQueue loaded(desk_.Folder);
+    desk_.Folder.Load(loaded);
+    EXPECT_EQ(HistoryDesk::TextsOf(loaded), u"k {\\rtf1 x} жук\U0001F600 old");
+    EXPECT_EQ(loaded.GetItem(0)->Data(), desk_.Queue.GetItem(0)->Data());
+    const CCHItem& rtf = *loaded.GetItem(1);
+    EXPECT_EQ(rtf.time, TimeAt(3));
+    EXPECT_EQ(rtf.wndName, u" \"Title\" ");
+    EXPECT_EQ(rtf.exeName, u"C:\\Ünder\\ж.exe");
+    EXPECT_EQ(rtf.sourceUrl, std::u16string(259, u'u'));
+    EXPECT_EQ(rtf.storeState, StoreState::Loaded);
+    ASSERT_TRUE(rtf.HasFormat(CHF_HTML));
+    EXPECT_EQ(rtf.FindFormat(CHF_HTML)->Data(), html->Data());
+}
+
+TEST_F(HistoryFiles, DescriptionEndsWithTheTimeAndNamesTheFiles) {
+    desk_.Add(TextItem(u"a", 1));
+    desk_.Save();
+    const std::string bytes = ReadFile("vellumbridge_cb1.info");
+    std::u16string text(reinterpret_cast<const char16_t*>(bytes.data()), bytes.size() / 2);
+    EXPECT_EQ(text,
+              u"\uFEFF[Files]\r\nDataType=1\r\nProtected=0\r\nWndName=\r\nExeName=\r\n"
+              u"File0=Unicode_clipboard_history1.txt\r\nTime=133594524010000000\r\n");
+}
+
+TEST_F(HistoryFiles, NumbersOfDeletedItemsServeAgain) {
+    AddTexts(u"abc");
+    desk_.Save();
+    desk_.Queue.Delete({1}, false);
+    EXPECT_EQ(desk_.FileNames().size(), 4U);
+    desk_.Add(TextItem(u"d"));
+    desk_.Save();
+    EXPECT_TRUE(desk_.FileNames().contains("Unicode_clipboard_history2.txt"));
+    EXPECT_EQ(desk_.FileNames().size(), 6U);
+}
+
+TEST_F(HistoryFiles, TrimDeleteAndClearTakeTheFilesWithThem) {
+    AddTexts(u"abc");
+    desk_.Save();
+    desk_.Queue.SetProtected(0, true);
+    EXPECT_EQ(desk_.Reloaded(), u"c! b a");
+    desk_.Queue.Trim(2);
+    EXPECT_EQ(desk_.Reloaded(), u"c! b");
+    desk_.Queue.Clear();
+    EXPECT_EQ(desk_.FileNames(), Names{});
+    desk_.Save();
+    EXPECT_EQ(desk_.Reloaded(), u"c!");
+    desk_.Queue.Undo();
+    desk_.Save();
+    EXPECT_EQ(desk_.Reloaded(), u"c! b");
+}
+
+TEST_F(HistoryFiles, EditedItemKeepsItsDescriptionAndGetsNewData) {
+    desk_.Add(TextItem(u"a"));
+    desk_.Save();
+    desk_.Queue.ChangeItem(0, [](CCHItem& item) {
+        item.SetData(TextBytes(u"A"));
+        return true;
+    });
+    desk_.Save();
+    EXPECT_EQ(desk_.FileNames(), (Names{"vellumbridge_cb1.info", "Unicode_clipboard_history1.txt",
+                                        "Unicode_clipboard_history2.txt"}));
+    EXPECT_EQ(desk_.Reloaded(), u"A");
+}
+
+TEST_F(HistoryFiles, SaveThatWasOvertakenDoesNotCount) {
+    AddTexts(u"ab");
+    desk_.Queue.SetProtected(0, true);
+    desk_.Folder.Make();
+    desk_.Folder.Save(desk_.Queue.CopyUnsaved(), [this](const CCHItem& saved) {
+        if (saved.WideText() == u"a") {
+            desk_.Queue.SetProtected(1, true);
+        } else {
+            desk_.Queue.Clear();
+        }
+        desk_.Queue.NoteSaved(saved);
+    });
+    EXPECT_EQ(desk_.Queue.GetItem(0)->storeState, StoreState::NotStored);
+    EXPECT_EQ(desk_.FileNames(), Names{});
+    desk_.Save();
+    EXPECT_EQ(desk_.Reloaded(), u"b! a!");
+}
+
+TEST_F(HistoryFiles, FailedSaveLeavesNothingBehindAndIsTriedAgain) {
+    desk_.Add(TextItem(u"a"));
+    desk_.Files.Broken = SystemError{112, u"the disk is full"};
+    desk_.Save();
+    EXPECT_NE(desk_.Log.Lines.back().find(u"the disk is full"), std::u16string::npos);
+    desk_.Files.Broken.reset();
+    desk_.Store.ReplaceError = SystemError{112, u"the disk is full"};
+    desk_.Save();
+    EXPECT_EQ(desk_.FileNames(), Names{});
+    desk_.Store.ReplaceError.reset();
+    desk_.Save();
+    EXPECT_EQ(desk_.Reloaded(), u"a");
+}
+
+TEST_F(HistoryFiles, BadDescriptionsAreSkippedWithALineInTheLog) {
+    desk_.Folder.Make();
+    desk_.Temp.Write("secret.txt", "secret");
+    WriteFile("clipboard_history1.txt", "good");
+    WriteFile("clipboard_history2.txt", "");
+    const std::string bad[] = {
+        "",
+        "Protected=1\r\n",
+        "File0=missing.txt\r\n",
+        "File0=clipboard_history2.txt\r\n",
+        "File0=..\\secret.txt\r\n",
+        "File0=../secret.txt\r\n",
+        "File0=" + (desk_.Temp.Path() / "secret.txt").string() + "\r\n",
+        "File0=C:secret.txt\r\n",
+        "File0=\\\\127.0.0.1\\share\\secret.txt\r\n",
+        "File0=..\r\n",
+        "File1=clipboard_history1.txt\r\n",
+    };
+    for (std::size_t i = 0; i < std::size(bad); ++i) {
+        WriteInfoFile("bad" + std::to_string(i) + ".info", bad[i]);
+    }
+    WriteFile("empty.info", "");
+    WriteInfoFile("good.INFO", "File0=clipboard_history1.txt\r\nFile1=..\\secret.txt\r\n");
+    EXPECT_EQ(desk_.Reloaded(), u"good");
+    EXPECT_EQ(desk_.Log.Lines.size(), std::size(bad) + 2);
+    EXPECT_EQ(desk_.FileNames().size(), std::size(bad) + 4);
+}
+
+TEST_F(HistoryFiles, FormatComesFromTheNameAndTimeFromTheFileWithoutTheKey) {
+    desk_.Folder.Make();
+    struct Case {
+        std::string Name;
+        ItemFormat Format;
+    };
+    for (const Case& test : {Case{"a.TXT", CHF_ANSI_TEXT}, Case{"unicode_a.txt", CHF_UNICODE_TEXT},
+                             Case{"a.Rtf", CHF_RTF}, Case{"a.knd", CHF_KELPNOTES},
+                             Case{"a.html", CHF_HTML}, Case{"a.dat", CHF_UNICODE_TEXT}}) {
+        WriteFile(test.Name, "ab");
+        desk_.Files.Created[desk_.Folder.Path() / test.Name] = *FileTicksOf(TimeAt(7));
+        const auto item = desk_.Folder.LoadDataFile(desk_.Folder.Path() / test.Name);
+        ASSERT_TRUE(item) << test.Name;
+        EXPECT_EQ(item->format, test.Format) << test.Name;
+        EXPECT_EQ(item->time.Second, 7) << test.Name;
+    }
+    WriteFile("Unicode_b.txt", "\xFF\xFE");
+    EXPECT_FALSE(desk_.Folder.LoadDataFile(desk_.Folder.Path() / "Unicode_b.txt"));
+}
+
+TEST_F(HistoryFiles, FileInTheFoldersPlaceIsNoFolder) {
+    desk_.Temp.Write("ClipboardHistory", "x");
+    EXPECT_FALSE(desk_.Folder.Make());
+    EXPECT_EQ(desk_.Reloaded(), u"");
+    EXPECT_FALSE(desk_.Log.Lines.empty());
+}
+
+}  // namespace
+}  // namespace vbr

@@ -1,0 +1,183 @@
+// SPDX-License-Identifier: MIT
+#include "history/history_queue.h"
+
+#include <gtest/gtest.h>
+
+#include "fakes/history_desk.h"
+
+namespace vbr {
+namespace {
+
+std::unique_ptr<CCHItem> PictureItem(std::int32_t width, int pixel) {
+    auto item = std::make_unique<CCHItem>(CHF_BITMAP, 0, TimeAt(0));
+    item->SetPicture(std::make_shared<FakeBitmap>(width, std::byte(pixel)));
+    return item;
+}
+
+TEST(HistoryItem, SameMeansEqualContentInOneFormat) {
+    const auto bytes = [](std::string_view text, ItemFormat format) {
+        auto item = std::make_unique<CCHItem>(format, 0, TimeAt(0));
+        const auto* data = reinterpret_cast<const std::byte*>(text.data());
+        item->SetData({data, data + text.size()});
+        return item;
+    };
+    using namespace std::string_view_literals;
+    struct Case {
+        const char* What;
+        std::unique_ptr<CCHItem> A;
+        std::unique_ptr<CCHItem> B;
+        bool Same;
+    };
+    Case cases[] = {
+        {"equal texts", TextItem(u"ab", 1), TextItem(u"ab", 2), true},
+        {"other letters", TextItem(u"ab"), TextItem(u"aB"), false},
+        {"one the start of the other", TextItem(u"ab"), TextItem(u"abc"), false},
+        {"other formats", ByteItem(CHF_RTF, "{x}"), ByteItem(CHF_HTML, "{x}"), false},
+        {"no terminator", bytes("abc"sv, CHF_RTF), bytes("abc\0"sv, CHF_RTF), true},
+        {"bytes behind the zero", bytes("ab\0\0xy"sv, CHF_HTML), bytes("ab\0\0"sv, CHF_HTML), true},
+        {"odd last byte", bytes("ab\0"sv, CHF_ANSI_TEXT), bytes("ab"sv, CHF_ANSI_TEXT), true},
+        {"odd last letter", bytes("abc"sv, CHF_ANSI_TEXT), bytes("ab"sv, CHF_ANSI_TEXT), false},
+        {"opaque data", ByteItem(CHF_KELPNOTES, "k"), ByteItem(CHF_KELPNOTES, "k"), false},
+        {"equal pictures", PictureItem(4, 1), PictureItem(4, 1), true},
+        {"other pixels", PictureItem(4, 1), PictureItem(4, 2), false},
+        {"other widths", PictureItem(4, 1), PictureItem(5, 1), false},
+        {"pictures of no size", PictureItem(0, 1), PictureItem(0, 1), false},
+    };
+    for (const Case& test : cases) {
+        EXPECT_EQ(IsSame(*test.A, *test.B), test.Same) << test.What;
+        EXPECT_EQ(IsSame(*test.B, *test.A), test.Same) << test.What;
+    }
+}
+
+class HistoryQueue : public testing::Test {
+  protected:
+    void AddTexts(std::u16string_view letters) {
+        for (const char16_t letter : letters) {
+            desk_.Add(TextItem({&letter, 1}));
+        }
+    }
+
+    HistoryDesk desk_;
+    CCHQueue& queue_ = desk_.Queue;
+};
+
+TEST_F(HistoryQueue, RepeatMovesToTheFrontAndKeepsIdAndProtection) {
+    AddTexts(u"abc");
+    ASSERT_TRUE(queue_.SetProtected(2, true));
+    const std::uint32_t id = queue_.GetItem(2)->id;
+    auto again = TextItem(u"a", 9);
+    again->exeName = u"other.exe";
+    desk_.Add(std::move(again), 1);
+    EXPECT_EQ(desk_.Texts(), u"a! c b");
+    EXPECT_EQ(queue_.GetItem(0)->id, id);
+    EXPECT_EQ(queue_.GetItem(0)->exeName, u"other.exe");
+    EXPECT_EQ(queue_.GetItem(0)->time.Second, 9);
+}
+
+TEST_F(HistoryQueue, EditedItemIsFoundByItsNewText) {
+    AddTexts(u"ab");
+    queue_.GetItem(1)->menuTip = u"old";
+    EXPECT_TRUE(queue_.ChangeItem(1, [](CCHItem& item) {
+        item.SetData(TextBytes(u"A"));
+        return true;
+    }));
+    EXPECT_EQ(queue_.GetItem(1)->menuTip, u"");
+    AddTexts(u"aA");
+    EXPECT_EQ(desk_.Texts(), u"A a b");
+}
+
+TEST_F(HistoryQueue, LimitTakesTheOldestThatAreNotProtected) {
+    struct Case {
+        std::set<std::size_t> Protected;
+        std::uint32_t Max;
+        std::u16string Left;
+    };
+    const Case cases[] = {
+        {{}, 2, u"d c"},       {{3}, 2, u"d c a!"},     {{0}, 1, u"d!"},
+        {{1, 2}, 0, u"c! b!"}, {{0, 3}, 2, u"d! c a!"}, {{}, 4, u"d c b a"},
+    };
+    for (const Case& test : cases) {
+        CCHQueue queue(desk_.Folder);
+        for (const char16_t* text : {u"a", u"b", u"c", u"d"}) {
+            queue.Add(TextItem(text), kNoItemLimit);
+        }
+        for (const std::size_t index : test.Protected) {
+            queue.SetProtected(index, true);
+        }
+        queue.Trim(test.Max);
+        EXPECT_EQ(HistoryDesk::TextsOf(queue), test.Left);
+    }
+}
+
+TEST_F(HistoryQueue, LockedQueueTakesNothing) {
+    queue_.SetLocked(true);
+    EXPECT_FALSE(queue_.Add(TextItem(u"a"), 30));
+    queue_.SetLocked(false);
+    EXPECT_TRUE(queue_.Add(TextItem(u"b"), 30));
+    EXPECT_EQ(desk_.Texts(), u"b");
+}
+
+TEST_F(HistoryQueue, UndoBringsClearedAndDeletedItemsBack) {
+    AddTexts(u"abcd");
+    queue_.SetProtected(1, true);
+    EXPECT_TRUE(queue_.Delete({0, 3}, true));
+    EXPECT_EQ(desk_.Texts(), u"c! b");
+    AddTexts(u"e");
+    EXPECT_TRUE(queue_.Clear());
+    EXPECT_EQ(desk_.Texts(), u"c!");
+    AddTexts(u"f");
+    EXPECT_EQ(queue_.GetUndoCount(), 2U);
+    EXPECT_TRUE(queue_.Undo());
+    EXPECT_EQ(desk_.Texts(), u"e c! b");
+    EXPECT_TRUE(queue_.Undo());
+    EXPECT_EQ(desk_.Texts(), u"a d e c! b");
+    EXPECT_FALSE(queue_.Undo());
+    EXPECT_EQ(queue_.GetItem(0)->storeState, StoreState::NotStored);
+}
+
+TEST_F(HistoryQueue, UndoOfAProtectedItemLeavesNoTwoItemsWithOneKey) {
+    AddTexts(u"a");
+    queue_.SetProtected(0, true);
+    EXPECT_TRUE(queue_.Delete({0}, true));
+    EXPECT_TRUE(queue_.Undo());
+    ASSERT_EQ(queue_.GetCount(), 2U);
+    EXPECT_NE(queue_.GetItem(0)->key, queue_.GetItem(1)->key);
+}
+
+TEST_F(HistoryQueue, NothingToDeleteMakesNoUndo) {
+    EXPECT_FALSE(queue_.Delete({0}, true));
+    EXPECT_FALSE(queue_.Clear());
+    AddTexts(u"a");
+    EXPECT_FALSE(queue_.Delete({}, true));
+    EXPECT_TRUE(queue_.Delete({7}, true));
+    EXPECT_FALSE(queue_.HasUndo());
+}
+
+TEST_F(HistoryQueue, MergeSortsByTimeAndKeepsTheNewest) {
+    desk_.Add(TextItem(u"now", 5));
+    CCHQueue loaded(desk_.Folder);
+    loaded.Add(TextItem(u"older", 3), kNoItemLimit);
+    loaded.Add(TextItem(u"oldest", 1), kNoItemLimit);
+    loaded.Add(TextItem(u"now", 4), kNoItemLimit);
+    queue_.Merge(loaded, 3);
+    EXPECT_EQ(desk_.Texts(), u"now now older");
+    EXPECT_EQ(loaded.GetCount(), 0U);
+    desk_.Add(TextItem(u"older", 6), 3);
+    EXPECT_EQ(desk_.Texts(), u"older now now");
+}
+
+TEST_F(HistoryQueue, CopiesShareNothingThatChanges) {
+    auto item = ByteItem(CHF_RTF, "{a}");
+    item->alternatives.push_back(ByteItem(CHF_HTML, "<a>"));
+    const auto copy = item->Copy();
+    item->alternatives[0]->dataPath = "x";
+    item->FreeData();
+    EXPECT_EQ(copy->ByteText(), "{a}");
+    EXPECT_EQ(copy->key, item->key);
+    ASSERT_TRUE(copy->HasFormat(CHF_HTML));
+    EXPECT_EQ(copy->FindFormat(CHF_HTML)->dataPath, "");
+    EXPECT_FALSE(item->HasFormat(CHF_HTML));
+}
+
+}  // namespace
+}  // namespace vbr
