@@ -1,0 +1,261 @@
+// SPDX-License-Identifier: MIT
+#include "history/clipboard_capture.h"
+
+#include <gtest/gtest.h>
+#include <map>
+
+#include "fakes/fake_clipboard_access.h"
+#include "fakes/fake_clock.h"
+#include "fakes/history_desk.h"
+#include "history/owner_info.h"
+#include "history/source_url.h"
+
+namespace vbr {
+namespace {
+
+constexpr std::u16string_view kRtf = u"Rich Text Format";
+constexpr std::u16string_view kHtml = u"HTML Format";
+constexpr std::u16string_view kKelp = u"Kelp Notes Format";
+
+class FakeWindows : public ProgramWindows {
+  public:
+    std::map<WindowHandle, WindowHandle> Parents;
+    std::map<WindowHandle, std::u16string> Titles;
+    std::map<WindowHandle, std::u16string> Programs;
+    std::map<WindowHandle, IconHandle> Icons;
+    IconHandle FileIcon;
+
+    WindowHandle ParentOf(WindowHandle window) const override { return Get(Parents, window); }
+    std::u16string TitleOf(WindowHandle window) const override { return Get(Titles, window); }
+    std::u16string ProgramOf(WindowHandle window) const override { return Get(Programs, window); }
+    IconHandle IconOf(WindowHandle window) const override { return Get(Icons, window); }
+    IconHandle IconOfFile(std::u16string_view) const override { return FileIcon; }
+
+  private:
+    template <typename Value>
+    static Value Get(const std::map<WindowHandle, Value>& values, WindowHandle window) {
+        const auto found = values.find(window);
+        return found == values.end() ? Value() : found->second;
+    }
+};
+
+class LatinText : public AnsiText {
+  public:
+    std::u16string FromAnsi(std::string_view text) const override {
+        std::u16string wide;
+        for (const char unit : text) {
+            wide += static_cast<unsigned char>(unit);
+        }
+        return wide;
+    }
+    std::string ToAnsi(std::u16string_view) const override { return {}; }
+};
+
+// A bitmap's object is its width.
+class FakeBitmaps : public Bitmaps {
+  public:
+    std::shared_ptr<const Bitmap> FromObject(std::shared_ptr<void> object) override {
+        const auto width = *std::static_pointer_cast<std::int32_t>(object);
+        return width == 0 ? nullptr : std::make_shared<FakeBitmap>(width, std::byte{1});
+    }
+    std::shared_ptr<void> ObjectOf(const Bitmap&) override { return nullptr; }
+};
+
+class Capture : public testing::Test {
+  protected:
+    ClipboardBlock Picture(std::int32_t width) {
+        ClipboardBlock block;
+        block.Format = kClipBitmap;
+        block.Object = std::make_shared<std::int32_t>(width);
+        return block;
+    }
+    // What was captured: format, text, alternatives and source, or "nothing".
+    std::u16string Captured(std::vector<ClipboardBlock> blocks) {
+        clipboard_.Copy(std::move(blocks));
+        const auto item = capture_.Capture(0);
+        EXPECT_FALSE(clipboard_.IsOpen());
+        if (!item) {
+            return u"nothing";
+        }
+        std::u16string text = item->format == CHF_UNICODE_TEXT ? std::u16string(item->WideText())
+                                                               : Utf8ToUtf16(item->ByteText());
+        text = Concat(static_cast<int>(item->format), u":", text, u"/", item->Size());
+        for (const auto& alternative : item->alternatives) {
+            text += Concat(u" ", static_cast<int>(alternative->format), u":",
+                           Utf8ToUtf16(alternative->ByteText()));
+        }
+        return item->sourceUrl.empty() ? text : Concat(text, u" @", item->sourceUrl);
+    }
+
+    MemoryLog log_;
+    FakeClipboardAccess clipboard_;
+    FakeWindows windows_;
+    FakeClock clock_;
+    MyCopyCount myCopy_{log_};
+    KeptFormats kept_ = {true, true, true, true, true};
+    LatinText ansi_;
+    FakeBitmaps bitmaps_;
+    ClipboardCapture capture_{
+        {clipboard_, windows_, clock_, myCopy_, kept_, ansi_, bitmaps_, log_}};
+};
+
+TEST_F(Capture, FirstFormatOfTheChainBecomesTheItem) {
+    const auto text = [](std::u16string_view value) {
+        return FakeClipboardAccess::Text(std::u16string(value));
+    };
+    const auto rtf = clipboard_.Named(kRtf, "{r}");
+    const auto html = clipboard_.Named(kHtml, "<h>");
+    const auto kelp = clipboard_.Named(kKelp, std::string_view("k\0y", 3));
+    const auto ansi = FakeClipboardAccess::Memory(kClipText, std::string_view("\xE9t\0", 3));
+    const auto locale = FakeClipboardAccess::Memory(16, std::string_view("\x09\x04\0\0", 4));
+    EXPECT_EQ(Captured({text(u"t"), rtf, html, kelp, Picture(3)}), u"3:k/3 2:{r} 5:<h>");
+    EXPECT_EQ(Captured({text(u"t"), rtf, Picture(3)}), u"4:/4 2:{r}");
+    EXPECT_EQ(Captured({text(u"t"), rtf, html}), u"2:{r}/4 5:<h>");
+    EXPECT_EQ(Captured({text(u"t"), html}), u"1:t/4 5:<h>");
+    EXPECT_EQ(Captured({ansi, locale}), u"1:ét/6");
+    EXPECT_EQ(Captured({html}), u"nothing");
+    EXPECT_EQ(Captured({}), u"nothing");
+    // A bitmap that can't be kept ends the capture.
+    EXPECT_EQ(Captured({text(u"t"), Picture(0)}), u"nothing");
+    // A format without data leaves its place to the next.
+    EXPECT_EQ(Captured({clipboard_.Named(kKelp, ""), clipboard_.Named(kRtf, "\0"), text(u"t")}),
+              u"1:t/4");
+    clipboard_.Unreadable = {rtf.Format};
+    EXPECT_EQ(Captured({rtf, text(u"t")}), u"1:t/4");
+}
+
+TEST_F(Capture, TextEndsAtItsTerminatorOrWithTheBlock) {
+    using namespace std::string_view_literals;
+    const auto units = [this](std::string_view bytes) {
+        return Captured({FakeClipboardAccess::Memory(kClipUnicodeText, bytes)});
+    };
+    EXPECT_EQ(units("a\0b\0\0\0z\0"sv), u"1:ab/6");
+    EXPECT_EQ(units("a\0b\0"sv), u"1:ab/6");
+    EXPECT_EQ(units("a\0b"sv), u"1:a/4");
+    EXPECT_EQ(units("\0\0a\0"sv), u"nothing");
+    EXPECT_EQ(units("a"sv), u"nothing");
+}
+
+TEST_F(Capture, FilterLooksAtTheItemsOwnFormat) {
+    struct Case {
+        std::size_t Off;
+        std::u16string Text, Rtf, Picture, Kelp;
+    };
+    const Case cases[] = {
+        {0, u"nothing", u"2:{r}/4 5:<h>", u"4:/4 5:<h>", u"3:k/1 5:<h>"},
+        {1, u"1:t/4 5:<h>", u"nothing", u"4:/4 5:<h>", u"3:k/1 5:<h>"},
+        {2, u"1:t/4 5:<h>", u"2:{r}/4 5:<h>", u"nothing", u"3:k/1 5:<h>"},
+        {3, u"1:t/4 5:<h>", u"2:{r}/4 5:<h>", u"4:/4 5:<h>", u"nothing"},
+        {4, u"1:t/4", u"2:{r}/4", u"4:/4", u"3:k/1"},
+    };
+    const auto html = clipboard_.Named(kHtml, "<h>");
+    for (const Case& test : cases) {
+        kept_ = {true, true, true, true, true};
+        kept_[test.Off] = false;
+        EXPECT_EQ(Captured({FakeClipboardAccess::Text(u"t"), html}), test.Text) << test.Off;
+        EXPECT_EQ(Captured({clipboard_.Named(kRtf, "{r}"), html}), test.Rtf) << test.Off;
+        EXPECT_EQ(Captured({Picture(3), html}), test.Picture) << test.Off;
+        EXPECT_EQ(Captured({clipboard_.Named(kKelp, "k"), html}), test.Kelp) << test.Off;
+    }
+}
+
+TEST_F(Capture, WhatIsNotToBeSeenIsLeftAlone) {
+    using namespace std::string_view_literals;
+    const auto with = [this](std::u16string_view name, std::string_view bytes) {
+        return Captured({FakeClipboardAccess::Text(u"secret"), clipboard_.Named(name, bytes)});
+    };
+    EXPECT_EQ(with(u"ExcludeClipboardContentFromMonitorProcessing", ""), u"nothing");
+    EXPECT_EQ(with(u"Clipboard Viewer Ignore", "x"), u"nothing");
+    EXPECT_EQ(with(u"CanIncludeInClipboardHistory", "\0\0\0\0"sv), u"nothing");
+    EXPECT_EQ(with(u"CanIncludeInClipboardHistory", "\1\0\0\0"sv), u"1:secret/14");
+    for (const std::u16string& line : log_.Lines) {
+        EXPECT_EQ(line.find(u"secret"), line.npos) << Utf16ToUtf8(line);
+    }
+}
+
+TEST_F(Capture, OwnCopiesHoldersAndHungOwnersLeaveNoItem) {
+    const std::vector<ClipboardBlock> text = {FakeClipboardAccess::Text(u"t")};
+    {
+        const MyCopyScope scope(myCopy_);
+        EXPECT_EQ(Captured(text), u"nothing");
+        EXPECT_EQ(log_.Lines.back(), u"My copy process detected");
+    }
+    clipboard_.FailingOpens = 1;
+    EXPECT_EQ(Captured(text), u"nothing");
+    clipboard_.Copy(text);
+    clipboard_.ReadsUntilOwnerHangs = 0;
+    EXPECT_FALSE(capture_.Capture(0));
+    EXPECT_EQ(Captured(text), u"1:t/4");
+}
+
+TEST_F(Capture, SourceComesFromTheHtmlBeforeTheText) {
+    const auto html = [this](std::string_view header) {
+        return clipboard_.Named(kHtml, std::string(header) + "<h>");
+    };
+    kept_[4] = false;
+    const auto text = FakeClipboardAccess::Text(u"http://text/ more");
+    EXPECT_EQ(Captured({text, html("StartHTML:99999\r\nSourceURL:http://html/\r\n")}),
+              u"1:http://text/ more/36 @http://html/");
+    EXPECT_EQ(Captured({text, html("SourceURL:http://html/")}),
+              u"1:http://text/ more/36 @http://text/");
+    EXPECT_EQ(Captured({clipboard_.Named(kRtf, "{r}"), text}), u"2:{r}/4");
+    EXPECT_EQ(Captured({Picture(3), html("SourceURL: file:///d\n")}), u"4:/4 @ file:///d");
+}
+
+TEST(TextAsUrl, TakesAnAddressOrAPathFromTheStart) {
+    const std::pair<std::u16string, std::u16string> cases[] = {
+        {u"\r\n\t http://a.b/c d", u"http://a.b/c"},
+        {u"https://x\ty", u"https://x"},
+        {u"HTTP://a.b/c", u""},
+        {u"http://", u""},
+        {u"C:\\My files\\a.txt\nmore", u"C:\\My files\\a.txt"},
+        {u"see C:\\a\\b", u""},
+        {u"word", u""},
+        {u"a longer text", u""},
+        {u"C:\\a", u""},
+        {u"at: once/never", u""},
+    };
+    for (const auto& [text, url] : cases) {
+        EXPECT_EQ(TextAsUrl(text), url) << Utf16ToUtf8(text);
+    }
+}
+
+TEST(OwnerInfo, ComesFromTheTopmostWindowThatTells) {
+    FakeWindows windows;
+    MemoryLog log;
+    const auto icon = std::make_shared<int>(1);
+    windows.Parents = {{3, 2}, {2, 1}};
+    windows.Titles = {{3, u"edit"}, {2, u"frame"}};
+    windows.Programs = {{3, u"c.exe"}, {1, u"a.exe"}};
+    windows.FileIcon = icon;
+    CCHItem item(CHF_UNICODE_TEXT, 3, TimeAt(0));
+    ReadOwnerInfo(item, windows, log);
+    EXPECT_EQ(item.wndName, u"frame");
+    EXPECT_EQ(item.exeName, u"a.exe");
+    EXPECT_EQ(item.icon, icon);
+    windows.Parents[1] = 3;  // a circle ends
+    CCHItem circle(CHF_UNICODE_TEXT, 3, TimeAt(0));
+    ReadOwnerInfo(circle, windows, log);
+    EXPECT_NE(circle.wndName, u"");
+}
+
+TEST(MyCopy, BlocksOverlapAndAnExchangeRepairsTheCount) {
+    MemoryLog log;
+    MyCopyCount count(log);
+    count.Add();
+    count.Add();
+    count.EndBlock();
+    EXPECT_TRUE(count.IsMyCopy());
+    count.EndBlock();
+    EXPECT_FALSE(count.IsMyCopy());
+    count.EndBlock();
+    EXPECT_FALSE(count.IsMyCopy());
+    count.Subtract();
+    EXPECT_TRUE(count.IsMyCopy());
+    EXPECT_EQ(log.Lines.back(), u"ERROR: PULSEMY_COPY=-1");
+    count.Set(0);
+    EXPECT_FALSE(count.IsMyCopy());
+}
+
+}  // namespace
+}  // namespace vbr
