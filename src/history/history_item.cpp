@@ -95,6 +95,10 @@ CCHItem::CCHItem(ItemFormat itemFormat, WindowHandle owner, const SystemTime& ca
       format(itemFormat),
       data_(NoData()) {}
 
+bool CCHItem::IsAt(const void* address) {
+    return static_cast<const CCHItem*>(address)->mark_ == kLiving;
+}
+
 std::unique_ptr<CCHItem> CCHItem::Copy() const {
     std::unique_ptr<CCHItem> copy(new CCHItem(*this));
     copy->icon.reset();

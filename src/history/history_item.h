@@ -40,6 +40,11 @@ class CCHItem {
   public:
     CCHItem(ItemFormat format, WindowHandle ownerWindow, const SystemTime& time);
 
+    ~CCHItem() { mark_ = 0; }
+
+    // Whether a living item is at the address, which must be readable. For addresses in messages.
+    static bool IsAt(const void* address);
+
     // The same item with the same content, without the icon.
     std::unique_ptr<CCHItem> Copy() const;
 
@@ -97,6 +102,9 @@ class CCHItem {
   private:
     CCHItem(const CCHItem&) = default;
 
+    static constexpr std::uint64_t kLiving = 0x4D45'5449'4843'4356;
+
+    volatile std::uint64_t mark_ = kLiving;
     std::shared_ptr<const ItemBytes> data_;
     std::shared_ptr<const Bitmap> picture_;
     std::uint64_t hash_ = 0;

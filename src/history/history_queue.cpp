@@ -228,6 +228,15 @@ void CCHQueue::NoteSaved(const CCHItem& saved) {
     }
 }
 
+void CCHQueue::NoteStored(const CCHItem& stored) {
+    const auto found = std::find_if(items_.begin(), items_.end(),
+                                    [&stored](const auto& item) { return item->id == stored.id; });
+    if (found != items_.end()) {
+        (*found)->dataPath = stored.dataPath;
+        (*found)->storeState = stored.storeState;
+    }
+}
+
 void CCHQueue::DeleteStale(const CCHItem& saved, const CCHItem& item) {
     std::vector<std::filesystem::path> paths;
     saved.ListFiles(paths);

@@ -73,6 +73,9 @@ class CCHQueue {
     // The copy was written: its item, unless that has changed since, has these files now.
     void NoteSaved(const CCHItem& saved);
 
+    // The item of the same id takes over where this one is stored.
+    void NoteStored(const CCHItem& stored);
+
     // While set, Add refuses.
     void SetLocked(bool locked) { locked_ = locked; }
     bool IsLocked() const { return locked_; }

@@ -44,6 +44,16 @@ inline constexpr std::u16string_view kMessageInstanceSignal =
 // A string for the message list.
 inline constexpr std::u16string_view kMessageAddMessage = u"{C4629BDD-5FE3-47de-863B-E8D10BB7E2EB}";
 inline constexpr std::u16string_view kMessageMouseEvent = u"{CD8F8D19-9440-4b61-ADD7-980B478E41F6}";
+// Of the clipboard spy's window to itself.
+inline constexpr std::u16string_view kMessageClipboardNotice =
+    u"{CC278AD4-3207-4aeb-B6BC-0342A5E6815D}";
+// Of the clipboard handler: the history was loaded, an item was saved, add an item, and an item's
+// place on the disk.
+inline constexpr std::u16string_view kMessageHistoryLoaded =
+    u"{278BB95C-BECC-4945-9CDF-98E5CDC69FEF}";
+inline constexpr std::u16string_view kMessageItemSaved = u"{F762C94C-9D69-4a96-B8FD-7F53F4157D13}";
+inline constexpr std::u16string_view kMessageAddItem = u"{540F133E-3D6B-49e4-87A5-C19CA88FC341}";
+inline constexpr std::u16string_view kMessageItemStored = u"{30462FA5-8E5D-4702-A0CD-6C06742AD9BC}";
 // The closing brace is missing in the name itself.
 inline constexpr std::u16string_view kMessageQuery = u"{FC970502-EECA-4c50-AF80-CF39EA345E99";
 

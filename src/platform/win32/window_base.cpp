@@ -7,6 +7,9 @@ namespace vbr {
 
 bool WindowBase::Create(const WindowCreation& creation) {
     WNDCLASSW windowClass{};
+    windowClass.style = creation.ClassStyle;
+    windowClass.hIcon = creation.ClassIcon;
+    windowClass.hbrBackground = creation.ClassBrush;
     windowClass.lpfnWndProc = WindowProc;
     windowClass.hInstance = GetModuleHandleW(nullptr);
     windowClass.hCursor = LoadCursorW(nullptr, IDC_ARROW);

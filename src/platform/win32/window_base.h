@@ -10,8 +10,11 @@ namespace vbr {
 
 // How a window is made. Sizes in pixels.
 struct WindowCreation {
-    const wchar_t* ClassName = nullptr;  // registered on first use
-    std::u16string_view Title;           // null-terminated
+    const wchar_t* ClassName = nullptr;  // registered on first use, with these three
+    UINT ClassStyle = 0;
+    HICON ClassIcon = nullptr;
+    HBRUSH ClassBrush = nullptr;
+    std::u16string_view Title;  // null-terminated
     DWORD Style = 0;
     int X = 0;
     int Y = 0;

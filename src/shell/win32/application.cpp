@@ -18,7 +18,7 @@
 #include "settings/system_defaults.h"
 #include "shell/tray_messages.h"
 #include "shell/win32/app_objects.h"
-#include "shell/win32/event_watcher.h"
+#include "platform/win32/event_watcher.h"
 #include "shell/win32/tray_window.h"
 
 namespace vbr {

@@ -25,7 +25,7 @@
 #include "shell/observers.h"
 #include "shell/rooms.h"
 #include "shell/win32/event_sound_thread.h"
-#include "shell/win32/event_watcher.h"
+#include "platform/win32/event_watcher.h"
 #include "shell/win32/phrase_road.h"
 #include "shell/win32/tray_icon.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "shell/win32/event_watcher.h"
+#include "platform/win32/event_watcher.h"
 
 #include <system_error>
 

@@ -1,0 +1,338 @@
+// SPDX-License-Identifier: MIT
+#include "history/win32/clipboard_handler.h"
+
+#include "platform/object_names.h"
+#include "platform/win32/wide.h"
+#include "platform/win32/win_error_text.h"
+#include "platform/win32/win_named_objects.h"
+
+namespace vbr {
+namespace {
+
+constexpr std::u16string_view kProductName = u"Vellumbridge";
+
+// What the handler answers to a thread of its own.
+enum Answer : LRESULT { kNotTaken = 0, kTaken = 1, kLater = 2 };
+constexpr DWORD kLaterMs = 200;
+
+std::unique_ptr<NamedEvent> MakeUnnamedEvent() {
+    UniqueHandle event(CreateEventW(nullptr, TRUE, FALSE, nullptr));
+    return event ? std::make_unique<WinNamedEvent>(std::move(event)) : nullptr;
+}
+
+// Set while nobody saves or loads.
+std::unique_ptr<NamedEvent> OpenSaveLoadGuard() {
+    UniqueHandle event(CreateEventW(nullptr, TRUE, TRUE, Wide(kEventSaveLoadHistory.data())));
+    return event ? std::make_unique<WinNamedEvent>(std::move(event)) : nullptr;
+}
+
+UINT Registered(std::u16string_view name) {
+    return RegisterWindowMessageW(Wide(name.data()));
+}
+
+}  // namespace
+
+CVBRWndClipboardHandler::CVBRWndClipboardHandler(Parts parts)
+    : parts_(std::move(parts)),
+      loaded_(Registered(kMessageHistoryLoaded)),
+      saved_(Registered(kMessageItemSaved)),
+      addItem_(Registered(kMessageAddItem)),
+      itemStored_(Registered(kMessageItemStored)),
+      folder_(parts_.Folder, store_, files_, parts_.HandlerLog),
+      queue_(folder_),
+      myCopy_(parts_.HandlerLog),
+      spy_(parts_.HandlerLog),
+      worker_(folder_, OpenSaveLoadGuard()) {}
+
+CVBRWndClipboardHandler::~CVBRWndClipboardHandler() {
+    Destroy();
+}
+
+bool CVBRWndClipboardHandler::Create(HWND parent, UINT controlId, bool captureOnCreate) {
+    if (IsKeeping()) {
+        return true;
+    }
+    controlId_ = controlId;
+    captureOnCreate_ = captureOnCreate;
+    lastError_ = 0;
+    myCopy_.Set(0);
+    WindowCreation creation;
+    creation.ClassName = L"Vellumbridge_ClipboardHandler";
+    creation.Style = WS_CHILD;
+    creation.Parent = parent;
+    if (WindowBase::Create(creation)) {
+        return true;
+    }
+    if (lastError_ == 0) {
+        lastError_ = GetLastError();
+    }
+    parts_.HandlerLog.LogError(Concat(u"Clipboad History, ", u"Error code: ", lastError_, u"\n",
+                                      WinErrorText().TextOf(lastError_)));
+    return false;
+}
+
+bool CVBRWndClipboardHandler::Destroy() {
+    return !IsKeeping() || DestroyWindow(Handle());
+}
+
+std::optional<LRESULT> CVBRWndClipboardHandler::OnMessage(UINT message, WPARAM wParam,
+                                                          LPARAM lParam) {
+    using Self = CVBRWndClipboardHandler;
+    static constexpr MessageHandler<Self> kMap[] = {
+        {WM_CREATE, &Self::OnCreate},
+        {WM_DESTROY, &Self::OnDestroy},
+        {WM_TIMER, &Self::OnTimer},
+        {WM_SAVE_HISTORY, &Self::OnSaveHistory},
+        {WM_DELAY_UNLOCK, &Self::OnDelayUnlock},
+    };
+    if (message == loaded_) {
+        return OnLoaded(lParam);
+    }
+    if (message == saved_) {
+        return OnSaved(lParam);
+    }
+    if (message == addItem_) {
+        return OnAddItem(lParam);
+    }
+    if (message == itemStored_) {
+        return OnItemStored(lParam);
+    }
+    return DispatchMessageMap(*this, kMap, message, wParam, lParam);
+}
+
+LRESULT CVBRWndClipboardHandler::OnCreate(WPARAM, LPARAM) {
+    SetWindowLongPtrW(Handle(), GWLP_ID, static_cast<LONG_PTR>(controlId_));
+    stopEvent_ = MakeUnnamedEvent();
+    if (!stopEvent_) {
+        lastError_ = GetLastError();
+        return -1;
+    }
+    clipboard_ = std::make_unique<WinClipboardAccess>(Handle());
+    capture_ = std::make_unique<ClipboardCapture>(ClipboardCapture::Parts{
+        *clipboard_, windows_, clock_, myCopy_, parts_.Settings.ClipboardFormats, ansi_, bitmaps_,
+        parts_.HandlerLog});
+    WatchCopyEvents();
+    if (!InstallSpy()) {
+        lastError_ = GetLastError();
+        return -1;
+    }
+    if (parts_.Settings.SaveClipboardHistory) {
+        StartLoad();
+    }
+    if (captureOnCreate_) {
+        Capture(0, HistoryChange::AtCreation);
+    }
+    return 0;
+}
+
+LRESULT CVBRWndClipboardHandler::OnDestroy(WPARAM, LPARAM) {
+    if (savePending_) {
+        SaveNow();
+    }
+    if (stopEvent_) {
+        stopEvent_->Set();
+    }
+    startCopy_.reset();
+    endCopy_.reset();
+    stopEvent_.reset();
+    capture_.reset();
+    clipboard_.reset();
+    return 0;
+}
+
+void CVBRWndClipboardHandler::WatchCopyEvents() {
+    const auto watch = [this](std::u16string_view name, std::int32_t count) {
+        auto watcher = std::make_unique<EventWatcher>();
+        const auto start = [&](ObjectAccess access) {
+            return watcher->Start(name, EventReset::Automatic, access, *stopEvent_,
+                                  [this, count] { myCopy_.Set(count); });
+        };
+        if (!start(ObjectAccess::World) && !start(ObjectAccess::Default)) {
+            parts_.HandlerLog.LogError(Concat(u"Cannot watch the event ", name));
+        }
+        return watcher;
+    };
+    startCopy_ = watch(kEventStartCopy, 1);
+    endCopy_ = watch(kEventEndCopy, 0);
+}
+
+bool CVBRWndClipboardHandler::InstallSpy() {
+    const auto method =
+        SpyMethodOfSetting(parts_.Settings.ClipboardSpyMethod, HasClipboardListener());
+    if (!method) {
+        parts_.HandlerLog.LogError(
+            Concat(u"No clipboard spy method has the number ", parts_.Settings.ClipboardSpyMethod));
+        return false;
+    }
+    spy_.Spy().ClearObservers();
+    spy_.Spy().AddObserver(*this, 0);
+    const bool useListener = *method == SpyMethod::CSMO_ADDCLIPBOARDLISTENER;
+    if (!spy_.Install(useListener, Handle())) {
+        return false;
+    }
+    trackingState_ = useListener ? TrackingState::Listener : TrackingState::Viewer;
+    return true;
+}
+
+void CVBRWndClipboardHandler::OnClipboardChanged(WindowHandle& owner, std::uint32_t) {
+    Capture(owner, HistoryChange::Captured);
+}
+
+void CVBRWndClipboardHandler::_OnClipboardSpyStateChanged(std::uint32_t) {
+    if (onSpyState_) {
+        onSpyState_(IsKeeping());
+    }
+    MessageBoxW(nullptr, L"CVBRWndClipboardHandler::_OnClipboardSpyStateChanged",
+                Wide(kProductName.data()), MB_TOPMOST);
+}
+
+void CVBRWndClipboardHandler::Capture(WindowHandle owner, HistoryChange change) {
+    std::unique_ptr<CCHItem> item = capture_->Capture(owner);
+    if (!item) {
+        return;
+    }
+    queue_.Add(std::move(item), parts_.Settings.ClipboardHistoryMax);
+    savePending_ = true;
+    Notify(kNoticeHistoryChanged, change);
+    PostMessageW(Handle(), WM_SAVE_HISTORY, 0, 0);
+}
+
+void CVBRWndClipboardHandler::Notify(std::uint32_t code, HistoryChange change) {
+    HistoryNotice notice{{Handle(), controlId_, code}, static_cast<std::uint32_t>(change)};
+    if (Handle()) {
+        SendMessageW(GetParent(Handle()), WM_NOTIFY, controlId_, reinterpret_cast<LPARAM>(&notice));
+    }
+}
+
+void CVBRWndClipboardHandler::AsynBlockClipboardHandler() {
+    if (!IsKeeping()) {
+        return;
+    }
+    const bool started = tasks_.Start([this, window = Handle()] {
+        const DWORD start = GetTickCount();
+        if (parts_.ProgramEnd.Wait(kBlockMs) == WaitResult::TimedOut) {
+            PostMessageW(window, WM_DELAY_UNLOCK, 0, 0);
+            parts_.HandlerLog.Write(
+                Concat(u"__AsynBlockClipboardHandler_Proc wait complete: timeout=",
+                       static_cast<std::uint32_t>(GetTickCount() - start)));
+        }
+    });
+    if (started) {
+        myCopy_.Add();
+    } else {
+        parts_.HandlerLog.LogError(u"Cannot start AsynBlockClipboardHandler");
+    }
+}
+
+LRESULT CVBRWndClipboardHandler::OnDelayUnlock(WPARAM, LPARAM) {
+    myCopy_.EndBlock();
+    return 0;
+}
+
+void CVBRWndClipboardHandler::RequestSave() {
+    savePending_ = true;
+    saveStamp_ = GetTickCount();
+    SetTimer(Handle(), kTimerSave, kSaveDelayMs, nullptr);
+}
+
+LRESULT CVBRWndClipboardHandler::OnTimer(WPARAM id, LPARAM) {
+    if (id == kTimerSave && GetTickCount() - saveStamp_ > kSaveDelayMs) {
+        KillTimer(Handle(), kTimerSave);
+        PostMessageW(Handle(), WM_SAVE_HISTORY, 0, 0);
+    }
+    return 0;
+}
+
+LRESULT CVBRWndClipboardHandler::OnSaveHistory(WPARAM, LPARAM) {
+    SaveNow();
+    return 0;
+}
+
+void CVBRWndClipboardHandler::SaveNow() {
+    savePending_ = false;
+    if (!parts_.Settings.SaveClipboardHistory) {
+        return;
+    }
+    TakeUnsent();
+    ItemList copies = queue_.CopyUnsaved();
+    if (copies.empty()) {
+        return;
+    }
+    worker_.Save(std::move(copies), [this, window = Handle()](const CCHItem& item) {
+        if (SendFromWorker(window, saved_, &item) != kTaken) {
+            const std::lock_guard lock(unsentMutex_);
+            unsent_.push_back(item.Copy());
+        }
+    });
+}
+
+void CVBRWndClipboardHandler::TakeUnsent() {
+    ItemList saved;
+    {
+        const std::lock_guard lock(unsentMutex_);
+        saved.swap(unsent_);
+    }
+    for (const auto& item : saved) {
+        queue_.NoteSaved(*item);
+    }
+}
+
+void CVBRWndClipboardHandler::StartLoad() {
+    worker_.Load([this, window = Handle()](CCHQueue& queue) {
+        while (SendFromWorker(window, loaded_, &queue) == kLater &&
+               parts_.ProgramEnd.Wait(kLaterMs) == WaitResult::TimedOut) {
+        }
+    });
+}
+
+LRESULT CVBRWndClipboardHandler::SendFromWorker(HWND window, UINT message, const void* sent) {
+    sentByWorker_ = sent;
+    const LRESULT answer = SendMessageW(window, message, 0, reinterpret_cast<LPARAM>(sent));
+    sentByWorker_ = nullptr;
+    return answer;
+}
+
+LRESULT CVBRWndClipboardHandler::OnLoaded(LPARAM queue) {
+    if (queue == 0 || reinterpret_cast<const void*>(queue) != sentByWorker_) {
+        return kNotTaken;
+    }
+    // A menu that is open names items by their place.
+    if (queue_.IsLocked()) {
+        return kLater;
+    }
+    queue_.Merge(*reinterpret_cast<CCHQueue*>(queue), parts_.Settings.ClipboardHistoryMax);
+    Notify(kNoticeHistoryLoaded, HistoryChange::Captured);
+    return kTaken;
+}
+
+LRESULT CVBRWndClipboardHandler::OnSaved(LPARAM item) {
+    if (item == 0 || reinterpret_cast<const void*>(item) != sentByWorker_) {
+        return kNotTaken;
+    }
+    queue_.NoteSaved(*reinterpret_cast<const CCHItem*>(item));
+    return kTaken;
+}
+
+// Code of this process gives the address, but anybody may send the message.
+const CCHItem* CVBRWndClipboardHandler::ItemAt(LPARAM address) {
+    const auto* item = reinterpret_cast<const CCHItem*>(address);
+    const bool isItem =
+        address != 0 && RunSilently(parts_.Faults, false, [item] { return CCHItem::IsAt(item); });
+    return isItem ? item : nullptr;
+}
+
+LRESULT CVBRWndClipboardHandler::OnAddItem(LPARAM address) {
+    const CCHItem* item = ItemAt(address);
+    return item && queue_.Add(item->Copy(), parts_.Settings.ClipboardHistoryMax);
+}
+
+LRESULT CVBRWndClipboardHandler::OnItemStored(LPARAM address) {
+    const CCHItem* item = ItemAt(address);
+    if (!item || item->storeState != StoreState::Saved) {
+        return 0;
+    }
+    queue_.NoteStored(*item);
+    return 1;
+}
+
+}  // namespace vbr

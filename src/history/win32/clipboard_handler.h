@@ -1,0 +1,151 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/win32/windows.h"
+
+#include <atomic>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <mutex>
+
+#include "history/clipboard_capture.h"
+#include "history/history_folder.h"
+#include "history/history_messages.h"
+#include "history/history_queue.h"
+#include "history/history_worker.h"
+#include "history/my_copy.h"
+#include "history/win32/clipboard_spy_window.h"
+#include "platform/fault_catcher.h"
+#include "platform/log.h"
+#include "platform/named_objects.h"
+#include "platform/task_threads.h"
+#include "platform/win32/event_watcher.h"
+#include "platform/win32/win_ansi_text.h"
+#include "platform/win32/win_bitmaps.h"
+#include "platform/win32/win_clipboard_access.h"
+#include "platform/win32/win_clock.h"
+#include "platform/win32/win_file_store.h"
+#include "platform/win32/win_program_windows.h"
+#include "platform/win32/win_stamped_files.h"
+#include "platform/win32/window_base.h"
+#include "settings/settings.h"
+
+namespace vbr {
+
+// The notice that the parent gets as WM_NOTIFY.
+struct HistoryNotice {
+    NMHDR Header;
+    std::uint32_t Parameter;
+};
+
+// How the spy was asked to track, for display.
+enum class TrackingState { NotTried = 0, Listener = 2, Viewer = 3 };
+
+// Makes history items of clipboard changes, for as long as its window lives. The queue lives as
+// long as the object. Belongs to the main thread; what it needs for its threads must outlive it.
+class CVBRWndClipboardHandler : public WindowBase, private ClipboardObserver {
+  public:
+    struct Parts {
+        const CVBRSettings& Settings;
+        std::filesystem::path Folder;
+        FaultCatcher& Faults;
+        NamedEvent& ProgramEnd;  // set when the program ends
+        Log& HandlerLog;
+    };
+
+    explicit CVBRWndClipboardHandler(Parts parts);
+    ~CVBRWndClipboardHandler() override;
+
+    // Both succeed at once when that is so already. A failure is logged.
+    bool Create(HWND parent, UINT controlId, bool captureOnCreate);
+    bool Destroy();
+    bool IsKeeping() const { return Handle() != nullptr; }
+    std::uint32_t LastError() const { return lastError_; }
+    TrackingState Tracking() const { return trackingState_; }
+
+    CCHQueue& Queue() { return queue_; }
+    std::size_t GetCount() const { return queue_.GetCount(); }
+    const CCHItem* GetItem(std::size_t index) const { return queue_.GetItem(index); }
+    bool IsEmpty() const { return queue_.GetCount() == 0; }
+
+    MyCopyCount& MyCopy() { return myCopy_; }
+    // Takes clipboard changes for the program's own for three seconds.
+    void AsynBlockClipboardHandler();
+
+    // Saves within two seconds, once for several calls.
+    void RequestSave();
+    // Tells the parent of a change by a command.
+    void NotifyChanged() { Notify(kNoticeHistoryChanged, HistoryChange::ByCommand); }
+
+    // Called with the new state when the spy has lost its subscription.
+    void OnSpyStateChanged(std::function<void(bool keeping)> call) {
+        onSpyState_ = std::move(call);
+    }
+
+  protected:
+    std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+  private:
+    LRESULT OnCreate(WPARAM, LPARAM);
+    LRESULT OnDestroy(WPARAM, LPARAM);
+    LRESULT OnTimer(WPARAM id, LPARAM);
+    LRESULT OnSaveHistory(WPARAM, LPARAM);
+    LRESULT OnDelayUnlock(WPARAM, LPARAM);
+    LRESULT OnLoaded(LPARAM queue);
+    LRESULT OnSaved(LPARAM item);
+    LRESULT OnAddItem(LPARAM item);
+    LRESULT OnItemStored(LPARAM item);
+
+    void OnClipboardChanged(WindowHandle& owner, std::uint32_t userValue) override;
+    void _OnClipboardSpyStateChanged(std::uint32_t userValue) override;
+
+    bool InstallSpy();
+    void WatchCopyEvents();
+    void Capture(WindowHandle owner, HistoryChange change);
+    void SaveNow();
+    void StartLoad();
+    LRESULT SendFromWorker(HWND window, UINT message, const void* sent);
+    // Items that were saved while there was no window to tell.
+    void TakeUnsent();
+    void Notify(std::uint32_t code, HistoryChange change);
+    const CCHItem* ItemAt(LPARAM address);
+
+    Parts parts_;
+    UINT loaded_;
+    UINT saved_;
+    UINT addItem_;
+    UINT itemStored_;
+
+    WinClock clock_;
+    WinAnsiText ansi_;
+    WinBitmaps bitmaps_;
+    WinProgramWindows windows_;
+    WinFileStore store_;
+    WinStampedFiles files_;
+    HistoryFolder folder_;
+    CCHQueue queue_;
+    MyCopyCount myCopy_;
+    ClipboardSpyWindow spy_;
+    std::unique_ptr<WinClipboardAccess> clipboard_;  // these three live with the window
+    std::unique_ptr<ClipboardCapture> capture_;
+    std::unique_ptr<NamedEvent> stopEvent_;
+
+    TrackingState trackingState_ = TrackingState::NotTried;
+    std::uint32_t lastError_ = 0;
+    UINT controlId_ = 0;
+    bool captureOnCreate_ = false;
+    bool savePending_ = false;
+    std::uint32_t saveStamp_ = 0;
+    std::function<void(bool)> onSpyState_;
+    // What a thread of ours is sending; no other address in such a message is believed.
+    std::atomic<const void*> sentByWorker_ = nullptr;
+    std::mutex unsentMutex_;
+    ItemList unsent_;
+    std::unique_ptr<EventWatcher> startCopy_;
+    std::unique_ptr<EventWatcher> endCopy_;
+    TaskThreads tasks_;
+    HistoryWorker worker_;
+};
+
+}  // namespace vbr

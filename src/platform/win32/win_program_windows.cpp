@@ -1,0 +1,91 @@
+// SPDX-License-Identifier: MIT
+#include "platform/win32/win_program_windows.h"
+
+#include "platform/win32/windows.h"
+
+#include <array>
+#include <psapi.h>
+#include <shellapi.h>
+
+#include "platform/win32/handle.h"
+#include "platform/win32/wide.h"
+
+namespace vbr {
+namespace {
+
+constexpr UINT kIconPatienceMs = 1000;
+constexpr std::size_t kMaxTitle = 780;
+constexpr std::size_t kMaxPath = 1024;
+
+HWND WindowOf(WindowHandle window) {
+    return reinterpret_cast<HWND>(window);
+}
+
+// A copy, since the icon belongs to the window's program.
+IconHandle Keep(HICON icon) {
+    return icon ? IconHandle(CopyIcon(icon),
+                             [](void* copy) { DestroyIcon(static_cast<HICON>(copy)); })
+                : nullptr;
+}
+
+HICON AskForIcon(HWND window, WPARAM size) {
+    DWORD_PTR icon = 0;
+    SendMessageTimeoutW(window, WM_GETICON, size, 0, SMTO_ABORTIFHUNG | SMTO_BLOCK, kIconPatienceMs,
+                        &icon);
+    return reinterpret_cast<HICON>(icon);
+}
+
+HICON ClassIcon(HWND window, int index) {
+    return reinterpret_cast<HICON>(GetClassLongPtrW(window, index));
+}
+
+}  // namespace
+
+WindowHandle WinProgramWindows::ParentOf(WindowHandle window) const {
+    return reinterpret_cast<WindowHandle>(GetParent(WindowOf(window)));
+}
+
+std::u16string WinProgramWindows::TitleOf(WindowHandle window) const {
+    std::array<wchar_t, kMaxTitle> title{};
+    // Of a window of this process too, without a message to it.
+    const int length =
+        InternalGetWindowText(WindowOf(window), title.data(), static_cast<int>(title.size()));
+    return FromWide(title.data(), static_cast<std::size_t>(length));
+}
+
+std::u16string WinProgramWindows::ProgramOf(WindowHandle window) const {
+    DWORD id = 0;
+    GetWindowThreadProcessId(WindowOf(window), &id);
+    const UniqueHandle process(OpenProcess(PROCESS_QUERY_INFORMATION | PROCESS_VM_READ, FALSE, id));
+    std::array<wchar_t, kMaxPath> path{};
+    const DWORD length = process ? GetModuleFileNameExW(process.get(), nullptr, path.data(),
+                                                        static_cast<DWORD>(path.size()))
+                                 : 0;
+    return FromWide(path.data(), length);
+}
+
+IconHandle WinProgramWindows::IconOf(WindowHandle handle) const {
+    const HWND window = WindowOf(handle);
+    for (const WPARAM size : {ICON_BIG, ICON_SMALL}) {
+        if (IconHandle icon = Keep(AskForIcon(window, size))) {
+            return icon;
+        }
+    }
+    for (const int index : {GCLP_HICON, GCLP_HICONSM}) {
+        if (IconHandle icon = Keep(ClassIcon(window, index))) {
+            return icon;
+        }
+    }
+    return nullptr;
+}
+
+IconHandle WinProgramWindows::IconOfFile(std::u16string_view path) const {
+    SHFILEINFOW info{};
+    const bool found =
+        SHGetFileInfoW(Wide(std::u16string(path)), 0, &info, sizeof info, SHGFI_ICON) != 0;
+    return found && info.hIcon
+               ? IconHandle(info.hIcon, [](void* icon) { DestroyIcon(static_cast<HICON>(icon)); })
+               : nullptr;
+}
+
+}  // namespace vbr

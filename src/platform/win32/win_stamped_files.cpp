@@ -1,0 +1,134 @@
+// SPDX-License-Identifier: MIT
+#include "platform/win32/win_stamped_files.h"
+
+#include <algorithm>
+#include <new>
+
+#include "platform/win32/handle.h"
+#include "platform/win32/verbatim_path.h"
+#include "platform/win32/win_error_text.h"
+
+namespace vbr {
+namespace {
+
+namespace fs = std::filesystem;
+
+static_assert(kErrorFileExists == ERROR_FILE_EXISTS);
+
+constexpr LONGLONG kMaxRead = 256LL * 1024 * 1024;
+constexpr std::size_t kMaxWrite = 16 * 1024 * 1024;
+
+std::optional<SystemError> LastError() {
+    const DWORD code = GetLastError();
+    return SystemError{code, WinErrorText().TextOf(code)};
+}
+
+FILETIME FileTimeOf(FileTicks ticks) {
+    return {static_cast<DWORD>(ticks), static_cast<DWORD>(ticks >> 32)};
+}
+
+bool WriteAll(HANDLE file, std::span<const std::byte> bytes) {
+    while (!bytes.empty()) {
+        const auto part = static_cast<DWORD>(std::min(bytes.size(), kMaxWrite));
+        DWORD written = 0;
+        if (!WriteFile(file, bytes.data(), part, &written, nullptr) || written == 0) {
+            return false;
+        }
+        bytes = bytes.subspan(written);
+    }
+    return true;
+}
+
+bool SetCreated(HANDLE file, FileTicks created) {
+    const FILETIME time = FileTimeOf(created);
+    return created == 0 || SetFileTime(file, &time, nullptr, nullptr);
+}
+
+bool SetReadOnly(const fs::path& path, bool on) {
+    const DWORD attributes = GetFileAttributesW(path.c_str());
+    if (attributes == INVALID_FILE_ATTRIBUTES) {
+        return false;
+    }
+    const bool isOn = (attributes & FILE_ATTRIBUTE_READONLY) != 0;
+    return isOn == on ||
+           SetFileAttributesW(path.c_str(), attributes ^ DWORD{FILE_ATTRIBUTE_READONLY});
+}
+
+}  // namespace
+
+std::optional<SystemError> WinStampedFiles::CreateNew(
+    const fs::path& path, std::span<const std::span<const std::byte>> pieces,
+    const FileStamp& stamp) {
+    const fs::path target = ReachablePath(path);
+    UniqueHandle file(CreateFileW(target.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW,
+                                  FILE_ATTRIBUTE_NORMAL, nullptr));
+    if (!IsValid(file)) {
+        return LastError();
+    }
+    const bool written = std::all_of(pieces.begin(), pieces.end(),
+                                     [&file](std::span<const std::byte> piece) {
+                                         return WriteAll(file.get(), piece);
+                                     }) &&
+                         SetCreated(file.get(), stamp.Created) && FlushFileBuffers(file.get());
+    if (!written) {
+        const auto error = LastError();
+        file.reset();
+        DeleteFileW(target.c_str());
+        return error;
+    }
+    file.reset();
+    SetReadOnly(target, stamp.ReadOnly);
+    return std::nullopt;
+}
+
+std::optional<SystemError> WinStampedFiles::SetStamp(const fs::path& path, const FileStamp& stamp) {
+    const fs::path target = ReachablePath(path);
+    if (stamp.Created != 0) {
+        // Writing an attribute needs no right to write, but a file that has the mark refuses.
+        SetReadOnly(target, false);
+        const UniqueHandle file(CreateFileW(target.c_str(), FILE_WRITE_ATTRIBUTES,
+                                            FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                                            nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL,
+                                            nullptr));
+        if (!IsValid(file) || !SetCreated(file.get(), stamp.Created)) {
+            return LastError();
+        }
+    }
+    return SetReadOnly(target, stamp.ReadOnly) ? std::nullopt : LastError();
+}
+
+std::optional<StampedFiles::Content> WinStampedFiles::Read(const fs::path& path) {
+    const UniqueHandle file(CreateFileW(ReachablePath(path).c_str(), GENERIC_READ, FILE_SHARE_READ,
+                                        nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+    LARGE_INTEGER size{};
+    FILETIME created{};
+    if (!IsValid(file) || GetFileType(file.get()) != FILE_TYPE_DISK ||
+        !GetFileSizeEx(file.get(), &size) || size.QuadPart > kMaxRead ||
+        !GetFileTime(file.get(), &created, nullptr, nullptr)) {
+        return std::nullopt;
+    }
+    try {
+        Content content;
+        content.Created = FileTicks{created.dwHighDateTime} << 32 | created.dwLowDateTime;
+        content.Bytes.resize(size.LowPart);
+        DWORD read = 0;
+        if (!ReadFile(file.get(), content.Bytes.data(), size.LowPart, &read, nullptr) ||
+            read != size.LowPart) {
+            return std::nullopt;
+        }
+        return content;
+    } catch (const std::bad_alloc&) {
+        return std::nullopt;
+    }
+}
+
+std::optional<SystemError> WinStampedFiles::Delete(const fs::path& path) {
+    const fs::path target = ReachablePath(path);
+    SetReadOnly(target, false);
+    if (DeleteFileW(target.c_str()) || GetLastError() == ERROR_FILE_NOT_FOUND) {
+        return std::nullopt;
+    }
+    return LastError();
+}
+
+}  // namespace vbr
