@@ -24,6 +24,8 @@ struct TextColor {
     bool operator==(const TextColor&) const = default;
 };
 
+enum class LetterCase { Lower, Upper };
+
 // Holds one document of formatted text at a time. A source is Rich Text Format as a string of 8-bit
 // units; see platform/rich_source.h for units above these. Belongs to the main thread.
 class RichTextEngine {
@@ -32,11 +34,15 @@ class RichTextEngine {
 
     // Replaces the document. False when the source can't be loaded; the document is empty then.
     virtual bool LoadSource(std::u16string_view source) = 0;
+    // The same; an engine that can turns letters into that case as they come in.
+    virtual bool LoadSourceInCase(std::u16string_view source, LetterCase letterCase) = 0;
     // The document as a source of ASCII units; nothing when it can't be read back.
     virtual std::optional<std::u16string> SaveSource() const = 0;
 
     // The document's text; a line ends in CR LF. Empty when it can't be read back.
     virtual std::u16string PlainText() const = 0;
+    // The text in the engine's units; nothing when it doesn't show them all.
+    virtual std::optional<std::u16string> Text() const = 0;
     // The number of units of the engine's text.
     virtual std::size_t Length() const = 0;
 
@@ -49,6 +55,10 @@ class RichTextEngine {
     // Nothing when the range has more than one colour.
     virtual std::optional<TextColor> ColorOf(RichRange range) const = 0;
     virtual void SetColor(RichRange range, TextColor color) = 0;
+    // Makes all text black and takes bold, italic, underline, strikeout, protection and links away.
+    virtual void ClearEffects() = 0;
+    // The end of the longest stretch of one format, within the range and from its start.
+    virtual std::size_t SameFormatEnd(RichRange range) const = 0;
 };
 
 }  // namespace vbr

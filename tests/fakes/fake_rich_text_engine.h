@@ -10,9 +10,11 @@ namespace vbr {
 
 // Text with colours. Its sources are a text in braces, where \1 to \9 begin a colour, \0 the
 // automatic one, and a line feed ends a paragraph; anything without the braces fails to load.
+// Colours from 5 stand for fonts, which ClearEffects leaves.
 class FakeRichTextEngine : public RichTextEngine {
   public:
     bool CanSave = true;
+    bool CanTurnCase = false;  // while it loads
 
     bool LoadSource(std::u16string_view source) override {
         text_.clear();
@@ -31,6 +33,13 @@ class FakeRichTextEngine : public RichTextEngine {
             colors_.push_back(color);
         }
         return true;
+    }
+    bool LoadSourceInCase(std::u16string_view source, LetterCase letterCase) override {
+        const bool loaded = LoadSource(source);
+        if (CanTurnCase && letterCase == LetterCase::Upper) {
+            text_ = ToUpper(text_);
+        }
+        return loaded;
     }
     std::optional<std::u16string> SaveSource() const override {
         if (!CanSave) {
@@ -52,6 +61,7 @@ class FakeRichTextEngine : public RichTextEngine {
         ReplaceAll(text, u"\r", u"\r\n");
         return text;
     }
+    std::optional<std::u16string> Text() const override { return text_; }
     std::size_t Length() const override { return text_.size(); }
     std::optional<std::size_t> Find(std::u16string_view what, std::size_t from) const override {
         const std::size_t position = text_.find(what, from);
@@ -78,6 +88,18 @@ class FakeRichTextEngine : public RichTextEngine {
     void SetColor(RichRange range, TextColor color) override {
         std::fill_n(colors_.begin() + static_cast<std::ptrdiff_t>(range.Start),
                     range.End - range.Start, color);
+    }
+    void ClearEffects() override {
+        for (TextColor& color : colors_) {
+            color = color.Rgb < 5 ? TextColor{false, 0} : color;
+        }
+    }
+    std::size_t SameFormatEnd(RichRange range) const override {
+        std::size_t end = range.Start;
+        while (end < range.End && colors_[end] == colors_[range.Start]) {
+            ++end;
+        }
+        return end;
     }
 
   private:

@@ -17,15 +17,14 @@ namespace {
 
 constexpr UINT kUtf16 = 1200;
 constexpr LONG kTwelvePoints = 240;  // in twentieths of a point
-
-DWORD CALLBACK ReadBytes(DWORD_PTR cookie, LPBYTE buffer, LONG wanted, LONG* got) {
-    auto& rest = *reinterpret_cast<std::string_view*>(cookie);
-    const std::size_t count = std::min(rest.size(), static_cast<std::size_t>(wanted));
-    std::memcpy(buffer, rest.data(), count);
-    rest.remove_prefix(count);
-    *got = static_cast<LONG>(count);
-    return 0;
-}
+constexpr DWORD kCaseStyles = SES_UPPERCASE | SES_LOWERCASE;
+constexpr DWORD kTookTooLong = ERROR_TIMEOUT;
+// A control may clear a document in a time that grows with the square of its lines; a new control
+// costs some milliseconds.
+constexpr std::size_t kFewUnits = 4'000;
+constexpr LRESULT kFewLines = 100;
+// Behind the end of the last paragraph, which is no part of the text.
+constexpr auto kDocumentEnd = static_cast<std::size_t>(-1);
 
 DWORD CALLBACK AppendBytes(DWORD_PTR cookie, LPBYTE buffer, LONG count, LONG* taken) {
     reinterpret_cast<std::string*>(cookie)->append(reinterpret_cast<const char*>(buffer),
@@ -36,6 +35,26 @@ DWORD CALLBACK AppendBytes(DWORD_PTR cookie, LPBYTE buffer, LONG count, LONG* ta
 
 }  // namespace
 
+struct WinRichTextEngine::Incoming {
+    std::string_view Rest;
+    std::chrono::steady_clock::time_point Deadline;
+};
+
+DWORD CALLBACK WinRichTextEngine::ReadBytes(DWORD_PTR cookie, LPBYTE buffer, LONG wanted,
+                                            LONG* got) {
+    auto& incoming = *reinterpret_cast<Incoming*>(cookie);
+    if (std::chrono::steady_clock::now() > incoming.Deadline) {
+        *got = 0;
+        return kTookTooLong;
+    }
+    const std::size_t count =
+        std::min(incoming.Rest.size(), static_cast<std::size_t>(std::max<LONG>(wanted, 0)));
+    std::memcpy(buffer, incoming.Rest.data(), count);
+    incoming.Rest.remove_prefix(count);
+    *got = static_cast<LONG>(count);
+    return 0;
+}
+
 WinRichTextEngine::~WinRichTextEngine() {
     control_.reset();
     library_.reset();
@@ -45,22 +64,37 @@ WinRichTextEngine::~WinRichTextEngine() {
 }
 
 bool WinRichTextEngine::LoadSource(std::u16string_view source) {
-    if (!MakeControl()) {
+    if (!MakeEmptyControl()) {
         return false;
     }
-    Send(WM_SETTEXT, 0, L"");
     const std::string bytes = ToRichBytes(source);
     if (!IsSafeRich(bytes)) {
         return false;
     }
-    std::string_view rest = bytes;
-    EDITSTREAM stream{reinterpret_cast<DWORD_PTR>(&rest), 0, ReadBytes};
+    Incoming incoming{bytes, std::chrono::steady_clock::now() + patience_};
+    EDITSTREAM stream{reinterpret_cast<DWORD_PTR>(&incoming), 0, ReadBytes};
     Send(EM_STREAMIN, SF_RTF, &stream);
-    if (stream.dwError != 0) {
-        Send(WM_SETTEXT, 0, L"");
+    if (stream.dwError == 0) {
+        return control_ != nullptr;
+    }
+    if (stream.dwError == kTookTooLong) {
+        log_.LogError(
+            Concat(u"Formatted text of ", bytes.size(), u" bytes takes too long to load"));
+    }
+    MakeEmptyControl();
+    return false;
+}
+
+bool WinRichTextEngine::LoadSourceInCase(std::u16string_view source, LetterCase letterCase) {
+    if (!MakeEmptyControl()) {
         return false;
     }
-    return control_ != nullptr;
+    const auto before = static_cast<LPARAM>(Send(EM_GETEDITSTYLE, 0, 0)) & kCaseStyles;
+    Send(EM_SETEDITSTYLE, letterCase == LetterCase::Upper ? SES_UPPERCASE : SES_LOWERCASE,
+         LPARAM{kCaseStyles});
+    const bool loaded = LoadSource(source);
+    Send(EM_SETEDITSTYLE, static_cast<WPARAM>(before), LPARAM{kCaseStyles});
+    return loaded;
 }
 
 std::optional<std::u16string> WinRichTextEngine::SaveSource() const {
@@ -79,6 +113,19 @@ std::u16string WinRichTextEngine::PlainText() const {
     const std::string bytes = StreamOut(SF_TEXT | SF_UNICODE).value_or(std::string());
     std::u16string text(bytes.size() / sizeof(char16_t), u'\0');
     std::memcpy(text.data(), bytes.data(), text.size() * sizeof(char16_t));
+    return text;
+}
+
+std::optional<std::u16string> WinRichTextEngine::Text() const {
+    const std::size_t length = Length();
+    std::u16string text(length + 1, u'\0');
+    GETTEXTEX form{static_cast<DWORD>(text.size() * sizeof(char16_t)), GT_DEFAULT, kUtf16, nullptr,
+                   nullptr};
+    const LRESULT units = Send(EM_GETTEXTEX, reinterpret_cast<WPARAM>(&form), text.data());
+    if (!control_ || units < 0 || static_cast<std::size_t>(units) != length) {
+        return std::nullopt;
+    }
+    text.resize(length);
     return text;
 }
 
@@ -125,6 +172,46 @@ void WinRichTextEngine::SetColor(RichRange range, TextColor color) {
     format.dwEffects = color.Automatic ? CFE_AUTOCOLOR : 0;
     format.crTextColor = color.Rgb;
     Send(EM_SETCHARFORMAT, SCF_SELECTION, &format);
+}
+
+void WinRichTextEngine::ClearEffects() {
+    Select({0, kDocumentEnd});
+    CHARFORMAT2W format{};
+    format.cbSize = sizeof format;
+    format.dwMask = CFM_EFFECTS;
+    Send(EM_SETCHARFORMAT, SCF_SELECTION, &format);
+}
+
+std::size_t WinRichTextEngine::SameFormatEnd(RichRange range) const {
+    // A property that a selection has in more than one form is left out of the mask.
+    const auto maskUpTo = [&](std::size_t end) {
+        Select({range.Start, end});
+        CHARFORMAT2W format{};
+        format.cbSize = sizeof format;
+        Send(EM_GETCHARFORMAT, SCF_SELECTION, &format);
+        return format.dwMask;
+    };
+    const DWORD one = maskUpTo(range.Start + 1);
+    if (range.End <= range.Start + 1 || maskUpTo(range.End) == one) {
+        return range.End;
+    }
+    std::size_t same = range.Start + 1;
+    std::size_t different = range.End;
+    while (different - same > 1) {
+        const std::size_t middle = same + (different - same) / 2;
+        (maskUpTo(middle) == one ? same : different) = middle;
+    }
+    return same;
+}
+
+bool WinRichTextEngine::MakeEmptyControl() {
+    if (control_ && (Length() > kFewUnits || Send(EM_GETLINECOUNT, 0, 0) > kFewLines)) {
+        control_.reset();
+        tried_ = false;
+    } else {
+        Send(WM_SETTEXT, 0, L"");
+    }
+    return MakeControl();
 }
 
 bool WinRichTextEngine::MakeControl() {

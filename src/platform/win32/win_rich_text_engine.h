@@ -3,7 +3,9 @@
 
 #include "platform/win32/windows.h"
 
+#include <chrono>
 #include <memory>
+#include <string_view>
 #include <type_traits>
 
 #include "platform/log.h"
@@ -13,22 +15,28 @@ namespace vbr {
 
 // One hidden rich edit control, made on first use. A control that can't be made is logged, and
 // every source fails to load. A control that faults is logged and given up: the document is gone,
-// and the next source gets a new one.
+// and the next source gets a new one. A load that takes longer than the patience is given up.
 class WinRichTextEngine : public RichTextEngine {
   public:
-    explicit WinRichTextEngine(Log& log) : log_(log) {}
+    explicit WinRichTextEngine(Log& log,
+                               std::chrono::milliseconds patience = std::chrono::seconds(3))
+        : log_(log), patience_(patience) {}
     ~WinRichTextEngine() override;
     WinRichTextEngine(const WinRichTextEngine&) = delete;
     WinRichTextEngine& operator=(const WinRichTextEngine&) = delete;
 
     bool LoadSource(std::u16string_view source) override;
+    bool LoadSourceInCase(std::u16string_view source, LetterCase letterCase) override;
     std::optional<std::u16string> SaveSource() const override;
     std::u16string PlainText() const override;
+    std::optional<std::u16string> Text() const override;
     std::size_t Length() const override;
     std::optional<std::size_t> Find(std::u16string_view what, std::size_t from) const override;
     void ReplaceRange(RichRange range, std::u16string_view with) override;
     std::optional<TextColor> ColorOf(RichRange range) const override;
     void SetColor(RichRange range, TextColor color) override;
+    void ClearEffects() override;
+    std::size_t SameFormatEnd(RichRange range) const override;
 
   private:
     struct LibraryFreer {
@@ -40,7 +48,12 @@ class WinRichTextEngine : public RichTextEngine {
         void operator()(HWND window) const { DestroyWindow(window); }
     };
 
+    // What is left of a source, and when its load is to be given up.
+    struct Incoming;
+
+    static DWORD CALLBACK ReadBytes(DWORD_PTR cookie, LPBYTE buffer, LONG wanted, LONG* got);
     bool MakeControl();
+    bool MakeEmptyControl();
     void SetPlainFormat();
     void GiveUp() const;
     LRESULT Send(UINT message, WPARAM wParam, LPARAM lParam) const;
@@ -52,6 +65,7 @@ class WinRichTextEngine : public RichTextEngine {
     void Select(RichRange range) const;
 
     Log& log_;
+    std::chrono::milliseconds patience_;
     mutable bool tried_ = false;
     bool comReady_ = false;
     std::unique_ptr<std::remove_pointer_t<HMODULE>, LibraryFreer> library_;
