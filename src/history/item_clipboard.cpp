@@ -1,0 +1,107 @@
+// SPDX-License-Identifier: MIT
+#include "history/item_clipboard.h"
+
+#include <cstring>
+
+#include "base/text.h"
+
+namespace vbr {
+namespace {
+
+constexpr std::uint32_t kClipLocale = 16;
+
+// A held clipboard is told to the user at once.
+constexpr std::uint32_t kNoPatience = 0;
+
+// Text with its terminator, up to the first zero; nothing at all for an empty text.
+template <typename Unit>
+ItemBytes TextOrNothing(std::basic_string_view<Unit> text) {
+    return text.empty() ? ItemBytes() : TextBytes(text);
+}
+
+ClipboardBlock StandardBlock(std::uint32_t format, ItemBytes bytes) {
+    return {.Format = format, .Name = {}, .Bytes = std::move(bytes), .Object = {}};
+}
+
+ClipboardBlock NamedBlock(std::u16string_view name, ItemBytes bytes) {
+    return {.Format = 0, .Name = std::u16string(name), .Bytes = std::move(bytes), .Object = {}};
+}
+
+}  // namespace
+
+bool ItemClipboard::PutOnClipboard(std::size_t index) {
+    const CCHItem* const item = parts_.Queue.GetItem(index);
+    return item && PutItem(*item);
+}
+
+bool ItemClipboard::PutOnClipboardAsPlainText(std::size_t index) {
+    const CCHItem* const item = parts_.Queue.GetItem(index);
+    return item && SetClipboardText(parts_.Texts.PlainText(*item));
+}
+
+bool ItemClipboard::PutItem(const CCHItem& item) {
+    switch (item.format) {
+        case CHF_ANSI_TEXT:
+            return SetClipboardBlock(StandardBlock(kClipText, TextOrNothing(item.ByteText())));
+        case CHF_UNICODE_TEXT:
+            return SetClipboardBlock(
+                StandardBlock(kClipUnicodeText, TextOrNothing(item.WideText())));
+        case CHF_RTF:
+            return SetClipboardBlock(
+                NamedBlock(u"Rich Text Format", TextOrNothing(item.ByteText())));
+        case CHF_KELPNOTES:
+            return SetClipboardBlock(NamedBlock(u"Kelp Notes Format", item.Data()));
+        case CHF_BITMAP:
+            return item.Picture() && PutBitmapOnClipboard(*item.Picture());
+        default:
+            return false;
+    }
+}
+
+bool ItemClipboard::SetClipboardBlock(ClipboardBlock block) {
+    const auto clipboard = parts_.Access.Open(kNoPatience);
+    if (!clipboard) {
+        parts_.ClipboardLog.LogError(u"Cannot open the clipboard for a history item");
+        return false;
+    }
+    clipboard->Empty();
+    if (!Write(*clipboard, block)) {
+        return false;
+    }
+    const Lcid language = parts_.Languages.UserDefault();
+    ItemBytes bytes(sizeof language);
+    std::memcpy(bytes.data(), &language, sizeof language);
+    Write(*clipboard, StandardBlock(kClipLocale, std::move(bytes)));
+    return true;
+}
+
+bool ItemClipboard::SetClipboardText(std::u16string_view text) {
+    return SetClipboardBlock(StandardBlock(kClipUnicodeText, TextBytes(text)));
+}
+
+bool ItemClipboard::PutBitmapOnClipboard(const Bitmap& bitmap) {
+    ClipboardBlock block = StandardBlock(kClipBitmap, {});
+    block.Object = parts_.Pictures.ObjectOf(bitmap);
+    if (!block.Object) {
+        parts_.ClipboardLog.LogError(u"Cannot take the bitmap of a history item");
+        return false;
+    }
+    const auto clipboard = parts_.Access.Open(kNoPatience);
+    if (!clipboard) {
+        parts_.ClipboardLog.LogError(u"Cannot open the clipboard for a history item");
+        return false;
+    }
+    return Write(*clipboard, block);
+}
+
+bool ItemClipboard::Write(ClipboardSession& clipboard, const ClipboardBlock& block) {
+    if (clipboard.Write(block)) {
+        return true;
+    }
+    parts_.ClipboardLog.LogError(Concat(u"Cannot put ", block.Bytes.size(),
+                                        u" bytes of a history item on the clipboard, format ",
+                                        block.Format, block.Name));
+    return false;
+}
+
+}  // namespace vbr

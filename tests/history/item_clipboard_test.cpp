@@ -1,0 +1,210 @@
+// SPDX-License-Identifier: MIT
+#include "history/item_clipboard.h"
+
+#include <cstring>
+#include <fstream>
+#include <gtest/gtest.h>
+
+#include "fakes/fake_ansi_text.h"
+#include "fakes/fake_clipboard_access.h"
+#include "fakes/fake_locale.h"
+#include "fakes/fake_rich_text_engine.h"
+#include "fakes/history_desk.h"
+#include "history/item_export.h"
+
+namespace vbr {
+namespace {
+
+constexpr std::uint32_t kClipLocale = 16;
+
+// Every picture has the same object.
+class OneObject : public Bitmaps {
+  public:
+    std::shared_ptr<void> Object = std::make_shared<int>(1);
+    std::shared_ptr<const Bitmap> FromObject(std::shared_ptr<void>) override { return nullptr; }
+    std::shared_ptr<void> ObjectOf(const Bitmap&) override { return Object; }
+};
+
+// A picture of two rows whose form can be told.
+class TallBitmap : public Bitmap {
+  public:
+    TallBitmap(std::int32_t width, std::int32_t height, std::uint16_t bitCount) {
+        header_.Width = width;
+        header_.Height = height;
+        header_.BitCount = bitCount;
+        header_.Compression = 3;
+    }
+    std::optional<BitmapHeader> Header() const override { return header_; }
+    std::optional<BitmapBits> Read(const BitmapHeader& header) const override {
+        if (header.Compression != 0) {
+            return std::nullopt;
+        }
+        return BitmapBits{std::vector<std::byte>(header.ClrUsed * 4, std::byte{0xC0}),
+                          std::vector<std::byte>(header.SizeImage, std::byte{0xB1})};
+    }
+
+  private:
+    BitmapHeader header_;
+};
+
+std::string BytesOf(const std::vector<std::byte>& bytes) {
+    return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
+}
+
+std::uint32_t Number(const std::string& bytes, std::size_t at) {
+    std::uint32_t number = 0;
+    std::memcpy(&number, bytes.data() + at, sizeof number);
+    return number;
+}
+
+class ItemClipboardTest : public testing::Test {
+  protected:
+    void Add(std::unique_ptr<CCHItem> item) { desk_.Add(std::move(item)); }
+    void AddPicture() {
+        auto item = std::make_unique<CCHItem>(CHF_BITMAP, 0, TimeAt(0));
+        item->SetPicture(std::make_shared<FakeBitmap>(3, std::byte{1}));
+        Add(std::move(item));
+    }
+    // All blocks, "FORMAT:bytes", a blank between.
+    std::string Content() const {
+        std::string content;
+        for (const ClipboardBlock& block : access_.Blocks) {
+            content += (content.empty() ? "" : " ") + std::to_string(block.Format) +
+                       Utf16ToUtf8(block.Name) + ":" +
+                       (block.Object ? "object" : BytesOf(block.Bytes));
+        }
+        return content;
+    }
+
+    const std::string locale_ = std::string(" 16:\x09\x04\0\0", 8);
+    HistoryDesk desk_;
+    FakeClipboardAccess access_;
+    OneObject pictures_;
+    FakeAnsiText ansi_;
+    FakeRichTextEngine engine_;
+    FakeLocale languages_;
+    ItemTexts texts_{ansi_, engine_, desk_.Log};
+    ItemClipboard clipboard_{{desk_.Queue, access_, pictures_, texts_, languages_, desk_.Log}};
+};
+
+TEST_F(ItemClipboardTest, AnItemReplacesTheContentInItsOwnFormat) {
+    access_.RegisterFormat(u"Rich Text Format");
+    access_.RegisterFormat(u"Kelp Notes Format");
+    const std::pair<std::unique_ptr<CCHItem>, std::string> cases[] = {
+        {ByteItem(CHF_ANSI_TEXT, "\xE9"), std::string("1:\xE9\0", 4)},
+        {TextItem(u"Ab"), std::string("13:A\0b\0\0\0", 9)},
+        {TextItem(u""), "13:"},
+        {ByteItem(CHF_RTF, "{r}"), std::string("49152Rich Text Format:{r}\0", 26)},
+        {ByteItem(CHF_KELPNOTES, "k"), std::string("49153Kelp Notes Format:k\0", 25)}};
+    for (const auto& [item, content] : cases) {
+        auto copy = item->Copy();
+        copy->alternatives.push_back(ByteItem(CHF_HTML, "h"));
+        Add(std::move(copy));
+        access_.Copy({FakeClipboardAccess::Text(u"before")});
+        EXPECT_TRUE(clipboard_.PutOnClipboard(0)) << content;
+        EXPECT_EQ(Content(), content + locale_);
+        EXPECT_FALSE(access_.IsOpen());
+    }
+}
+
+TEST_F(ItemClipboardTest, APictureGoesBesideTheContent) {
+    AddPicture();
+    access_.Copy({FakeClipboardAccess::Memory(kClipText, "t")});
+    EXPECT_TRUE(clipboard_.PutOnClipboard(0));
+    EXPECT_EQ(Content(), "1:t 2:object");
+    pictures_.Object.reset();
+    EXPECT_FALSE(clipboard_.PutOnClipboard(0));
+    EXPECT_EQ(desk_.Log.Lines.size(), 1U);
+}
+
+TEST_F(ItemClipboardTest, PlainTextIsThatOfTheItemOrEmpty) {
+    Add(ByteItem(CHF_RTF, "{\\1r}"));
+    AddPicture();
+    EXPECT_TRUE(clipboard_.PutOnClipboardAsPlainText(1));
+    EXPECT_EQ(Content(), std::string("13:r\0\0\0", 7) + locale_);
+    EXPECT_TRUE(clipboard_.PutOnClipboardAsPlainText(0));
+    EXPECT_EQ(Content(), std::string("13:\0\0", 5) + locale_);
+    EXPECT_FALSE(clipboard_.PutOnClipboardAsPlainText(2));
+}
+
+TEST_F(ItemClipboardTest, FailuresAreLogged) {
+    Add(ByteItem(CHF_HTML, "h"));
+    Add(TextItem(u"a"));
+    AddPicture();
+    EXPECT_FALSE(clipboard_.PutOnClipboard(2));
+    EXPECT_FALSE(clipboard_.PutOnClipboard(3));
+    EXPECT_TRUE(desk_.Log.Lines.empty());
+    access_.Copy({FakeClipboardAccess::Memory(kClipText, "t")});
+    access_.FailingOpens = 2;
+    EXPECT_FALSE(clipboard_.PutOnClipboard(0));
+    EXPECT_FALSE(clipboard_.PutOnClipboard(1));
+    EXPECT_EQ(Content(), "1:t");
+    EXPECT_EQ(desk_.Log.Lines.size(), 2U);
+    access_.Refused = {kClipUnicodeText};
+    EXPECT_FALSE(clipboard_.PutOnClipboard(1));
+    EXPECT_EQ(access_.Find(kClipLocale), nullptr);
+    access_.Refused = {kClipLocale};
+    EXPECT_TRUE(clipboard_.PutOnClipboard(1));
+    EXPECT_EQ(desk_.Log.Lines.size(), 4U);
+}
+
+TEST(ItemExport, BytesOfTheUsersFileHaveNoTerminatorForTextAndAllBytesForTheRest) {
+    const std::pair<std::unique_ptr<CCHItem>, std::string> cases[] = {
+        {TextItem(u"A"), std::string("\xFF\xFE\x41\0", 4)},
+        {ByteItem(CHF_ANSI_TEXT, "\xE9"), "\xE9"},
+        {ByteItem(CHF_RTF, "{r}"), "{r}"},
+        {ByteItem(CHF_KELPNOTES, "k"), std::string("k\0", 2)},
+        {ByteItem(CHF_HTML, "h"), std::string("h\0", 2)}};
+    for (const auto& [item, bytes] : cases) {
+        const auto file = ExportItem(*item);
+        EXPECT_EQ(BytesOf(file->Head) + BytesOf(file->Body), bytes);
+    }
+    EXPECT_FALSE(ExportItem(CCHItem(CHF_BITMAP, 0, TimeAt(0))));
+}
+
+TEST(ItemExport, ABitmapFileHasItsHeadsColoursAndRows) {
+    struct Case {
+        TallBitmap Picture;
+        std::uint32_t Offset;
+        std::uint32_t Colors;
+        std::uint32_t SizeImage;
+    };
+    const Case cases[] = {{{3, 2, 1}, 62, 2, 8},          {{3, 2, 4}, 118, 16, 8},
+                          {{3, 2, 8}, 1078, 256, 8},      {{3, 2, 16}, 262198, 65536, 16},
+                          {{3, 2, 24}, 54, 0, 24},        {{3, -2, 32}, 54, 0, 24},
+                          {{3, 2, 15}, 262198, 65536, 16}};
+    const TempFolder folder;
+    const auto path = folder.Path() / u"picture Д.bmp";
+    for (const Case& one : cases) {
+        ASSERT_TRUE(WriteBitmapFile(path, one.Picture));
+        std::ifstream stream(path, std::ios::binary);
+        const std::string file{std::istreambuf_iterator<char>(stream), {}};
+        ASSERT_EQ(file.size(), one.Offset + one.SizeImage);
+        EXPECT_EQ(file.substr(0, 2), "BM");
+        EXPECT_EQ(Number(file, 2), file.size());
+        EXPECT_EQ(Number(file, 6), 0U);
+        EXPECT_EQ(Number(file, 10), one.Offset);
+        EXPECT_EQ(Number(file, 14), 40U);
+        EXPECT_EQ(Number(file, 18), 3U);
+        EXPECT_EQ(Number(file, 22), 2U);
+        EXPECT_EQ(Number(file, 30), 0U);
+        EXPECT_EQ(Number(file, 34), one.SizeImage);
+        EXPECT_EQ(Number(file, 46), one.Colors);
+        EXPECT_EQ(file.back(), '\xB1');
+        EXPECT_EQ(file[one.Offset - 1], one.Colors > 0 ? '\xC0' : '\0');
+    }
+}
+
+TEST(ItemExport, ABitmapThatHasNoFormInAFileIsRefused) {
+    const TempFolder folder;
+    const TallBitmap cases[] = {
+        {0, 2, 24}, {3, 0, 24}, {-3, 2, 24}, {3, 2, 64}, {0x7FFFFFFF, 0x7FFFFFFF, 32}};
+    for (const TallBitmap& picture : cases) {
+        EXPECT_FALSE(WriteBitmapFile(folder.Path() / "picture.bmp", picture));
+    }
+    EXPECT_FALSE(WriteBitmapFile(folder.Path(), TallBitmap(3, 2, 24)));
+    EXPECT_TRUE(std::filesystem::is_empty(folder.Path()));
+}
+
+}  // namespace
+}  // namespace vbr
