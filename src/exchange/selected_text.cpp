@@ -21,6 +21,7 @@ std::u16string SelectedTextReader::ExtractSelectedText(WindowHandle target) {
     if (!mayCopy_) {
         return {};
     }
+    blockHistory_();
     clipboard_.Empty();
     input_.Send(kCopyKeys);
     // Some windows answer only the key, others only the message.

@@ -2,7 +2,9 @@
 #pragma once
 
 #include <atomic>
+#include <functional>
 #include <string>
+#include <utility>
 
 #include "platform/clipboard.h"
 #include "platform/clock.h"
@@ -14,9 +16,14 @@ namespace vbr {
 // Gets the selected text of a window of another program by making it copy.
 class SelectedTextReader {
   public:
+    // `blockHistory` keeps the copy out of the clipboard history.
     SelectedTextReader(Clipboard& clipboard, InputInjector& input, DesktopWindows& windows,
-                       Clock& clock)
-        : clipboard_(clipboard), input_(input), windows_(windows), clock_(clock) {}
+                       Clock& clock, std::function<void()> blockHistory)
+        : clipboard_(clipboard),
+          input_(input),
+          windows_(windows),
+          clock_(clock),
+          blockHistory_(std::move(blockHistory)) {}
 
     // The selected text, empty when there is none. Blocks for at least 400 ms and leaves the copy
     // on the clipboard.
@@ -30,6 +37,7 @@ class SelectedTextReader {
     InputInjector& input_;
     DesktopWindows& windows_;
     Clock& clock_;
+    std::function<void()> blockHistory_;
     std::atomic<bool> mayCopy_ = true;
 };
 

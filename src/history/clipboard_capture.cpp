@@ -20,9 +20,7 @@ std::size_t TextLength(const ItemBytes& bytes, std::size_t unit) {
     const auto* data = reinterpret_cast<const char*>(bytes.data());
     const std::size_t units = bytes.size() / unit;
     return unit == 1 ? std::min(std::string_view(data, units).find('\0'), units)
-                     : std::min(std::u16string_view(reinterpret_cast<const char16_t*>(data), units)
-                                    .find(u'\0'),
-                                units);
+                     : LengthToZero({reinterpret_cast<const char16_t*>(data), units});
 }
 
 std::uint32_t NumberIn(const std::vector<std::byte>& bytes) {

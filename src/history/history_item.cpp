@@ -48,14 +48,8 @@ std::string_view AllBytes(const ItemBytes& bytes) {
     return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
 }
 
-// The data as 16-bit units up to the first zero unit, with zeros thought behind its end. Without
-// the last unit's high byte when that is zero, so that an odd number of bytes compares as well.
-std::string_view BytesToCompare(const ItemBytes& bytes) {
-    const std::string_view all = AllBytes(bytes);
-    const std::u16string_view units(reinterpret_cast<const char16_t*>(all.data()), all.size() / 2);
-    const std::size_t end = units.find(u'\0');
-    const std::string_view text = end == units.npos ? all : all.substr(0, end * 2);
-    return text.substr(0, text.size() - (text.ends_with('\0') ? 1 : 0));
+std::u16string_view UnitsOf(std::string_view bytes) {
+    return {reinterpret_cast<const char16_t*>(bytes.data()), bytes.size() / sizeof(char16_t)};
 }
 
 bool IsSamePicture(const std::shared_ptr<const Bitmap>& a, const std::shared_ptr<const Bitmap>& b) {
@@ -78,6 +72,25 @@ std::uint64_t HashOf(std::string_view bytes) {
 }
 
 }  // namespace
+
+std::size_t LengthToZero(std::u16string_view text) {
+    // Looked at in blocks, which the compiler turns into a few wide instructions each.
+    constexpr std::size_t kBlock = 64;
+    std::size_t at = 0;
+    for (; at + kBlock <= text.size(); at += kBlock) {
+        unsigned zeros = 0;
+        for (std::size_t i = 0; i < kBlock; ++i) {
+            zeros += text[at + i] == u'\0' ? 1U : 0U;
+        }
+        if (zeros != 0) {
+            break;
+        }
+    }
+    while (at < text.size() && text[at] != u'\0') {
+        ++at;
+    }
+    return at;
+}
 
 ItemBytes TextBytes(std::u16string_view text) {
     return Terminated(text);
@@ -116,7 +129,14 @@ std::uint32_t CCHItem::Size() const {
 
 void CCHItem::SetData(ItemBytes data) {
     data_ = std::make_shared<const ItemBytes>(std::move(data));
-    hash_ = HashOf(BytesToCompare(*data_));
+    const std::string_view all = AllBytes(*data_);
+    wideLength_ = LengthToZero(UnitsOf(all));
+    // An odd number of bytes has a zero thought behind it. Without the last unit's high byte when
+    // that is zero both kinds compare as they are.
+    const std::string_view text =
+        wideLength_ == all.size() / 2 ? all : all.substr(0, wideLength_ * sizeof(char16_t));
+    sameLength_ = text.size() - (text.ends_with('\0') ? 1 : 0);
+    hash_ = HashOf(SameBytes());
 }
 
 void CCHItem::SetPicture(std::shared_ptr<const Bitmap> picture) {
@@ -129,6 +149,7 @@ void CCHItem::SetPicture(std::shared_ptr<const Bitmap> picture) {
 void CCHItem::FreeData() {
     alternatives.clear();
     data_ = NoData();
+    wideLength_ = sameLength_ = 0;
     picture_.reset();
     hash_ = 0;
     locale = 0;
@@ -136,9 +157,11 @@ void CCHItem::FreeData() {
 }
 
 std::u16string_view CCHItem::WideText() const {
-    const std::string_view all = AllBytes(*data_);
-    const std::u16string_view units(reinterpret_cast<const char16_t*>(all.data()), all.size() / 2);
-    return units.substr(0, units.find(u'\0'));
+    return UnitsOf(AllBytes(*data_)).substr(0, wideLength_);
+}
+
+std::string_view CCHItem::SameBytes() const {
+    return AllBytes(*data_).substr(0, sameLength_);
 }
 
 std::string_view CCHItem::ByteText() const {
@@ -188,7 +211,7 @@ bool IsSame(const CCHItem& a, const CCHItem& b) {
         return false;
     }
     return a.format == CHF_BITMAP ? IsSamePicture(a.Picture(), b.Picture())
-                                  : BytesToCompare(a.Data()) == BytesToCompare(b.Data());
+                                  : a.SameBytes() == b.SameBytes();
 }
 
 }  // namespace vbr

@@ -34,6 +34,9 @@ using ItemBytes = std::vector<std::byte>;
 ItemBytes TextBytes(std::u16string_view text);
 ItemBytes TextBytes(std::string_view text);
 
+// Units before the first zero; all of them without one. Fast on long texts.
+std::size_t LengthToZero(std::u16string_view text);
+
 // One record of the clipboard history, or another format of one. What it holds never changes in
 // place: copies share it, on any thread. An item in a queue changes through the queue alone.
 class CCHItem {
@@ -102,10 +105,16 @@ class CCHItem {
   private:
     CCHItem(const CCHItem&) = default;
 
+    friend bool IsSame(const CCHItem& a, const CCHItem& b);
+
+    std::string_view SameBytes() const;
+
     static constexpr std::uint64_t kLiving = 0x4D45'5449'4843'4356;
 
     volatile std::uint64_t mark_ = kLiving;
     std::shared_ptr<const ItemBytes> data_;
+    std::size_t wideLength_ = 0;  // units before the first zero
+    std::size_t sameLength_ = 0;  // bytes that IsSame looks at
     std::shared_ptr<const Bitmap> picture_;
     std::uint64_t hash_ = 0;
 };

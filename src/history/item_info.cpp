@@ -18,6 +18,8 @@ constexpr std::u16string_view kUrl = u"URL";
 constexpr std::u16string_view kTime = u"Time";
 
 constexpr std::size_t kMaxValue = 259;
+// Longer texts are cut, since a file that is too large would not be read back at all.
+constexpr std::size_t kMaxWritten = 32'000;
 // Far more formats than an item has; a damaged file may list thousands.
 constexpr std::size_t kMaxFiles = 16;
 
@@ -28,7 +30,7 @@ std::u16string FileKey(std::size_t number) {
 // The text as one line. Reading takes blanks at the ends and one pair of quotes away, so such a
 // text goes into quotes.
 std::u16string AsValue(std::u16string_view text) {
-    std::u16string value(text);
+    std::u16string value(CutUnits(text, kMaxWritten));
     std::replace_if(
         value.begin(), value.end(),
         [](char16_t unit) { return unit == u'\r' || unit == u'\n' || unit == u'\0'; }, u' ');

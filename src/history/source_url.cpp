@@ -19,9 +19,8 @@ bool IsLetter(char16_t unit) {
     return (unit >= u'a' && unit <= u'z') || (unit >= u'A' && unit <= u'Z');
 }
 
-bool HasDriveAndFolder(std::u16string_view path) {
-    return path.size() > 2 && IsLetter(path[0]) && path[1] == u':' &&
-           path.find_first_of(u"\\/", 2) != path.npos;
+bool HasDrive(std::u16string_view path) {
+    return path.size() > 2 && IsLetter(path[0]) && path[1] == u':';
 }
 
 }  // namespace
@@ -41,14 +40,17 @@ std::u16string TextAsUrl(std::u16string_view text) {
     if (text.size() < kShortest) {
         return {};
     }
-    const std::u16string_view word = UpTo(text, kBlanks);
     for (const std::u16string_view prefix : {u"http://", u"https://"}) {
         if (text.size() > prefix.size() && text.starts_with(prefix)) {
-            return std::u16string(word);
+            return std::u16string(UpTo(text, kBlanks));
         }
     }
-    for (const std::u16string_view path : {UpTo(text, kLineEnds), word}) {
-        if (HasDriveAndFolder(path)) {
+    if (!HasDrive(text)) {
+        return {};
+    }
+    for (const std::u16string_view ends : {kLineEnds, kBlanks}) {
+        const std::u16string_view path = UpTo(text, ends);
+        if (path.find_first_of(u"\\/", 2) != path.npos) {
             return std::u16string(path);
         }
     }

@@ -4,6 +4,7 @@
 #include <atomic>
 #include <functional>
 #include <list>
+#include <mutex>
 #include <system_error>
 #include <thread>
 #include <utility>
@@ -11,7 +12,7 @@
 namespace vbr {
 
 // Short calls on threads of their own. The destructor waits for all of them; what they wait for
-// must be signalled before. Used by one thread.
+// must be signalled before. Any thread may start one.
 class TaskThreads {
   public:
     TaskThreads() = default;
@@ -25,6 +26,7 @@ class TaskThreads {
 
     // False when there is no thread for it.
     bool Start(std::function<void()> call) {
+        const std::lock_guard lock(mutex_);
         JoinEnded();
         Task& task = tasks_.emplace_back();
         try {
@@ -54,6 +56,7 @@ class TaskThreads {
         });
     }
 
+    std::mutex mutex_;
     std::list<Task> tasks_;
 };
 

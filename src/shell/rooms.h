@@ -3,9 +3,12 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
+
+#include "history/history_notices.h"
 
 namespace vbr {
 
@@ -19,11 +22,36 @@ class HistoryRoom {
     virtual bool IsSpyRunning() const = 0;
     virtual bool StartSpy() = 0;
     virtual bool StopSpy() = 0;
+    // When the settings ask for the history: starts the spy, or goes on trying for some minutes.
+    virtual void StartSpyWithRetry() = 0;
+    // Called with the spy's state when it has lost its subscription.
+    virtual void OnSpyStateChanged(std::function<void(bool runs)> call) = 0;
     virtual std::size_t ItemCount() const = 0;
     // The clipboard handler, for code of this process; 0 while there is none.
     virtual std::uintptr_t Handler() const = 0;
-    // A notice of the handler's control.
-    virtual void OnNotify(std::uint32_t code) = 0;
+    // A notice of the handler's control, with its parameter.
+    virtual HistoryReaction OnNotify(std::uint32_t code, std::uint32_t parameter) = 0;
+    virtual void Clear() = 0;
+    // Writes what is not on disk, when the settings say so.
+    virtual void Save() = 0;
+    virtual void OnLanguageChanged() = 0;
+    // Between these two calls changes of the clipboard are the program's own. Pairs may nest.
+    virtual void BeginOwnCopy() = 0;
+    virtual void EndOwnCopy() = 0;
+    // The same for the next three seconds.
+    virtual void BlockForAWhile() = 0;
+};
+
+// Changes of the clipboard are the program's own while this lives.
+class OwnCopyScope {
+  public:
+    explicit OwnCopyScope(HistoryRoom& history) : history_(history) { history_.BeginOwnCopy(); }
+    ~OwnCopyScope() { history_.EndOwnCopy(); }
+    OwnCopyScope(const OwnCopyScope&) = delete;
+    OwnCopyScope& operator=(const OwnCopyScope&) = delete;
+
+  private:
+    HistoryRoom& history_;
 };
 
 // How the pane comes up.

@@ -8,22 +8,12 @@ namespace vbr {
 
 // The rooms of a program that doesn't have them: each request is answered as by something that is
 // off, and the log says so.
-class RoomsOff : public HistoryRoom,
-                 public PaneRoom,
-                 public CompanionRoom,
-                 public UpdateRoom,
-                 public TipRoom {
+class RoomsOff : public PaneRoom, public CompanionRoom, public UpdateRoom, public TipRoom {
   public:
     explicit RoomsOff(Log& log) : log_(log) {}
 
-    Rooms All() { return {*this, *this, *this, *this, *this}; }
-
-    bool IsSpyRunning() const override { return false; }
-    bool StartSpy() override { return Off(u"Clipboard history"); }
-    bool StopSpy() override { return Off(u"Clipboard history"); }
-    std::size_t ItemCount() const override { return 0; }
-    std::uintptr_t Handler() const override { return 0; }
-    void OnNotify(std::uint32_t) override { Off(u"Clipboard history"); }
+    // With the rooms that the program has.
+    Rooms With(HistoryRoom& history) { return {history, *this, *this, *this, *this}; }
 
     bool Exists() const override { return false; }
     void Show(PaneShowMode) override { Off(u"History pane"); }

@@ -133,7 +133,8 @@ TEST_F(HookService, WithoutATargetTheQueryFailsAndNothingIsCopied) {
 TEST_F(HookService, TheTargetCopiesToAnEmptiedClipboardAndGetsTimeForIt) {
     Clock.WhileAsleep = [&] { Calls.push_back("sleep"); };
     Selection.ExtractSelectedText(50);
-    EXPECT_EQ(Calls, (Journal{"empty", "keys", "copy message to 50", "sleep", "read"}));
+    EXPECT_EQ(Calls,
+              (Journal{"block history", "empty", "keys", "copy message to 50", "sleep", "read"}));
     EXPECT_EQ(Clock.Sleeps, std::vector{400U});
     const std::vector<KeyEvent> copyKeys = {{17, 0, 4}, {67, 0, 4}, {67, 0, 6}, {17, 0, 6}};
     EXPECT_EQ(Input.Sent.at(0), copyKeys);

@@ -22,7 +22,8 @@ struct ExchangeDesk {
     FakeDesktopWindows Windows{Calls};
     FakeClipboard Clipboard{Calls};
     RecordingInput Input{&Calls};
-    SelectedTextReader Selection{Clipboard, Input, Windows, Clock};
+    SelectedTextReader Selection{Clipboard, Input, Windows, Clock,
+                                 [this] { Calls.push_back("block history"); }};
     LocalRoad Road{Windows, Selection};
     CVBRDLLService Service{Library, Objects, Windows, Road, u"L:\\lib.dll", Log};
 };

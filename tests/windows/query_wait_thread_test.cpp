@@ -72,7 +72,7 @@ class QueryWait : public testing::Test {
     WinInputInjector input_;
     WinDesktopWindows windows_;
     WinClock clock_;
-    SelectedTextReader selection_{clipboard_, input_, windows_, clock_};
+    SelectedTextReader selection_{clipboard_, input_, windows_, clock_, [] {}};
     HWND window_;
     QueryWaitThread thread_{{window_, kQuery, kError, *stop_, memory_, selection_, log_}};
     std::vector<WPQuery> received_;

@@ -70,9 +70,14 @@ class CVBRWndClipboardHandler : public WindowBase, private ClipboardObserver {
     bool IsEmpty() const { return queue_.GetCount() == 0; }
 
     MyCopyCount& MyCopy() { return myCopy_; }
-    // Takes clipboard changes for the program's own for three seconds.
+    // Takes clipboard changes for the program's own for three seconds. Any thread may call.
     void AsynBlockClipboardHandler();
 
+    void Save() {
+        if (IsKeeping()) {
+            PostMessageW(Handle(), WM_SAVE_HISTORY, 0, 0);
+        }
+    }
     // Saves within two seconds, once for several calls.
     void RequestSave();
     // Tells the parent of a change by a command.

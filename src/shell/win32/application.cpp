@@ -10,6 +10,7 @@
 #include "base/version.h"
 #include "platform/date_forms.h"
 #include "platform/object_names.h"
+#include "platform/win32/event_watcher.h"
 #include "platform/win32/wide.h"
 #include "platform/win32/win_keyboard_layouts.h"
 #include "platform/win32/win_locale.h"
@@ -18,7 +19,7 @@
 #include "settings/system_defaults.h"
 #include "shell/tray_messages.h"
 #include "shell/win32/app_objects.h"
-#include "platform/win32/event_watcher.h"
+#include "shell/win32/history_keeper.h"
 #include "shell/win32/tray_window.h"
 
 namespace vbr {
@@ -141,8 +142,10 @@ int Application::RunResident(const CVBRCmdLine& cmdLine) {
 }
 
 int Application::RunTrayWindow(const CVBRCmdLine& cmdLine) {
+    // Outlives the window, whose end sets the event that its threads wait for.
+    HistoryKeeper history(settings_, locations_.ProgramFolder, *instance_.StopEvent(), log_);
     CVBRTrayWnd tray({settings_, profile_, locations_, access_, strings_, log_, guard_, cmdLine,
-                      *instance_.StopEvent(), ForcedRoad(), rooms_.All()});
+                      *instance_.StopEvent(), ForcedRoad(), rooms_.With(history)});
     return tray.Create() ? RunMessageLoop() : 0;
 }
 

@@ -101,6 +101,20 @@ LRESULT CVBRTrayWnd::OnCommand(WPARAM command, LPARAM) {
                 WinSoundPlayer().PlaySystemSound(kNotificationSound);
             }
             break;
+        case kCmdKeepHistory:
+            ToggleKeeping(false);
+            break;
+        case kCmdRekeepHistory:
+            ToggleKeeping(true);
+            break;
+        case kCmdClearHistory:
+            context_.TrayRooms.History.Clear();
+            break;
+        case kCmdSaveHistoryOnExit:
+            settings.SaveClipboardHistory = !settings.SaveClipboardHistory;
+            settings.Save();
+            context_.TrayRooms.History.Save();
+            break;
         case kCmdHistoryPaneOnStart:
             settings.ShowHistoryPaneOnStart = !settings.ShowHistoryPaneOnStart;
             settings.Save();
@@ -133,10 +147,23 @@ void CVBRTrayWnd::OpenLink(int command) {
     }
 }
 
+// Stops a spy that runs; starts one that doesn't, or any anew.
+void CVBRTrayWnd::ToggleKeeping(bool anew) {
+    const bool ran = IsSpyRunning();
+    if (ran) {
+        StopSpy();
+    }
+    if (!ran || anew) {
+        StartSpy();
+    }
+    UpdateTrayIcon(TrayIconMode::Modify, {}, false);
+    AnnounceKeep(IsSpyRunning());
+}
+
 void CVBRTrayWnd::ToggleService() {
     if (road_->IsServiceInstalled()) {
         road_->StopService();
-    } else if (std::u16string error; !road_->InstallService(error) && !error.empty()) {
+    } else if (std::u16string error; !InstallService(error) && !error.empty()) {
         ShowMessage(u"ERROR\n\n" + error, MB_ICONERROR, false);
     }
     UpdateTrayIcon(TrayIconMode::ModifyWithBalloon, {}, false);

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "base/text.h"
+#include "history/win32/clipboard_handler.h"
 #include "platform/win32/wide.h"
 #include "resources/resource_ids.h"
 #include "shell/choice_block.h"
@@ -55,9 +56,8 @@ LRESULT CVBRTrayWnd::OnEditorEnded(WPARAM, LPARAM) {
     ApplyLanguage();
     UpdateTrayIcon(TrayIconMode::Modify, {}, false);
     RereadPhrases(false);
-    if (context_.Settings.ClipboardHistory && !context_.TrayRooms.History.IsSpyRunning()) {
-        const bool runs = context_.TrayRooms.History.StartSpy();
-        keepObservers_.Announce([runs](KeepObserver& observer) { observer.OnKeepChanged(runs); });
+    if (context_.Settings.ClipboardHistory && !IsSpyRunning()) {
+        AnnounceKeep(StartSpy());
     }
     UpdateTrayIcon(TrayIconMode::Modify, {}, false);
     return 0;
@@ -96,7 +96,7 @@ LRESULT CVBRTrayWnd::OnPaneBlink(WPARAM, LPARAM) {
 }
 
 LRESULT CVBRTrayWnd::OnInstallSpy(WPARAM, LPARAM) {
-    return context_.Settings.ClipboardHistory && context_.TrayRooms.History.StartSpy();
+    return context_.Settings.ClipboardHistory && StartSpy();
 }
 
 LRESULT CVBRTrayWnd::OnGetQueue(WPARAM, LPARAM) {
@@ -109,6 +109,7 @@ LRESULT CVBRTrayWnd::OnAllowWaitAgent(WPARAM, LPARAM) {
 
 LRESULT CVBRTrayWnd::OnLanguageChanged(WPARAM, LPARAM) {
     ApplyLanguage();
+    context_.TrayRooms.History.OnLanguageChanged();
     UpdateTrayIcon(TrayIconMode::Modify, {}, false);
     uiObservers_.Announce(
         [](UiObserver& observer) { observer.OnUiChanged(UiChange::LanguageApplied, 0); });
@@ -136,11 +137,19 @@ LRESULT CVBRTrayWnd::OnAddMessage(LPARAM text) {
 }
 
 LRESULT CVBRTrayWnd::OnNotify(WPARAM control, LPARAM header) {
-    if (control == kHistoryControlId && header != 0) {
-        const auto code = RunSilently(faults_, 0U, [header] {
-            return static_cast<std::uint32_t>(reinterpret_cast<const NMHDR*>(header)->code);
-        });
-        context_.TrayRooms.History.OnNotify(code);
+    if (control != kHistoryControlId || header == 0) {
+        return 0;
+    }
+    const HistoryNotice notice = RunSilently(faults_, HistoryNotice{}, [header] {
+        return *reinterpret_cast<const HistoryNotice*>(header);
+    });
+    const HistoryReaction reaction =
+        context_.TrayRooms.History.OnNotify(notice.Header.code, notice.Parameter);
+    if (reaction.Refresh) {
+        UpdateTrayIcon(TrayIconMode::Modify, {}, false);
+    }
+    if (reaction.PlaySound) {
+        sounds_.PlayEventSound(EventSound::ClipKept);
     }
     return 0;
 }
@@ -170,6 +179,7 @@ void CVBRTrayWnd::StartQuery(bool fromHotkey) {
                         kQueryBalloonMs);
     }
     sounds_.PlayEventSound(EventSound::MenuRequested);
+    const OwnCopyScope ownCopy(context_.TrayRooms.History);
     if (road_->StartQuery(fromHotkey) != QueryStart::Local) {
         HideTrayBalloon();
     }
@@ -192,8 +202,13 @@ LRESULT CVBRTrayWnd::OnCopyData(WPARAM, LPARAM block) {
 
 void CVBRTrayWnd::React(std::int32_t choice, WindowHandle target) {
     context_.TrayLog.Write(u"CVBRTrayWnd::OnWmCommandFromSelf");
+    HistoryRoom& history = context_.TrayRooms.History;
+    const OwnCopyScope ownCopy(history);
+    // Changes are told some time after they are made.
+    history.BlockForAWhile();
     if (choice > 0) {
         road_->Deliver(static_cast<std::uint32_t>(choice), target);
+        history.BlockForAWhile();
         return;
     }
     road_->RestoreClipboardSnapshot();

@@ -124,10 +124,11 @@ LRESULT CVBRTrayWnd::OnCreate(WPARAM, LPARAM) {
                           CAppObjects::Messages(), context_.Texts, context_.Guard, context_.Stop,
                           context_.ForcedRoad},
         Handle());
+    context_.TrayRooms.History.OnSpyStateChanged([this](bool runs) { AnnounceKeep(runs); });
     if (context_.CmdLine.NoInstall()) {
         CAppObjects::Messages().push_back(u"No install on launch. Flag specifided");
     } else {
-        road_->InstallService(startError_);
+        InstallService(startError_);
     }
     icon_.StartInstallThread(Handle(), context_.Stop);
     context_.TrayRooms.Tips.Create(Text(kStrDefaultMenuTip));
@@ -246,6 +247,10 @@ LRESULT CVBRTrayWnd::OnSessionChange(WPARAM reason, LPARAM sessionId) {
     return 0;
 }
 
+void CVBRTrayWnd::AnnounceKeep(bool spyRuns) {
+    keepObservers_.Announce([spyRuns](KeepObserver& observer) { observer.OnKeepChanged(spyRuns); });
+}
+
 void CVBRTrayWnd::AnnounceSessionEvent(std::uint32_t reason) {
     uiObservers_.Announce(
         [reason](UiObserver& observer) { observer.OnUiChanged(UiChange::Session, reason); });
@@ -255,7 +260,7 @@ LRESULT CVBRTrayWnd::OnInstanceSignal(WPARAM code) {
     if (code == kSignalAlreadyWorks) {
         if (!road_->IsServiceInstalled()) {
             std::u16string ignored;
-            road_->InstallService(ignored);
+            InstallService(ignored);
         }
         sounds_.PlayEventSound(EventSound::AlreadyWorks);
         UpdateTrayIcon(TrayIconMode::ModifyWithBalloon, Text(kStrAlreadyWorks), true);
@@ -265,6 +270,12 @@ LRESULT CVBRTrayWnd::OnInstanceSignal(WPARAM code) {
         PostMessageW(Handle(), WM_COMMAND, kCmdExit, 0);
     }
     return 0;
+}
+
+bool CVBRTrayWnd::InstallService(std::u16string& errorText) {
+    const bool installed = road_->InstallService(errorText);
+    context_.TrayRooms.History.StartSpyWithRetry();
+    return installed;
 }
 
 // The texts come in the new language from now on; links follow it.

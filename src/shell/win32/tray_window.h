@@ -14,6 +14,7 @@
 #include "exchange/win32/wts_notify.h"
 #include "platform/profile_store.h"
 #include "platform/strings.h"
+#include "platform/win32/event_watcher.h"
 #include "platform/win32/win_clock.h"
 #include "platform/win32/win_fault_catcher.h"
 #include "platform/win32/win_shell_opener.h"
@@ -25,7 +26,6 @@
 #include "shell/observers.h"
 #include "shell/rooms.h"
 #include "shell/win32/event_sound_thread.h"
-#include "platform/win32/event_watcher.h"
 #include "shell/win32/phrase_road.h"
 #include "shell/win32/tray_icon.h"
 
@@ -74,8 +74,11 @@ class CVBRTrayWnd : public WindowBase, private SessionActions {
     bool StartSpy() override { return context_.TrayRooms.History.StartSpy(); }
     bool StopSpy() override { return context_.TrayRooms.History.StopSpy(); }
     void UpdateIcon() override { UpdateTrayIcon(TrayIconMode::Modify, {}, false); }
+    void AnnounceKeep(bool spyRuns);
     void AnnounceSessionEvent(std::uint32_t reason) override;
     void ApplyLanguage();
+    // The service, and the history beside it.
+    bool InstallService(std::u16string& errorText);
     void Watch(std::u16string_view event, EventReset reset, ObjectAccess access,
                std::function<void()> onSignal);
     void StartWatchers();
@@ -117,6 +120,7 @@ class CVBRTrayWnd : public WindowBase, private SessionActions {
     LRESULT OnMenuSelect(WPARAM item, LPARAM menu);
     LRESULT OnCommand(WPARAM command, LPARAM);
     void OpenLink(int command);
+    void ToggleKeeping(bool anew);
     void ToggleService();
     void RereadPhrases(bool balloon);
     bool UpdateTrayIcon(TrayIconMode mode, std::u16string_view balloonText, bool warning);

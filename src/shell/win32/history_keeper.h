@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "history/history_notices.h"
+#include "history/win32/clipboard_handler.h"
+#include "platform/task_threads.h"
+#include "platform/win32/win_fault_catcher.h"
+#include "settings/settings.h"
+#include "shell/rooms.h"
+
+namespace vbr {
+
+// The clipboard history as the tray window has it. It outlives that window; its end waits for the
+// threads that save. Belongs to the main thread.
+class HistoryKeeper : public HistoryRoom {
+  public:
+    // `programEnd` is set before this object goes.
+    HistoryKeeper(const CVBRSettings& settings, const std::u16string& programFolder,
+                  NamedEvent& programEnd, Log& log);
+
+    bool IsSpyRunning() const override { return handler_.IsKeeping(); }
+    bool StartSpy() override;
+    bool StopSpy() override { return handler_.Destroy(); }
+    void StartSpyWithRetry() override;
+    std::size_t ItemCount() const override { return handler_.GetCount(); }
+    std::uintptr_t Handler() const override;
+    HistoryReaction OnNotify(std::uint32_t code, std::uint32_t parameter) override;
+    void Clear() override;
+    void Save() override { handler_.Save(); }
+    void OnLanguageChanged() override { handler_.Queue().ClearTips(); }
+    void BeginOwnCopy() override { handler_.MyCopy().Add(); }
+    void EndOwnCopy() override { handler_.MyCopy().Subtract(); }
+    void BlockForAWhile() override { handler_.AsynBlockClipboardHandler(); }
+    void OnSpyStateChanged(std::function<void(bool)> call) override {
+        handler_.OnSpyStateChanged(std::move(call));
+    }
+
+  private:
+    const CVBRSettings& settings_;
+    NamedEvent& programEnd_;
+    Log& log_;
+    WinFaultCatcher faults_;
+    HistoryNotices notices_;
+    CVBRWndClipboardHandler handler_;
+    TaskThreads retries_;
+};
+
+}  // namespace vbr
