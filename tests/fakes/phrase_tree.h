@@ -27,6 +27,8 @@ struct PhraseTree {
         record.Cmd = text;
         record.DataType = dataType;
         record.FlagsMenu = flagsMenu;
+        // A use that is still being saved would replace the new file.
+        Saver.Flush();
         Folder.Write(path, CommandToXml(record));
         Tree.LoadTree(Folder.Path());
     }
