@@ -15,9 +15,11 @@ constinit HMODULE g_module = nullptr;
 
 // Runs for every message of every thread that has windows.
 LRESULT CALLBACK OnMessage(int code, WPARAM wParam, LPARAM lParam) {
-    const auto* message = reinterpret_cast<const MSG*>(lParam);
+    auto* message = reinterpret_cast<MSG*>(lParam);
     if (code == HC_ACTION && message->message == g_setup.QueryMessage && wParam == PM_REMOVE) {
         AnswerQuery(*message, g_setup);
+        // It is done: the next in the chain may be the hook of another instance of the program.
+        message->message = WM_NULL;
     }
     return CallNextHookEx(nullptr, code, wParam, lParam);
 }

@@ -14,6 +14,6 @@ namespace vbr::hook {
 void AnswerQuery(const MSG& message, const HookSetup& setup);
 
 inline constexpr DWORD kAnswerMs = 150;
-inline constexpr DWORD kFreshMs = 2000;
+inline constexpr DWORD kFreshMs = 3000;
 
 }  // namespace vbr::hook

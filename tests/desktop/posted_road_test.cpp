@@ -10,6 +10,7 @@
 #include "desktop/driver/program.h"
 #include "desktop/driver/waiting.h"
 #include "desktop/driver/wordpad.h"
+#include "hook/query_answer.h"
 #include "platform/win32/handle.h"
 #include "windows/target_thread.h"
 
@@ -109,7 +110,7 @@ TEST_F(PostedRoad, AHungTargetCostsItsOwnMenuOnly) {
     EXPECT_TRUE(WaitUntil([&] { return IsInLog(u"Sending message by PostMessage bRet=1"); }));
     EXPECT_TRUE(WaitUntilReady());
     // It comes round when nobody waits for its menu any more.
-    Sleep(2500);
+    Sleep(hook::kFreshMs + 500);
     SetEvent(g_hang);
     SendMessageW(target.Window(), WM_NULL, 0, 0);
     ASSERT_TRUE(WaitUntil([&] { return notepad.BringToFront(); }));

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/win32/windows.h"
 
+#include <atomic>
 #include <gtest/gtest.h>
 #include <oleacc.h>
 #include <richedit.h>
@@ -218,6 +219,21 @@ TEST_F(HookAnswerTest, AMessageThatWaitedInAHungProgramIsNotAnsweredAnyMore) {
     SendMessageW(target.Window(), WM_NULL, 0, 0);
     PostMessageW(target.Window(), WM_USER, 0, 0);
     EXPECT_FALSE(desk_.WaitForAnswer(0));
+}
+
+std::atomic<bool> g_sawRegistered;
+
+LRESULT CALLBACK NoteRegistered(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    g_sawRegistered = g_sawRegistered || message >= 0xC000;
+    return TargetThread::CallOriginal(window, message, wParam, lParam);
+}
+
+TEST_F(HookAnswerTest, AnAnsweredMessageGoesToNobodyElse) {
+    const TargetThread target(L"Button", 0, NoteRegistered);
+    g_sawRegistered = false;
+    ASSERT_TRUE(desk_.Ask(target.Window()));
+    SendMessageW(target.Window(), WM_NULL, 0, 0);
+    EXPECT_FALSE(g_sawRegistered);
 }
 
 TEST_F(HookAnswerTest, AnAnswerThatNobodyHasReadYetIsNotWrittenOver) {
