@@ -42,7 +42,7 @@ struct Road {
     WinInputInjector Input;
     WinClipboardAccess Access;
     CClipboardSnapshot Snapshot{Access, RoadLog};
-    SelectedTextReader Selection{Clipboard, Input, Windows, Clock};
+    SelectedTextReader Selection{Clipboard, Input, Windows, Clock, [] {}};
     LocalRoad Local{Windows, Selection};
     HookModule Library;
     CVBRDLLService Hooks{Library, Objects, Windows, Local, u"", RoadLog};

@@ -103,7 +103,7 @@ class Road {
     WinClipboard clipboard_;
     WinInputInjector input_;
     WinClock clock_;
-    SelectedTextReader selection_{clipboard_, input_, windows_, clock_};
+    SelectedTextReader selection_{clipboard_, input_, windows_, clock_, [] {}};
     PostedRoad road_{windows_, selection_, message_, log_};
     HookModule library_{LibraryPath()};
     CVBRDLLService hooks_{library_, objects_, windows_, road_, u"", log_};
