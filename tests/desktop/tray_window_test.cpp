@@ -196,9 +196,9 @@ TEST_F(TrayWindowTest, ExitLeavesNoEventAreaOrFile) {
         files.push_back(entry.path().filename().wstring());
     }
     std::sort(files.begin(), files.end());
-    EXPECT_EQ(files,
-              (std::vector<std::wstring>{L"Only.vellumbridge", L"Settings.ini", L"UserPhrases",
-                                         L"Vellumbridge.dll", L"Vellumbridge.exe"}));
+    EXPECT_EQ(files, (std::vector<std::wstring>{L"ClipboardHistory", L"Only.vellumbridge",
+                                                L"Settings.ini", L"UserPhrases",
+                                                L"Vellumbridge.dll", L"Vellumbridge.exe"}));
 }
 
 TEST_F(TrayWindowTest, LogIsUtf16WithOneMarkAndWholeLines) {
