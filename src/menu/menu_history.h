@@ -31,20 +31,4 @@ class MenuHistory {
     virtual void SetLocked(bool locked) = 0;
 };
 
-// The history of a program that keeps none.
-class NoMenuHistory : public MenuHistory {
-  public:
-    std::size_t GetCount() const override { return 0; }
-    MenuHistoryKind KindOf(std::size_t) const override { return MenuHistoryKind::Other; }
-    std::u16string MenuCaptionText(std::size_t) const override { return {}; }
-    std::u16string FullText(std::size_t) const override { return {}; }
-    std::u16string SourceUrl(std::size_t) const override { return {}; }
-    std::u16string& MenuCaption(std::size_t) override { return none_; }
-    std::u16string& MenuTip(std::size_t) override { return none_; }
-    void SetLocked(bool) override {}
-
-  private:
-    std::u16string none_;
-};
-
 }  // namespace vbr

@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "history/history_notices.h"
+#include "history/history_queue.h"
 
 namespace vbr {
 
@@ -27,6 +28,8 @@ class HistoryRoom {
     // Called with the spy's state when it has lost its subscription.
     virtual void OnSpyStateChanged(std::function<void(bool runs)> call) = 0;
     virtual std::size_t ItemCount() const = 0;
+    // The items; there from the program's start to its end.
+    virtual CCHQueue& Queue() = 0;
     // The clipboard handler, for code of this process; 0 while there is none.
     virtual std::uintptr_t Handler() const = 0;
     // A notice of the handler's control, with its parameter.

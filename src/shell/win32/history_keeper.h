@@ -23,6 +23,7 @@ class HistoryKeeper : public HistoryRoom {
     bool StopSpy() override { return handler_.Destroy(); }
     void StartSpyWithRetry() override;
     std::size_t ItemCount() const override { return handler_.GetCount(); }
+    CCHQueue& Queue() override { return handler_.Queue(); }
     std::uintptr_t Handler() const override;
     HistoryReaction OnNotify(std::uint32_t code, std::uint32_t parameter) override;
     void Clear() override;

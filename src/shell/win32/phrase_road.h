@@ -18,13 +18,14 @@
 #include "macros/macro_values.h"
 #include "macros/phrase_texts.h"
 #include "macros/rich_macros.h"
-#include "menu/menu_history.h"
 #include "menu/phrase_item.h"
 #include "menu/phrase_menu_handler.h"
+#include "menu/queue_history.h"
 #include "menu/win32/popup_menu.h"
 #include "phrases/command_file.h"
 #include "phrases/command_saver.h"
 #include "phrases/command_tree.h"
+#include "platform/win32/win_ansi_text.h"
 #include "platform/win32/win_clipboard.h"
 #include "platform/win32/win_clipboard_access.h"
 #include "platform/win32/win_clock.h"
@@ -40,6 +41,7 @@
 #include "settings/settings.h"
 #include "shell/file_locations.h"
 #include "shell/hotkey_service.h"
+#include "shell/rooms.h"
 #include "shell/win32/delivery_road.h"
 
 namespace vbr {
@@ -58,6 +60,7 @@ class PhraseRoad {
         GuardedSections& Guard;
         NamedEvent& Stop;
         std::optional<RoadKind> ForcedRoad;
+        HistoryRoom& History;
     };
 
     // `window` gets WM_HOTKEY and the choices of the menu.
@@ -117,6 +120,9 @@ class PhraseRoad {
     RichMacros richMacros_;
     PhraseTexts previews_;
     PhraseItemMaker items_;
+    WinAnsiText ansi_;
+    ItemTexts historyTexts_;
+    QueueHistory history_;
     WinClipboardAccess clipboardAccess_;
     CClipboardSnapshot snapshot_;
     DeliveryRoad delivery_;
@@ -127,7 +133,6 @@ class PhraseRoad {
     CVBRDLLService hooks_;
     WinHotkeyRegistrar hotkeys_;
     HotkeyService service_;
-    NoMenuHistory history_;
     PopupMenuPresenter presenter_;
     IDataNeededHander_MenuSelf builder_;
 };

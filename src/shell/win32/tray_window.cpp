@@ -122,7 +122,7 @@ LRESULT CVBRTrayWnd::OnCreate(WPARAM, LPARAM) {
     road_ = std::make_unique<PhraseRoad>(
         PhraseRoad::Parts{context_.Settings, context_.Locations, context_.Access, context_.TrayLog,
                           CAppObjects::Messages(), context_.Texts, context_.Guard, context_.Stop,
-                          context_.ForcedRoad},
+                          context_.ForcedRoad, context_.TrayRooms.History},
         Handle());
     context_.TrayRooms.History.OnSpyStateChanged([this](bool runs) { AnnounceKeep(runs); });
     if (context_.CmdLine.NoInstall()) {

@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: MIT
+#include "menu/queue_history.h"
+
+#include <gtest/gtest.h>
+
+#include "fakes/fake_ansi_text.h"
+#include "fakes/fake_rich_text_engine.h"
+#include "fakes/history_desk.h"
+#include "menu/history_region.h"
+#include "phrases/command_record.h"
+#include "settings/embedded_strings.h"
+
+namespace vbr {
+namespace {
+
+class QueueHistoryTest : public testing::Test {
+  protected:
+    FakeAnsiText ansi_;
+    FakeRichTextEngine engine_;
+    MemoryLog log_;
+    ItemTexts texts_{ansi_, engine_, log_};
+    HistoryDesk desk_;
+    CCHQueue& queue_ = desk_.Queue;
+    QueueHistory history_{queue_, texts_};
+};
+
+TEST_F(QueueHistoryTest, ItemsStandInTheMenuTheNewestFirstAndAreDeliveredByTheirPlace) {
+    queue_.Add(TextItem(u"older\r\nsecond line"), kNoItemLimit);
+    queue_.Add(ByteItem(CHF_RTF, "{\\rtf1 rich}"), kNoItemLimit);
+    queue_.Add(ByteItem(CHF_KELPNOTES, "notes"), kNoItemLimit);
+    PhraseMenu menu;
+    const EmbeddedStrings strings;
+    AddHistoryRegion(history_, {.WithTips = true}, strings, menu);
+    ASSERT_EQ(menu.size(), 3U);
+    EXPECT_EQ(menu[2].Info.Label, u"older…");
+    EXPECT_NE(menu[2].Info.Tip.find(u"second line"), std::u16string::npos);
+    EXPECT_EQ(menu[1].Info.DataType, kDataTypeRtf);
+    EXPECT_EQ(history_.AsPhrase(0), std::nullopt);
+    EXPECT_EQ(history_.AsPhrase(1)->DataType, kDataTypeRtf);
+    EXPECT_EQ(history_.AsPhrase(1)->Text, u"{\\rtf1 rich}");
+    EXPECT_EQ(history_.AsPhrase(2)->Text, u"older\r\nsecond line");
+    EXPECT_EQ(history_.AsPhrase(3), std::nullopt);
+}
+
+TEST_F(QueueHistoryTest, WhileTheMenuIsOpenNoItemIsAdded) {
+    history_.SetLocked(true);
+    EXPECT_FALSE(queue_.Add(TextItem(u"new"), kNoItemLimit));
+    history_.SetLocked(false);
+    EXPECT_TRUE(queue_.Add(TextItem(u"new"), kNoItemLimit));
+    EXPECT_EQ(history_.GetCount(), 1U);
+}
+
+TEST_F(QueueHistoryTest, APlaceWithoutAnItemIsEmpty) {
+    EXPECT_EQ(history_.MenuCaptionText(0), u"");
+    EXPECT_EQ(history_.FullText(0), u"");
+    EXPECT_EQ(history_.SourceUrl(0), u"");
+    EXPECT_EQ(history_.MenuTip(0), u"");
+    EXPECT_EQ(history_.KindOf(0), MenuHistoryKind::Other);
+}
+
+}  // namespace
+}  // namespace vbr
