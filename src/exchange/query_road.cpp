@@ -38,8 +38,17 @@ QueryStart LocalRoad::Start(WindowHandle target, std::uintptr_t, WPQuery& query)
     return QueryStart::Local;
 }
 
+// People stay in one program for many queries.
+bool PostedRoad::CanEnter(std::uint32_t process) {
+    if (process != lastProcess_) {
+        canEnterLast_ = windows_.HasOwnBitness(process);
+        lastProcess_ = process;
+    }
+    return canEnterLast_;
+}
+
 QueryStart PostedRoad::Start(WindowHandle target, std::uintptr_t wParam, WPQuery& query) {
-    if (!windows_.HasOwnBitness(windows_.ThreadOf(target).Process)) {
+    if (!CanEnter(windows_.ThreadOf(target).Process)) {
         log_.Write(u"The hook library cannot enter a program of that bitness");
         return local_.Start(target, wParam, query);
     }

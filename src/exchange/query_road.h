@@ -62,8 +62,12 @@ class PostedRoad : public QueryRoad {
     QueryStart Start(WindowHandle target, std::uintptr_t wParam, WPQuery& query) override;
 
   private:
+    bool CanEnter(std::uint32_t process);
+
     DesktopWindows& windows_;
     LocalRoad local_;
+    std::uint32_t lastProcess_ = 0;
+    bool canEnterLast_ = true;
     std::uint32_t queryMessage_;
     Log& log_;
 };

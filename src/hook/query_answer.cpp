@@ -76,8 +76,11 @@ class Answer {
         SelectedRange selection;
         QueryFacts whole = facts_;
         if (asked_) {
-            StartGuard();
-            selection = ReadSelection(asked_, KindOf(asked_));
+            const ControlKind kind = KindOf(asked_);
+            if (!HasPoint() || (kind != ControlKind::Other && !IsAnsweredBySystem(asked_))) {
+                StartGuard();
+            }
+            selection = ReadSelection(asked_, kind);
             whole.SelText = selection.Text;
             whole.StateSelText = selection.State;
             if (!HasPoint()) {

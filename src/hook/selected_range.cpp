@@ -98,6 +98,25 @@ ControlKind KindOf(HWND control) {
     return edit ? ControlKind::Edit : ControlKind::Other;
 }
 
+bool IsAnsweredBySystem(HWND control) {
+    constexpr const wchar_t* kSystemLibraries[] = {L"user32.dll", L"comctl32.dll", L"riched20.dll",
+                                                   L"msftedit.dll"};
+    const LONG_PTR procedure = GetWindowLongPtrW(control, GWLP_WNDPROC);
+    if (procedure != static_cast<LONG_PTR>(GetClassLongPtrW(control, GCLP_WNDPROC))) {
+        return false;
+    }
+    HMODULE module = nullptr;
+    GetModuleHandleExW(
+        GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
+        reinterpret_cast<const wchar_t*>(procedure), &module);
+    for (const wchar_t* library : kSystemLibraries) {
+        if (module && module == GetModuleHandleW(library)) {
+            return true;
+        }
+    }
+    return false;
+}
+
 SelectedRange ReadSelection(HWND control, ControlKind kind) {
     if (kind == ControlKind::Other) {
         return Unknown();

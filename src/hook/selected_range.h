@@ -22,6 +22,9 @@ struct SelectedRange {
 enum class ControlKind { Other, Edit, RichEdit };
 ControlKind KindOf(HWND control);
 
+// Whether the system's own code answers for the control, which never takes long.
+bool IsAnsweredBySystem(HWND control);
+
 // Asks a control of the calling thread, whose window procedure runs within. A password is never
 // taken: it counts as nothing selected, so that nobody tries to copy it either.
 SelectedRange ReadSelection(HWND control, ControlKind kind);

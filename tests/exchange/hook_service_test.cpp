@@ -109,8 +109,9 @@ TEST_F(HookService, OnThePostedRoadTheTargetGetsTheMessageAndTheQueryStaysEmpty)
     EXPECT_EQ(service.SendMessageToTargetWindow(0, query_), QueryStart::Failed);
     // The library can't be in there to answer.
     Windows.OwnBitness = false;
+    Library.Target = 60;
     EXPECT_EQ(service.SendMessageToTargetWindow(0, query_), QueryStart::Local);
-    EXPECT_EQ(query_.TargetWindow, 50U);
+    EXPECT_EQ(query_.TargetWindow, 60U);
 }
 
 TEST(QueryRoad, TheSystemChoosesUnlessOneIsForced) {

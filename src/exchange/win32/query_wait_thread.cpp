@@ -40,6 +40,7 @@ bool QueryWaitThread::Start(NamedEvent& dataNeeded, NamedEvent& dataCompleted) {
     Stop();
     dataNeeded_ = &dataNeeded;
     dataCompleted_ = &dataCompleted;
+    ending_ = false;
     end_.Reset();
     ended_.Reset();
     try {
@@ -63,6 +64,7 @@ void QueryWaitThread::Stop() {
     end_.Set();
     {
         const std::lock_guard guard(mutex_);
+        ending_ = true;
         pending_.reset();
     }
     WaitAndAnswer(ended_.Get());
@@ -97,7 +99,7 @@ bool QueryWaitThread::IsDataNeededQuiet() {
 bool QueryWaitThread::Deliver(const std::shared_ptr<QueryExchange>& exchange) {
     {
         const std::lock_guard guard(mutex_);
-        if (end_.Wait(0) == WaitResult::Signalled) {
+        if (ending_) {
             return false;
         }
         pending_ = exchange;

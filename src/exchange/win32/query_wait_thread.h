@@ -52,8 +52,9 @@ class QueryWaitThread : public QueryWaiter, private QuerySignals, private QueryR
     NamedEvent* dataNeeded_ = nullptr;
     NamedEvent* dataCompleted_ = nullptr;
     std::thread thread_;
-    std::mutex mutex_;
+    std::mutex mutex_;  // of the two below
     std::shared_ptr<QueryExchange> pending_;
+    bool ending_ = false;
 };
 
 }  // namespace vbr
