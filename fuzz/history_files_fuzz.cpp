@@ -1,0 +1,206 @@
+// SPDX-License-Identifier: MIT
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <filesystem>
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/text.h"
+#include "fakes/fake_ansi_text.h"
+#include "fakes/fake_locale.h"
+#include "fakes/fake_rich_text_engine.h"
+#include "history/history_folder.h"
+#include "history/item_edits.h"
+#include "history/item_export.h"
+#include "history/item_text.h"
+
+namespace {
+
+using Path = std::filesystem::path;
+
+constexpr std::string_view kSeparator = "\n----\n";
+const Path kFolder = "/history";
+const Path kInfo = kFolder / "vellumbridge_cb1.info";
+
+void Require(bool condition) {
+    if (!condition) {
+        std::abort();
+    }
+}
+
+class NoLog : public vbr::Log {
+  public:
+    void Write(std::u16string_view) override {}
+    void WriteBare(std::u16string_view) override {}
+    void SetLogSection(std::u16string_view) override {}
+};
+
+// One folder in memory. A file that isn't there holds `Default`.
+struct Disk {
+    std::map<Path, std::string> Files;
+    std::string Default;
+
+    std::string& At(const Path& path) {
+        Require(path.parent_path() == kFolder && !path.filename().empty());
+        return Files.try_emplace(path, Default).first->second;
+    }
+};
+
+class DiskStore : public vbr::FileStore {
+  public:
+    explicit DiskStore(Disk& disk) : disk_(disk) {}
+    std::optional<std::string> Read(const Path& path) override { return disk_.At(path); }
+    std::optional<vbr::SystemError> Replace(const Path& path, std::string_view bytes) override {
+        disk_.At(path) = bytes;
+        return std::nullopt;
+    }
+    vbr::PathKind KindOf(const Path&) override { return vbr::PathKind::Folder; }
+    std::optional<vbr::SystemError> List(const Path&,
+                                         std::vector<vbr::FolderEntry>& entries) override {
+        for (const auto& [path, bytes] : disk_.Files) {
+            entries.push_back({path.filename().u16string(), vbr::PathKind::File});
+        }
+        return std::nullopt;
+    }
+    std::u16string FolderIdentity(const Path&) override { return {}; }
+
+  private:
+    Disk& disk_;
+};
+
+class DiskFiles : public vbr::StampedFiles {
+  public:
+    explicit DiskFiles(Disk& disk) : disk_(disk) {}
+    std::optional<vbr::SystemError> CreateNew(const Path& path,
+                                              std::span<const std::span<const std::byte>> pieces,
+                                              const vbr::FileStamp&) override {
+        std::string& bytes = disk_.At(path);
+        bytes.clear();
+        for (const auto piece : pieces) {
+            bytes.append(reinterpret_cast<const char*>(piece.data()), piece.size());
+        }
+        return std::nullopt;
+    }
+    std::optional<vbr::SystemError> SetStamp(const Path&, const vbr::FileStamp&) override {
+        return std::nullopt;
+    }
+    std::optional<Content> Read(const Path& path) override {
+        Content content;
+        for (const char byte : disk_.At(path)) {
+            content.Bytes.push_back(static_cast<std::byte>(byte));
+        }
+        return content;
+    }
+    std::optional<vbr::SystemError> Delete(const Path& path) override {
+        disk_.Files.erase(path);
+        return std::nullopt;
+    }
+
+  private:
+    Disk& disk_;
+};
+
+// The history folder over a disk, and what it gives at a start of the program.
+struct History {
+    explicit History(Disk& disk) : Store(disk), Stamped(disk) { Folder.Load(Queue); }
+
+    DiskStore Store;
+    DiskFiles Stamped;
+    NoLog Log;
+    vbr::HistoryFolder Folder{kFolder, Store, Stamped, Log};
+    vbr::CCHQueue Queue{Folder};
+};
+
+// A text as a description holds it, where a line end or a zero has no place.
+std::u16string OneLine(std::u16string text) {
+    for (char16_t& unit : text) {
+        unit = unit == u'\r' || unit == u'\n' || unit == u'\0' ? u' ' : unit;
+    }
+    return text;
+}
+
+// Whether all names are valid UTF-16. Others can't become paths and are not tried here.
+bool AreNames(const std::vector<std::u16string>& names) {
+    return std::ranges::all_of(names, [](const std::u16string& name) {
+        return vbr::Utf8ToUtf16(vbr::Utf16ToUtf8(name)) == name;
+    });
+}
+
+// What was read of an item's description survives being written.
+void TryInfo(std::string_view bytes) {
+    const vbr::ItemInfo info = vbr::ReadItemInfo(bytes);
+    const vbr::ItemInfo back = vbr::ReadItemInfo(vbr::WriteItemInfo(info));
+    Require(back.Protected == info.Protected && back.WndName == OneLine(info.WndName) &&
+            back.ExeName == OneLine(info.ExeName) && back.Url == OneLine(info.Url) &&
+            back.Time == info.Time && back.Files.size() == info.Files.size());
+    for (std::size_t i = 0; i < info.Files.size(); ++i) {
+        Require(back.Files[i] == OneLine(info.Files[i]));
+    }
+    const vbr::ItemInfo other = vbr::ReadItemInfo(vbr::WithProtection(bytes, !info.Protected));
+    Require(other.Protected != info.Protected && other.Files == info.Files &&
+            other.Time == info.Time);
+}
+
+// What was loaded comes back the same after a save into another folder.
+void TrySave(const vbr::CCHItem& loaded) {
+    Disk disk;
+    vbr::ItemList items;
+    items.push_back(loaded.Copy());
+    items.front()->ForgetStorage();
+    History(disk).Folder.Save(items, [](const vbr::CCHItem&) {});
+    const History restarted(disk);
+    Require(restarted.Queue.GetCount() == 1);
+    const vbr::CCHItem& back = *restarted.Queue.GetItem(0);
+    Require(back.format == loaded.format && back.Data() == loaded.Data());
+    Require(back.isProtected == loaded.isProtected && back.sourceUrl == OneLine(loaded.sourceUrl));
+    Require(back.alternatives.size() == loaded.alternatives.size());
+}
+
+// Any item has a caption of one line, and an edit leaves nothing for the same edit to do.
+void TryConversions(vbr::CCHQueue& queue) {
+    NoLog log;
+    vbr::FakeAnsiText ansi;
+    vbr::FakeLocale locale;
+    vbr::FakeRichTextEngine engine;
+    vbr::ItemTexts texts(ansi, engine, log);
+    vbr::ItemEdits edits({queue, ansi, locale, engine, log, [] {}});
+    const vbr::CCHItem& item = *queue.GetItem(0);
+    const std::u16string caption = texts.MenuCaptionText(item);
+    Require(caption.size() <= 51 && caption.find_first_of(u"\r\n\t") == caption.npos);
+    Require(vbr::ExportItem(item).has_value());
+    const std::size_t size = item.Size();
+    edits.JoinItem(0);
+    Require(item.format == vbr::CHF_RTF || edits.JoinItem(0) == 0);
+    edits.TrimItem(0);
+    Require(item.format == vbr::CHF_RTF || edits.TrimItem(0) == 0);
+    Require(item.Size() <= size + 2);  // an odd or missing terminator becomes whole
+    edits.ChangeItemCase(vbr::LetterCase::Upper, 0);
+    texts.FullText(item);
+}
+
+}  // namespace
+
+// The description of an item and what all the files hold that it names.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    const std::string_view input(reinterpret_cast<const char*>(data), size);
+    const std::size_t end = input.find(kSeparator);
+    const std::string_view info = input.substr(0, end);
+    TryInfo(info);
+    if (!AreNames(vbr::ReadItemInfo(info).Files)) {
+        return 0;
+    }
+    Disk disk;
+    disk.Files[kInfo] = info;
+    disk.Default = end == input.npos ? std::string_view() : input.substr(end + kSeparator.size());
+    History history(disk);
+    Require(history.Queue.GetCount() <= 1);
+    if (history.Queue.GetCount() == 1) {
+        TrySave(*history.Queue.GetItem(0));
+        TryConversions(history.Queue);
+    }
+    return 0;
+}
