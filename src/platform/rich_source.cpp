@@ -13,6 +13,15 @@ constexpr std::u16string_view kUnicodePrefix = u"{\\urtf";
 constexpr std::string_view kPrefix = "{\\rtf";
 constexpr char16_t kLastAscii = 0x7F;
 
+// No word of a text, nor a number in its format, is that long.
+constexpr std::size_t kPictureDigits = 64;
+
+// Pictures have their digits in lines.
+bool MayBePicture(char c) {
+    return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F') ||
+           c == '\r' || c == '\n';
+}
+
 // Units up to `lastByte` stay bytes; in a source that is Unicode by itself only ASCII does.
 std::string ToBytes(std::u16string_view source, char16_t lastByte) {
     std::string bytes;
@@ -83,6 +92,17 @@ std::size_t RichGroupDepth(std::string_view bytes) {
         ignoredClosers -= std::min<std::size_t>(ignoredClosers, 1);
     }
     return deepest;
+}
+
+std::size_t RichTextSize(std::string_view bytes) {
+    std::size_t size = bytes.size();
+    for (std::size_t begin = 0; begin < bytes.size();) {
+        const auto* const end = std::find_if_not(bytes.begin() + begin, bytes.end(), MayBePicture);
+        const auto run = static_cast<std::size_t>(end - bytes.begin()) - begin;
+        size -= run >= kPictureDigits ? run : 0;
+        begin += run + 1;
+    }
+    return size;
 }
 
 bool IsSafeRich(std::string_view bytes) {

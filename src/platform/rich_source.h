@@ -22,6 +22,12 @@ std::string ToAsciiRich(std::u16string_view source);
 // The deepest nesting of groups in 8-bit Rich Text Format, rather too deep than not deep enough.
 std::size_t RichGroupDepth(std::string_view bytes);
 
+// Bytes of text and format, pictures' digits not counted, that a control lays out in seconds.
+inline constexpr std::size_t kMaxRichText = 6U << 20;
+
+// The bytes that are no picture: all but long runs of hexadecimal digits.
+std::size_t RichTextSize(std::string_view bytes);
+
 // Whether a control may be given these bytes: they begin as the format does and don't nest too
 // deep.
 bool IsSafeRich(std::string_view bytes);

@@ -29,5 +29,15 @@ TEST(RichGroupDepthTest, CountsOnlyBracesThatOpenGroups) {
     }
 }
 
+TEST(RichTextSizeTest, LongRunsOfDigitsAreNoText) {
+    const std::string picture =
+        "{\\pict " + std::string(70, 'a') + "\r\n" + std::string(8, '0') + "}";
+    EXPECT_EQ(RichTextSize(picture), 8U);
+    EXPECT_EQ(RichTextSize(std::string(70, '1')), 0U);
+    EXPECT_EQ(RichTextSize("{" + std::string(63, 'f') + "}x"), 66U);
+    EXPECT_EQ(RichTextSize(std::string(70, 'x')), 70U);
+    EXPECT_EQ(RichTextSize(""), 0U);
+}
+
 }  // namespace
 }  // namespace vbr

@@ -6,6 +6,7 @@
 
 #include "base/text.h"
 #include "fakes/memory_log.h"
+#include "platform/rich_source.h"
 #include "platform/win32/win_locale.h"
 #include "platform/win32/win_rich_text_engine.h"
 
@@ -26,7 +27,7 @@ class RichEdits : public testing::Test {
 
     MemoryLog log_;
     WinLocale locale_;
-    WinRichTextEngine engine_{log_};
+    WinRichTextEngine engine_{log_, std::chrono::hours(1)};
 };
 
 TEST_F(RichEdits, LettersTurnInTheirFontsAndLoseBoldAndColour) {
@@ -92,6 +93,19 @@ TEST_F(RichEdits, ALoadThatTakesTooLongIsGivenUpAndLogged) {
     EXPECT_EQ(impatient.Text(), u"");
     ASSERT_EQ(log_.Lines.size(), 1U);
     EXPECT_THAT(Utf16ToUtf8(log_.Lines[0]), HasSubstr("12 bytes"));
+}
+
+TEST_F(RichEdits, ATextThatIsTooLargeIsRefusedAndAPictureOfThatSizeIsNot) {
+    const std::u16string large(kMaxRichText + 1, u'0');
+    std::u16string text = large;
+    for (std::size_t i = 0; i < text.size(); i += 9) {
+        text[i] = u' ';
+    }
+    EXPECT_FALSE(Load(text));
+    ASSERT_EQ(log_.Lines.size(), 1U);
+    EXPECT_THAT(Utf16ToUtf8(log_.Lines[0]), HasSubstr("too large"));
+    ASSERT_TRUE(Load(Concat(u"a{\\pict\\wmetafile8\\picw9\\pich9 ", large, u"}b")));
+    EXPECT_EQ(engine_.PlainText(), u"ab");
 }
 
 }  // namespace

@@ -32,7 +32,7 @@ class WinRichText : public testing::Test {
     }
 
     MemoryLog log_;
-    WinRichTextEngine engine_{log_};
+    WinRichTextEngine engine_{log_, std::chrono::hours(1)};
 };
 
 TEST_F(WinRichText, PlainTextHasTheCharactersOfEveryKindOfSource) {

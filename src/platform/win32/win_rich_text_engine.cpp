@@ -71,6 +71,10 @@ bool WinRichTextEngine::LoadSource(std::u16string_view source) {
     if (!IsSafeRich(bytes)) {
         return false;
     }
+    if (RichTextSize(bytes) > kMaxRichText) {
+        log_.LogError(Concat(u"Formatted text of ", bytes.size(), u" bytes is too large to load"));
+        return false;
+    }
     Incoming incoming{bytes, std::chrono::steady_clock::now() + patience_};
     EDITSTREAM stream{reinterpret_cast<DWORD_PTR>(&incoming), 0, ReadBytes};
     Send(EM_STREAMIN, SF_RTF, &stream);

@@ -15,7 +15,8 @@ namespace vbr {
 
 // One hidden rich edit control, made on first use. A control that can't be made is logged, and
 // every source fails to load. A control that faults is logged and given up: the document is gone,
-// and the next source gets a new one. A load that takes longer than the patience is given up.
+// and the next source gets a new one. A source that is too large, or takes longer than the patience
+// to load, is logged and refused.
 class WinRichTextEngine : public RichTextEngine {
   public:
     explicit WinRichTextEngine(Log& log,
