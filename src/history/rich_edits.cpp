@@ -20,12 +20,15 @@ bool IsStructure(char16_t unit) {
 // For engines that load letters as they are. A text in the place of a stretch gets the format of
 // the stretch's start, so each stretch has one format.
 bool TurnLetters(RichTextEngine& engine, LetterCase letterCase, const Locale& locale) {
+    const auto turn = [&](std::u16string_view text) {
+        return letterCase == LetterCase::Upper ? locale.Upper(text) : locale.Lower(text);
+    };
     const auto text = engine.Text();
     if (!text) {
-        return false;
+        const std::u16string plain = engine.PlainText();
+        return turn(plain) == plain;
     }
-    const std::u16string turned =
-        letterCase == LetterCase::Upper ? locale.Upper(*text) : locale.Lower(*text);
+    const std::u16string turned = turn(*text);
     if (turned.size() != text->size()) {
         return false;
     }

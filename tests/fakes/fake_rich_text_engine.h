@@ -15,6 +15,7 @@ class FakeRichTextEngine : public RichTextEngine {
   public:
     bool CanSave = true;
     bool CanTurnCase = false;  // while it loads
+    bool ShowsText = true;     // unit by unit
 
     bool LoadSource(std::u16string_view source) override {
         text_.clear();
@@ -61,7 +62,9 @@ class FakeRichTextEngine : public RichTextEngine {
         ReplaceAll(text, u"\r", u"\r\n");
         return text;
     }
-    std::optional<std::u16string> Text() const override { return text_; }
+    std::optional<std::u16string> Text() const override {
+        return ShowsText ? std::optional(text_) : std::nullopt;
+    }
     std::size_t Length() const override { return text_.size(); }
     std::optional<std::size_t> Find(std::u16string_view what, std::size_t from) const override {
         const std::size_t position = text_.find(what, from);

@@ -141,6 +141,10 @@ TEST_F(Edits, RtfIsTurnedWhetherTheEngineTurnsItOrNot) {
         EXPECT_TRUE(desk_.Queue.GetItem(0)->alternatives.empty());
     }
     EXPECT_EQ(Edited('l', "{\\7AbC}"), u"{\\7abc} 1");
+    engine_.ShowsText = false;
+    EXPECT_EQ(Edited('u', "{ab}"), u"{ab} 0");
+    engine_.CanTurnCase = true;
+    EXPECT_EQ(Edited('u', "{ab}"), u"{\\0AB} 1");
 }
 
 TEST_F(Edits, WhatCannotBeEditedStays) {

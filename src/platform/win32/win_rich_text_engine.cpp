@@ -126,7 +126,10 @@ std::optional<std::u16string> WinRichTextEngine::Text() const {
     GETTEXTEX form{static_cast<DWORD>(text.size() * sizeof(char16_t)), GT_DEFAULT, kUtf16, nullptr,
                    nullptr};
     const LRESULT units = Send(EM_GETTEXTEX, reinterpret_cast<WPARAM>(&form), text.data());
-    if (!control_ || units < 0 || static_cast<std::size_t>(units) != length) {
+    // Some versions count the terminator.
+    const bool isWhole = units == static_cast<LRESULT>(length) ||
+                         (units == static_cast<LRESULT>(length) + 1 && text[length] == u'\0');
+    if (!control_ || !isWhole) {
         return std::nullopt;
     }
     text.resize(length);
