@@ -20,12 +20,12 @@ HistoryWorker::~HistoryWorker() {
     Flush();
 }
 
-void HistoryWorker::Save(ItemList items, OnSaved onSaved) {
-    Start({std::move(items), std::move(onSaved), nullptr});
+void HistoryWorker::Save(ItemList items, OnSaved onSaved, OnEnd onEnd) {
+    Start({std::move(items), std::move(onSaved), std::move(onEnd), nullptr});
 }
 
 void HistoryWorker::Load(OnLoaded onLoaded) {
-    Start({{}, nullptr, std::move(onLoaded)});
+    Start({{}, nullptr, nullptr, std::move(onLoaded)});
 }
 
 void HistoryWorker::Flush() {
@@ -56,6 +56,9 @@ void HistoryWorker::RunAll() {
         jobs_.pop_front();
         lock.unlock();
         Run(job);
+        if (job.Ended) {
+            job.Ended();
+        }
         lock.lock();
     }
     busy_ = false;

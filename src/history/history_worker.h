@@ -18,6 +18,7 @@ class HistoryWorker {
     // On the worker's thread.
     using OnSaved = std::function<void(const CCHItem&)>;
     using OnLoaded = std::function<void(CCHQueue&)>;
+    using OnEnd = std::function<void()>;
 
     // Without a guard nobody else is told.
     HistoryWorker(HistoryFolder& folder, std::unique_ptr<NamedEvent> guard)
@@ -28,8 +29,8 @@ class HistoryWorker {
     HistoryWorker(const HistoryWorker&) = delete;
     HistoryWorker& operator=(const HistoryWorker&) = delete;
 
-    // Writes the items and calls for each that was written.
-    void Save(ItemList items, OnSaved onSaved);
+    // Writes the items and calls for each that was written, and at the end.
+    void Save(ItemList items, OnSaved onSaved, OnEnd onEnd);
     // Reads the folder and calls once, when it held anything.
     void Load(OnLoaded onLoaded);
 
@@ -39,6 +40,7 @@ class HistoryWorker {
     struct Job {
         ItemList Items;
         OnSaved Saved;
+        OnEnd Ended;
         OnLoaded Loaded;
     };
 

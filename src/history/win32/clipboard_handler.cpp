@@ -66,6 +66,7 @@ bool CVBRWndClipboardHandler::Create(HWND parent, UINT controlId, bool captureOn
     if (lastError_ == 0) {
         lastError_ = GetLastError();
     }
+    StopWatching();
     parts_.HandlerLog.LogError(Concat(u"Clipboad History, ", u"Error code: ", lastError_, u"\n",
                                       WinErrorText().TextOf(lastError_)));
     return false;
@@ -127,8 +128,15 @@ LRESULT CVBRWndClipboardHandler::OnCreate(WPARAM, LPARAM) {
 
 LRESULT CVBRWndClipboardHandler::OnDestroy(WPARAM, LPARAM) {
     if (savePending_) {
-        SaveNow();
+        // Even while a save is under way: nobody would ask again.
+        const std::lock_guard lock(saveMutex_);
+        StartSave();
     }
+    StopWatching();
+    return 0;
+}
+
+void CVBRWndClipboardHandler::StopWatching() {
     if (stopEvent_) {
         stopEvent_->Set();
     }
@@ -137,7 +145,6 @@ LRESULT CVBRWndClipboardHandler::OnDestroy(WPARAM, LPARAM) {
     stopEvent_.reset();
     capture_.reset();
     clipboard_.reset();
-    return 0;
 }
 
 void CVBRWndClipboardHandler::WatchCopyEvents() {
@@ -249,32 +256,46 @@ LRESULT CVBRWndClipboardHandler::OnSaveHistory(WPARAM, LPARAM) {
 }
 
 void CVBRWndClipboardHandler::SaveNow() {
-    savePending_ = false;
-    if (!parts_.Settings.SaveClipboardHistory) {
-        return;
+    const std::lock_guard lock(saveMutex_);
+    saveAgain_ = saving_;
+    if (!saving_) {
+        StartSave();
     }
+}
+
+void CVBRWndClipboardHandler::StartSave() {
+    savePending_ = false;
     TakeUnsent();
-    ItemList copies = queue_.CopyUnsaved();
+    ItemList copies = parts_.Settings.SaveClipboardHistory ? queue_.CopyUnsaved() : ItemList();
     if (copies.empty()) {
         return;
     }
-    worker_.Save(std::move(copies), [this, window = Handle()](const CCHItem& item) {
-        if (SendFromWorker(window, saved_, &item) != kTaken) {
-            const std::lock_guard lock(unsentMutex_);
-            unsent_.push_back(item.Copy());
-        }
-    });
+    saving_ = true;
+    worker_.Save(
+        std::move(copies),
+        [this, window = Handle()](const CCHItem& item) {
+            if (SendFromWorker(window, saved_, &item) != kTaken) {
+                const std::lock_guard lock(saveMutex_);
+                unsent_.push_back(item.Copy());
+            }
+        },
+        [this, window = Handle()] { OnSaveEnded(window); });
+}
+
+void CVBRWndClipboardHandler::OnSaveEnded(HWND window) {
+    const std::lock_guard lock(saveMutex_);
+    saving_ = false;
+    if (saveAgain_) {
+        saveAgain_ = false;
+        PostMessageW(window, WM_SAVE_HISTORY, 0, 0);
+    }
 }
 
 void CVBRWndClipboardHandler::TakeUnsent() {
-    ItemList saved;
-    {
-        const std::lock_guard lock(unsentMutex_);
-        saved.swap(unsent_);
-    }
-    for (const auto& item : saved) {
+    for (const auto& item : unsent_) {
         queue_.NoteSaved(*item);
     }
+    unsent_.clear();
 }
 
 void CVBRWndClipboardHandler::StartLoad() {

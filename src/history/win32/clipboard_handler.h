@@ -108,10 +108,15 @@ class CVBRWndClipboardHandler : public WindowBase, private ClipboardObserver {
     bool InstallSpy();
     void WatchCopyEvents();
     void Capture(WindowHandle owner, HistoryChange change);
+    // Unless a save is under way, which is followed by another then.
     void SaveNow();
+    void StartSave();  // with the mutex held
+    void OnSaveEnded(HWND window);
+    // Ends what lives with the window.
+    void StopWatching();
     void StartLoad();
     LRESULT SendFromWorker(HWND window, UINT message, const void* sent);
-    // Items that were saved while there was no window to tell.
+    // Items that were saved while there was no window to tell. With the mutex held.
     void TakeUnsent();
     void Notify(std::uint32_t code, HistoryChange change);
     const CCHItem* ItemAt(LPARAM address);
@@ -145,8 +150,10 @@ class CVBRWndClipboardHandler : public WindowBase, private ClipboardObserver {
     std::function<void(bool)> onSpyState_;
     // What a thread of ours is sending; no other address in such a message is believed.
     std::atomic<const void*> sentByWorker_ = nullptr;
-    std::mutex unsentMutex_;
+    std::recursive_mutex saveMutex_;  // guards these three; a save may run in the caller
     ItemList unsent_;
+    bool saving_ = false;
+    bool saveAgain_ = false;
     std::unique_ptr<EventWatcher> startCopy_;
     std::unique_ptr<EventWatcher> endCopy_;
     TaskThreads tasks_;

@@ -17,9 +17,13 @@ bool WindowBase::Create(const WindowCreation& creation) {
     if (!RegisterClassW(&windowClass) && GetLastError() != ERROR_CLASS_ALREADY_EXISTS) {
         return false;
     }
-    return CreateWindowExW(0, creation.ClassName, Wide(std::u16string(creation.Title)),
-                           creation.Style, creation.X, creation.Y, creation.Width, creation.Height,
-                           creation.Parent, nullptr, windowClass.hInstance, this) != nullptr;
+    const HWND made =
+        CreateWindowExW(0, creation.ClassName, Wide(std::u16string(creation.Title)), creation.Style,
+                        creation.X, creation.Y, creation.Width, creation.Height, creation.Parent,
+                        nullptr, windowClass.hInstance, this);
+    // Not every system tells a window that refuses its creation of its end.
+    window_ = made;
+    return made != nullptr;
 }
 
 void WindowBase::Destroy() {
