@@ -2,7 +2,6 @@
 #include "history/item_clipboard.h"
 
 #include <cstring>
-#include <fstream>
 #include <gtest/gtest.h>
 
 #include "fakes/fake_ansi_text.h"
@@ -117,22 +116,13 @@ TEST_F(ItemClipboardTest, APictureGoesBesideTheContent) {
     EXPECT_EQ(desk_.Log.Lines.size(), 1U);
 }
 
-TEST_F(ItemClipboardTest, PlainTextIsThatOfTheItemOrEmpty) {
-    Add(ByteItem(CHF_RTF, "{\\1r}"));
-    AddPicture();
-    EXPECT_TRUE(clipboard_.PutOnClipboardAsPlainText(1));
-    EXPECT_EQ(Content(), std::string("13:r\0\0\0", 7) + locale_);
-    EXPECT_TRUE(clipboard_.PutOnClipboardAsPlainText(0));
-    EXPECT_EQ(Content(), std::string("13:\0\0", 5) + locale_);
-    EXPECT_FALSE(clipboard_.PutOnClipboardAsPlainText(2));
-}
-
 TEST_F(ItemClipboardTest, FailuresAreLogged) {
     Add(ByteItem(CHF_HTML, "h"));
     Add(TextItem(u"a"));
     AddPicture();
     EXPECT_FALSE(clipboard_.PutOnClipboard(2));
     EXPECT_FALSE(clipboard_.PutOnClipboard(3));
+    EXPECT_FALSE(clipboard_.PutOnClipboardAsPlainText(3));
     EXPECT_TRUE(desk_.Log.Lines.empty());
     access_.Copy({FakeClipboardAccess::Memory(kClipText, "t")});
     access_.FailingOpens = 2;
@@ -169,29 +159,20 @@ TEST(ItemExport, ABitmapFileHasItsHeadsColoursAndRows) {
         std::uint32_t Colors;
         std::uint32_t SizeImage;
     };
-    const Case cases[] = {{{3, 2, 1}, 62, 2, 8},          {{3, 2, 4}, 118, 16, 8},
-                          {{3, 2, 8}, 1078, 256, 8},      {{3, 2, 16}, 262198, 65536, 16},
-                          {{3, 2, 24}, 54, 0, 24},        {{3, -2, 32}, 54, 0, 24},
-                          {{3, 2, 15}, 262198, 65536, 16}};
-    const TempFolder folder;
-    const auto path = folder.Path() / u"picture Д.bmp";
+    const Case cases[] = {{{3, 2, 1}, 62, 2, 8},           {{3, 2, 8}, 1078, 256, 8},
+                          {{3, 2, 15}, 262198, 65536, 16}, {{3, 2, 16}, 262198, 65536, 16},
+                          {{3, 2, 24}, 54, 0, 24},         {{3, -2, 32}, 54, 0, 24}};
     for (const Case& one : cases) {
-        ASSERT_TRUE(WriteBitmapFile(path, one.Picture));
-        std::ifstream stream(path, std::ios::binary);
-        const std::string file{std::istreambuf_iterator<char>(stream), {}};
-        ASSERT_EQ(file.size(), one.Offset + one.SizeImage);
-        EXPECT_EQ(file.substr(0, 2), "BM");
-        EXPECT_EQ(Number(file, 2), file.size());
-        EXPECT_EQ(Number(file, 6), 0U);
-        EXPECT_EQ(Number(file, 10), one.Offset);
-        EXPECT_EQ(Number(file, 14), 40U);
-        EXPECT_EQ(Number(file, 18), 3U);
-        EXPECT_EQ(Number(file, 22), 2U);
-        EXPECT_EQ(Number(file, 30), 0U);
-        EXPECT_EQ(Number(file, 34), one.SizeImage);
-        EXPECT_EQ(Number(file, 46), one.Colors);
-        EXPECT_EQ(file.back(), '\xB1');
-        EXPECT_EQ(file[one.Offset - 1], one.Colors > 0 ? '\xC0' : '\0');
+        const auto file = ExportBitmap(one.Picture);
+        ASSERT_TRUE(file && file->Head.size() == one.Offset);
+        EXPECT_EQ(file->Body.size(), one.SizeImage);
+        const std::string head = BytesOf(file->Head);
+        EXPECT_EQ(Number(head, 2), one.Offset + one.SizeImage);
+        EXPECT_EQ(Number(head, 10), one.Offset);
+        EXPECT_EQ(Number(head, 22), 2U);  // rows
+        EXPECT_EQ(Number(head, 34), one.SizeImage);
+        EXPECT_EQ(Number(head, 46), one.Colors);
+        EXPECT_EQ(head.back(), one.Colors > 0 ? '\xC0' : '\0');
     }
 }
 

@@ -49,7 +49,6 @@ TEST_F(RichEdits, LettersTurnInTheirFontsAndLoseBoldAndColour) {
     EXPECT_EQ(engine_.PlainText(), u"one bжldredcé\r\n\tx1😀");
     ASSERT_TRUE(engine_.LoadSource(u"{\\rtf1 As It Is}"));
     EXPECT_EQ(engine_.PlainText(), u"As It Is");
-    EXPECT_FALSE(LoadRichInCase(engine_, u"no source", LetterCase::Upper, locale_));
 }
 
 TEST_F(RichEdits, EndsAreTrimmedAndFormatsStay) {
