@@ -120,7 +120,7 @@ bench_windows() {
 ring_3() {
     local program=$root/build/windows/bin/vellumbridge_desktop_tests.exe
     need_program "$program"
-    run_tests ring-3 1 "$root/scripts/wine-desktop.sh" run --timeout 600 -- \
+    run_tests ring-3 1 "$root/scripts/wine-desktop.sh" run --timeout 900 -- \
         "$root/scripts/with-program.sh" wine "$program"
 }
 

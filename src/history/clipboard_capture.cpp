@@ -12,8 +12,6 @@ namespace vbr {
 namespace {
 
 constexpr std::uint32_t kClipLocale = 16;
-// Reading from an owner that hangs would hold up the program for many seconds.
-constexpr std::uint32_t kOwnerPatienceMs = 1000;
 
 // The position of the text's end, counted in units of that many bytes.
 std::size_t TextLength(const ItemBytes& bytes, std::size_t unit) {
@@ -57,10 +55,6 @@ std::unique_ptr<CCHItem> ClipboardCapture::Capture(WindowHandle owner) {
         }
         if (IsSecret(*clipboard)) {
             log.Write(u"Clipboard not captured: its owner asks to leave it alone");
-            return nullptr;
-        }
-        if (!clipboard->DoesOwnerAnswer(kOwnerPatienceMs)) {
-            log.LogError(u"Clipboard not captured: its owner doesn't answer");
             return nullptr;
         }
         htmlBlock_ = ReadText(*clipboard, html_);

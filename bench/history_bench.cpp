@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: MIT
+#include <benchmark/benchmark.h>
+#include <fstream>
+#include <iterator>
+
+#include "fakes/history_desk.h"
+#include "ratio.h"
+
+namespace vbr::bench {
+namespace {
+
+// Files that a queue never touches here.
+class NoFiles : public ItemFiles {
+  public:
+    bool Delete(const std::filesystem::path&) override { return true; }
+    void StoreProtection(const CCHItem&) override {}
+    void Release(const std::filesystem::path&) override {}
+    std::size_t Clear_Directory_Exclude(const std::vector<std::filesystem::path>&) override {
+        return 0;
+    }
+};
+
+std::u16string Clip(int number) {
+    std::u16string text = Concat(number, u" ");
+    text.resize(100, u'x');
+    return text;
+}
+
+void AddDifferent(int count) {
+    NoFiles files;
+    CCHQueue queue(files);
+    for (int i = 0; i < count; ++i) {
+        queue.Add(TextItem(Clip(i)), kNoItemLimit);
+    }
+    benchmark::DoNotOptimize(queue.GetCount());
+}
+
+// Ten times the clips cost about ten times the time.
+void AddGrowth(benchmark::State& state) {
+    MeasureRatio(
+        state, 12, [] { AddDifferent(10'000); }, [] { AddDifferent(1'000); });
+}
+BENCHMARK(AddGrowth)->Iterations(21)->UseManualTime()->Unit(benchmark::kMillisecond);
+
+// What any load must do: list the folder and read its files.
+void ReadAll(const std::filesystem::path& folder) {
+    for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+        std::ifstream file(entry.path(), std::ios::binary);
+        benchmark::DoNotOptimize(
+            std::string(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()));
+    }
+}
+
+// Loading the history costs little more than reading its files.
+void LoadHistory(benchmark::State& state) {
+    HistoryDesk desk;
+    for (int i = 0; i < 10'000; ++i) {
+        desk.Add(TextItem(Clip(i)));
+    }
+    desk.Save();
+    MeasureRatio(
+        state, 2,
+        [&desk] {
+            CCHQueue queue(desk.Folder);
+            desk.Folder.Load(queue);
+            benchmark::DoNotOptimize(queue.GetCount());
+        },
+        [&desk] { ReadAll(desk.Folder.Path()); });
+}
+BENCHMARK(LoadHistory)->Iterations(7)->UseManualTime()->Unit(benchmark::kMillisecond);
+
+}  // namespace
+}  // namespace vbr::bench

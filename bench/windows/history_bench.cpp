@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: MIT
+#include "platform/win32/windows.h"
+
+#include <benchmark/benchmark.h>
+#include <cstring>
+#include <string>
+
+#include "fakes/memory_log.h"
+#include "fakes/native_profile_store.h"
+#include "fakes/temp_folder.h"
+#include "history/win32/clipboard_handler.h"
+#include "platform/win32/win_fault_catcher.h"
+#include "platform/win32/win_named_objects.h"
+#include "ratio.h"
+
+namespace vbr::bench {
+namespace {
+
+// The clipboard with a text of that many bytes in it, and the parts that read it.
+class CaptureDesk {
+  public:
+    explicit CaptureDesk(std::size_t bytes) : text_(bytes / sizeof(wchar_t), L'x') {
+        HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, (text_.size() + 1) * sizeof(wchar_t));
+        std::memcpy(GlobalLock(memory), text_.c_str(), (text_.size() + 1) * sizeof(wchar_t));
+        GlobalUnlock(memory);
+        OpenClipboard(window_);
+        EmptyClipboard();
+        SetClipboardData(CF_UNICODETEXT, memory);
+        CloseClipboard();
+    }
+    ~CaptureDesk() { DestroyWindow(window_); }
+    CaptureDesk(const CaptureDesk&) = delete;
+    CaptureDesk& operator=(const CaptureDesk&) = delete;
+
+    // What the main thread does about a clipboard change.
+    void Capture() { queue_.Add(capture_.Capture(0), 1); }
+
+    // What a bare program does that takes the text.
+    void CopyOut() {
+        OpenClipboard(window_);
+        HGLOBAL memory = GetClipboardData(CF_UNICODETEXT);
+        const auto* bytes = static_cast<const char*>(GlobalLock(memory));
+        std::vector<char> copy(bytes, bytes + GlobalSize(memory));
+        GlobalUnlock(memory);
+        CloseClipboard();
+        benchmark::DoNotOptimize(copy.data());
+    }
+
+  private:
+    HWND window_ =
+        CreateWindowExW(0, L"STATIC", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
+    std::wstring text_;
+    TempFolder temp_;
+    MemoryLog log_;
+    WinFileStore store_;
+    WinStampedFiles files_;
+    HistoryFolder folder_{temp_.Path(), store_, files_, log_};
+    CCHQueue queue_{folder_};
+    WinClipboardAccess clipboard_{window_};
+    WinProgramWindows windows_;
+    WinClock clock_;
+    MyCopyCount myCopy_{log_};
+    KeptFormats kept_{true, true, true, true, true};
+    WinAnsiText ansi_;
+    WinBitmaps bitmaps_;
+    ClipboardCapture capture_{
+        {clipboard_, windows_, clock_, myCopy_, kept_, ansi_, bitmaps_, log_}};
+};
+
+void MeasureCapture(benchmark::State& state, std::size_t bytes) {
+    CaptureDesk desk(bytes);
+    MeasureRatio(
+        state, 3, [&desk] { desk.Capture(); }, [&desk] { desk.CopyOut(); });
+}
+
+// The main thread is held up little longer than a plain copy takes.
+void CaptureText(benchmark::State& state) {
+    MeasureCapture(state, 1 << 20);
+}
+BENCHMARK(CaptureText)->Iterations(51)->UseManualTime()->Unit(benchmark::kMicrosecond);
+
+void CaptureHugeText(benchmark::State& state) {
+    MeasureCapture(state, 50 << 20);
+}
+BENCHMARK(CaptureHugeText)->Iterations(7)->UseManualTime()->Unit(benchmark::kMillisecond);
+
+}  // namespace
+}  // namespace vbr::bench

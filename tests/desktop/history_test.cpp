@@ -1,0 +1,187 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/driver/history.h"
+
+#include "platform/win32/windows.h"
+
+#include <fstream>
+#include <gtest/gtest.h>
+
+#include "base/text.h"
+#include "desktop/driver/keyboard.h"
+#include "desktop/driver/menus.h"
+#include "desktop/driver/notepad.h"
+#include "desktop/driver/program.h"
+#include "desktop/driver/waiting.h"
+#include "shell/tray_messages.h"
+
+namespace vbr::desktop {
+namespace {
+
+using Texts = std::vector<std::u16string>;
+
+UINT Format(const wchar_t* name) {
+    return RegisterClipboardFormatW(name);
+}
+
+// How many digits the number of items has that the running program holds in memory.
+std::size_t ItemCountDigits() {
+    const std::u16string_view around = u"Vellumbridge - Clipboard History []";
+    const auto length =
+        static_cast<std::size_t>(SendMessageW(TrayWindow(), kMsgGetPaneTitle, 0, 0));
+    return length - around.size();
+}
+
+class History : public testing::Test {
+  protected:
+    // A text is on the clipboard at the start, which becomes the first item.
+    void Start(const std::string& settings = "") {
+        program_.WriteSettings("ShowHistoryPaneOnStart=0\n" + settings);
+        program_.AddPhrase("Only phrase", 1, "phrase");
+        copier_.CopyText(u"start");
+        ASSERT_TRUE(program_.StartResident());
+        ASSERT_TRUE(WaitForNewest({u"start"}));
+    }
+    Texts Newest(std::size_t count) { return NewestTexts(program_.Folder(), count); }
+    bool WaitForNewest(const Texts& texts) {
+        return copier_.WaitUntil([&] { return Newest(texts.size()) == texts; });
+    }
+    // Copies texts until one is taken, as it is some time after the program used the clipboard.
+    std::u16string WaitUntilCaptures() {
+        int number = 0;
+        copier_.WaitUntil([&] {
+            copier_.CopyText(Concat(u"marker ", ++number));
+            Sleep(200);
+            return !Newest(1).empty() && Newest(1)[0].starts_with(u"marker");
+        });
+        return Newest(1).empty() ? u"" : Newest(1)[0];
+    }
+
+    Program program_;
+    Copier copier_;
+};
+
+TEST_F(History, EveryKindOfCopyIsKeptAsItsKind) {
+    using namespace std::string_literals;
+    Start("WriteLog=1");
+    copier_.Copy({{CF_UNICODETEXT, "p\0\0\0"s}, {Format(L"Rich Text Format"), "{\\rtf1 p}\0"s}});
+    ASSERT_TRUE(WaitForNewest({u"{\\rtf1 p}"}));
+    copier_.Copy({{CF_UNICODETEXT, "w\0\0\0"s},
+                  {Format(L"HTML Format"), "Version:0.9\r\nSourceURL:http://h/\r\n<b>w\0"s}});
+    ASSERT_TRUE(WaitForNewest({u"w"}));
+    const StoredItem web = ReadStoredHistory(program_.Folder())[0];
+    EXPECT_EQ(web.Info.Url, u"http://h/");
+    EXPECT_EQ(web.Info.Files.size(), 2U);
+    EXPECT_EQ(web.Info.WndName, u"Copying program");
+    // Neither a private format, nor a bitmap while that is off, nor a secret makes an item.
+    copier_.Copy({{Format(L"Some private format"), "x"s}});
+    copier_.CopyBitmap();
+    copier_.Copy({{CF_UNICODETEXT, "s\0\0\0"s},
+                  {Format(L"ExcludeClipboardContentFromMonitorProcessing"), "1"s}});
+    ASSERT_TRUE(copier_.CopyAndWaitForReader(u"end"));
+    EXPECT_TRUE(WaitForNewest({u"end", u"w", u"{\\rtf1 p}", u"start"}));
+    EXPECT_EQ(ReadStoredHistory(program_.Folder()).size(), 4U);
+    EXPECT_EQ(program_.End(), 0U);
+}
+
+TEST_F(History, ARepeatComesToTheFrontAndStaysProtected) {
+    Start();
+    copier_.CopyText(u"second");
+    ASSERT_TRUE(WaitForNewest({u"second", u"start"}));
+    program_.Resident().Terminate();
+    for (const auto& entry :
+         std::filesystem::directory_iterator(program_.Folder() / L"ClipboardHistory")) {
+        if (entry.path().extension() == L".info") {
+            std::ifstream file(entry.path(), std::ios::binary);
+            std::string bytes(std::istreambuf_iterator<char>(file), {});
+            file.close();
+            std::ofstream(entry.path(), std::ios::binary) << WithProtection(bytes, true);
+        }
+    }
+    ASSERT_TRUE(program_.StartResident());
+    const auto isTakenAgain = [this] {
+        const auto items = ReadStoredHistory(program_.Folder());
+        return items.size() == 4 && items[0].Text == u"start" && items[0].Info.Protected;
+    };
+    ASSERT_TRUE(copier_.WaitUntil([this] { return Newest(2) == Texts{u"second", u"second"}; }));
+    copier_.CopyText(u"start");
+    EXPECT_TRUE(copier_.WaitUntil(isTakenAgain));
+}
+
+TEST_F(History, NothingOfAQueryIsKept) {
+    Start();
+    const Notepad notepad;
+    ASSERT_TRUE(notepad.IsOpen());
+    notepad.SetText(u"selected");
+    notepad.Select(0, 8);
+    ASSERT_TRUE(copier_.WaitUntil([&] { return notepad.BringToFront(); }));
+    PressHotkey();
+    ASSERT_TRUE(WaitForMenu());
+    PressKeys({VK_ESCAPE});
+    ASSERT_TRUE(WaitForNoMenu());
+    ASSERT_NE(WaitUntilCaptures(), u"");
+    // What was copied within three seconds is not kept either.
+    for (const std::u16string& text : Newest(99)) {
+        EXPECT_TRUE(text == u"start" || (text.starts_with(u"marker") && text != u"marker 1"));
+    }
+}
+
+TEST_F(History, KilledWith500ItemsItHasAllOfThemInOrderAtTheNextStart) {
+    Start("ClipboardHistoryMax=500\nClipboardFormats1=0");
+    Texts expected = {u"start"};
+    for (int i = 1; i < 500; ++i) {
+        expected.insert(expected.begin(), Concat(u"text ", i));
+        ASSERT_TRUE(copier_.CopyAndWaitForReader(expected.front())) << i;
+    }
+    ASSERT_TRUE(WaitForNewest(expected));
+    program_.Resident().Terminate();
+    EXPECT_EQ(Newest(600), expected);
+    copier_.Copy({});
+    ASSERT_TRUE(program_.StartResident());
+    ASSERT_TRUE(copier_.WaitUntil([] { return ItemCountDigits() == 3; }));
+    // One more takes the oldest away, and nothing else.
+    ASSERT_TRUE(copier_.CopyAndWaitForReader(u"one more"));
+    expected.insert(expected.begin(), u"one more");
+    expected.pop_back();
+    EXPECT_TRUE(WaitForNewest(expected));
+    EXPECT_TRUE(copier_.WaitUntil([&] { return Newest(600) == expected; }));
+}
+
+TEST_F(History, Of2000CopiesTheLast30AreThereInOrder) {
+    Start();
+    Texts expected;
+    for (int i = 0; i < 2000; ++i) {
+        const std::u16string text = Concat(u"text ", i);
+        ASSERT_TRUE(copier_.CopyAndWaitForReader(text)) << i;
+        if (i >= 1970) {
+            expected.insert(expected.begin(), text);
+        }
+    }
+    EXPECT_TRUE(WaitForNewest(expected));
+}
+
+TEST_F(History, CopiesAtFullSpeedLeaveItResponsiveWithTheLastOne) {
+    Start();
+    for (int i = 0; i < 1000; ++i) {
+        copier_.CopyText(Concat(u"fast ", i));
+    }
+    DWORD_PTR ignored = 0;
+    EXPECT_TRUE(
+        SendMessageTimeoutW(TrayWindow(), WM_NULL, 0, 0, SMTO_NORMAL, kPatienceMs, &ignored));
+    EXPECT_TRUE(WaitForNewest({u"fast 999"}));
+}
+
+TEST_F(History, AFileInThePlaceOfTheFolderLeavesTheRestWorking) {
+    program_.WriteSettings("ShowHistoryPaneOnStart=0\nWriteLog=1");
+    program_.AddPhrase("Only phrase", 1, "phrase");
+    std::ofstream(program_.Folder() / L"ClipboardHistory") << "x";
+    ASSERT_TRUE(program_.StartResident());
+    ASSERT_TRUE(copier_.CopyAndWaitForReader(u"text"));
+    EXPECT_EQ(program_.End(), 0U);
+    std::ifstream file(program_.Folder() / L"LogReport.txt", std::ios::binary);
+    const std::string log(std::istreambuf_iterator<char>(file), {});
+    const std::u16string lines(reinterpret_cast<const char16_t*>(log.data()), log.size() / 2);
+    EXPECT_NE(lines.find(u"No folder for the clipboard history"), lines.npos);
+}
+
+}  // namespace
+}  // namespace vbr::desktop
