@@ -3,6 +3,7 @@
 
 #include "macros/layout_macros.h"
 #include "macros/macro_tokens.h"
+#include "platform/rich_source.h"
 
 namespace vbr {
 
@@ -22,7 +23,9 @@ MacroOutcome RichMacros::ExpandMacrosRich(std::u16string& source, const MacroInp
                 ReplaceToken(token, [&] { return macros_.MacroValue(token, input); });
         }
     }
-    if (const auto cursor = engine_.Find(kMacroCursorPos)) {
+    const auto cursor = engine_.Find(kMacroCursorPos);
+    const bool hasCursor = cursor.has_value();
+    if (hasCursor) {
         ReplaceAt(*cursor, kMacroCursorPos, {});
         outcome.CursorBack = engine_.Length() - *cursor;
         ++outcome.Replaced;
@@ -34,7 +37,13 @@ MacroOutcome RichMacros::ExpandMacrosRich(std::u16string& source, const MacroInp
     if (!expanded) {
         return {};
     }
-    source = *std::move(expanded);
+    // The engine writes a mark for the last paragraph, whether or not the source had it.
+    if (!EndsInParagraph(source)) {
+        source = WithoutLastParagraph(*expanded);
+    } else {
+        source = *std::move(expanded);
+        outcome.CursorBack += hasCursor ? 1 : 0;
+    }
     return outcome;
 }
 

@@ -12,6 +12,19 @@ namespace {
 constexpr std::u16string_view kUnicodePrefix = u"{\\urtf";
 constexpr std::string_view kPrefix = "{\\rtf";
 constexpr char16_t kLastAscii = 0x7F;
+constexpr std::u16string_view kParagraphMark = u"\\par";
+constexpr std::u16string_view kBetweenMarks(u" \r\n\0", 4);
+
+// Where the paragraph mark stands that only the closing brace follows, or npos.
+std::size_t LastParagraphMark(std::u16string_view source) {
+    std::u16string_view rest = TrimRight(source, kBetweenMarks);
+    if (!rest.ends_with(u'}')) {
+        return source.npos;
+    }
+    rest = TrimRight(rest.substr(0, rest.size() - 1), kBetweenMarks);
+    const bool ends = rest.ends_with(kParagraphMark) && !rest.ends_with(u"\\\\par");
+    return ends ? rest.size() - kParagraphMark.size() : source.npos;
+}
 
 // No word of a text, nor a number in its format, is that long.
 constexpr std::size_t kPictureDigits = 64;
@@ -69,6 +82,19 @@ std::string ToRichBytes(std::u16string_view source) {
 
 std::string ToAsciiRich(std::u16string_view source) {
     return ToBytes(source, kLastAscii);
+}
+
+bool EndsInParagraph(std::u16string_view source) {
+    return LastParagraphMark(source) != source.npos;
+}
+
+std::u16string WithoutLastParagraph(std::u16string_view source) {
+    const std::size_t mark = LastParagraphMark(source);
+    std::u16string out(source);
+    if (mark != source.npos) {
+        out.erase(mark, kParagraphMark.size());
+    }
+    return out;
 }
 
 std::size_t RichGroupDepth(std::string_view bytes) {

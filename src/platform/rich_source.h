@@ -19,6 +19,12 @@ std::string ToRichBytes(std::u16string_view source);
 // The same in ASCII alone: units above 127 are Unicode and become escapes, whatever the prefix.
 std::string ToAsciiRich(std::u16string_view source);
 
+// Whether the source ends in the mark of a paragraph, and the source without that mark. A control
+// takes it for its own end of the text when it loads the source, and for one more line when it
+// pastes it.
+bool EndsInParagraph(std::u16string_view source);
+std::u16string WithoutLastParagraph(std::u16string_view source);
+
 // The deepest nesting of groups in 8-bit Rich Text Format, rather too deep than not deep enough.
 std::size_t RichGroupDepth(std::string_view bytes);
 

@@ -20,6 +20,20 @@ TEST(ToRichBytesTest, UnitsBeyondEightBitsBecomeEscapes) {
     }
 }
 
+TEST(LastParagraph, IsTheMarkBeforeTheClosingBrace) {
+    const std::pair<std::u16string_view, std::u16string_view> cases[] = {
+        {u"{\\rtf1 a\\par\r\n}\r\n", u"{\\rtf1 a\r\n}\r\n"},
+        {u"{\\rtf1 a\\par b}", u"{\\rtf1 a\\par b}"},
+        {u"{a\\\\par}", u"{a\\\\par}"},  // a backslash and a word
+        {u"{a\\par\\par}", u"{a\\par}"},
+        {u"", u""},
+    };
+    for (const auto& [source, without] : cases) {
+        EXPECT_EQ(WithoutLastParagraph(source), without) << Utf16ToUtf8(source);
+        EXPECT_EQ(EndsInParagraph(source), source != without) << Utf16ToUtf8(source);
+    }
+}
+
 TEST(RichGroupDepthTest, CountsOnlyBracesThatOpenGroups) {
     const std::pair<std::string_view, std::size_t> cases[] = {
         {"", 0},          {"{a{b}{c}}", 2}, {"}}{{", 2},     {"{\\{\\{\\}", 1},

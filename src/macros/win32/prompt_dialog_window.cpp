@@ -11,6 +11,8 @@ namespace {
 
 constexpr int kTitleMax = 256;
 constexpr WPARAM kMoveByMouse = SC_MOVE | HTCAPTION;
+constexpr WORD kUnassignedKey = 0xE8;
+constexpr DWORD kReadMs = 3000;
 constexpr int kForegroundTries = 50;
 constexpr DWORD kForegroundStepMs = 10;
 
@@ -41,6 +43,27 @@ class InputAttachment {
     bool attached_ = false;
     bool reachable_ = false;
 };
+
+// What was typed before the dialog would go to the dialog if the window had not read it yet. A key
+// that no program knows follows it; the joined key state changes when the window has read that.
+void WaitUntilInputIsRead(HWND window) {
+    const InputAttachment attached(window);
+    if (!attached || GetForegroundWindow() != GetAncestor(window, GA_ROOT)) {
+        return;
+    }
+    const SHORT before = GetKeyState(kUnassignedKey);
+    INPUT inputs[2]{};
+    for (INPUT& input : inputs) {
+        input.type = INPUT_KEYBOARD;
+        input.ki.wVk = kUnassignedKey;
+    }
+    inputs[1].ki.dwFlags = KEYEVENTF_KEYUP;
+    SendInput(2, inputs, sizeof(INPUT));
+    const DWORD start = GetTickCount();
+    while (((GetKeyState(kUnassignedKey) ^ before) & 1) == 0 && GetTickCount() - start < kReadMs) {
+        Sleep(kForegroundStepMs);
+    }
+}
 
 PromptArea ToArea(const RECT& rect) {
     return {rect.left, rect.top, rect.right, rect.bottom};
@@ -84,7 +107,6 @@ void GiveFocusBack(HWND window) {
             SetFocus(window);
         }
     }
-    // Where letting go of the other thread's input has left the foreground elsewhere.
     for (int i = 0; i < kForegroundTries && GetForegroundWindow() != top; ++i) {
         SetForegroundWindow(top);
         Sleep(kForegroundStepMs);
@@ -178,15 +200,24 @@ void CVBRPromptDlg::Place() const {
 }
 
 void CVBRPromptDlg::TakeForeground() const {
-    if (const InputAttachment attached(target_); attached) {
+    {
+        const InputAttachment attached(target_);
+        if (!attached) {
+            return;
+        }
         SetActiveWindow(dialog_);
         SetForegroundWindow(dialog_);
         SetFocus(dialog_);
+    }
+    // Letting go of the other thread's input can leave the foreground with it.
+    if (GetForegroundWindow() != dialog_) {
+        SetForegroundWindow(dialog_);
     }
 }
 
 bool WinPrompter::ShowPromptDialog(WindowHandle window, std::u16string& inOutText) {
     const HWND target = reinterpret_cast<HWND>(window);
+    WaitUntilInputIsRead(target);
     CVBRPromptDlg dialog(target, inOutText, texts_);
     const bool answered = dialog.DoModal();
     inOutText = answered ? dialog.Text() : std::u16string();

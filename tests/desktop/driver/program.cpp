@@ -50,14 +50,15 @@ Program::~Program() {
 }
 
 std::filesystem::path Program::AddPhrase(const std::string& name, int sortId,
-                                         const std::string& xmlCmd) const {
+                                         const std::string& xmlCmd,
+                                         const std::string& dataType) const {
     const std::filesystem::path path = Phrases() / (name + ".vellumbridge");
     std::ofstream(path, std::ios::binary)
         << "<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\" ?>\r\n"
            "<VBRCommand UsageCount=\"0\" DisabledIsNoHasSelection=\"0\" UseTitleOnly=\"0\" "
            "SortID=\""
         << sortId << "\" FlagsMenu=\"0\">\r\n    <MenuName>" << name
-        << "</MenuName>\r\n    <DataType>TEXT</DataType>\r\n    <Cmd>" << xmlCmd
+        << "</MenuName>\r\n    <DataType>" << dataType << "</DataType>\r\n    <Cmd>" << xmlCmd
         << "</Cmd>\r\n    <Hint></Hint>\r\n</VBRCommand>\r\n";
     return path;
 }

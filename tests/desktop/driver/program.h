@@ -27,9 +27,9 @@ class Program {
     const std::filesystem::path& Folder() const { return folder_; }
     std::filesystem::path Phrases() const { return folder_ / L"UserPhrases"; }
 
-    // Writes a plain text phrase; `xmlCmd` is the text as it stands in the file.
-    std::filesystem::path AddPhrase(const std::string& name, int sortId,
-                                    const std::string& xmlCmd) const;
+    // Writes a phrase; `xmlCmd` is the text as it stands in the file.
+    std::filesystem::path AddPhrase(const std::string& name, int sortId, const std::string& xmlCmd,
+                                    const std::string& dataType = "TEXT") const;
     void WriteSettings(const std::string& lines) const;
     // What stands in the log file.
     std::u16string Log() const;
