@@ -37,13 +37,10 @@ MacroOutcome RichMacros::ExpandMacrosRich(std::u16string& source, const MacroInp
     if (!expanded) {
         return {};
     }
-    // The engine writes a mark for the last paragraph, whether or not the source had it.
-    if (!EndsInParagraph(source)) {
-        source = WithoutLastParagraph(*expanded);
-    } else {
-        source = *std::move(expanded);
-        outcome.CursorBack += hasCursor ? 1 : 0;
-    }
+    // The engine writes a mark for the last paragraph, whether or not the source had it, and
+    // doesn't count it as a step of the cursor.
+    const bool keepsMark = EndsInParagraph(source) && !hasCursor;
+    source = keepsMark ? *std::move(expanded) : WithoutLastParagraph(*expanded);
     return outcome;
 }
 
