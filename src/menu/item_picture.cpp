@@ -46,15 +46,19 @@ int NumberWidth(const CMenuItemInfo& info, const TextWidths& widths) {
     return info.History && info.IsPopup() ? widths.WidthOf(kTwoBlanks, font) : 0;
 }
 
-// All that painting takes away from the width of a label.
-int NeededWidth(const CMenuItemInfo& info, bool inRoot, int dpi, const TextWidths& widths) {
+// All that painting takes away from the width of a label, and the label. `plainWidth` is that of
+// label and right text in the plain font.
+int NeededWidth(const CMenuItemInfo& info, bool inRoot, int plainWidth, int dpi,
+                const TextWidths& widths) {
     const MenuFont font = FontOf(info);
     int fixed = kTextIndent;
     fixed += inRoot ? kSideBarRoom : 0;
     fixed += IconOf(info) != MenuIcon::None ? kIconRoom : 0;
     fixed += info.RightText.empty() ? 0 : kRightTextMargin + kTextIndent;
-    return ScaleToDpi(fixed, dpi) + NumberWidth(info, widths) + widths.WidthOf(info.Label, font) +
-           widths.WidthOf(info.RightText, font);
+    const int texts = font == MenuFont()
+                          ? plainWidth
+                          : widths.WidthOf(info.Label, font) + widths.WidthOf(info.RightText, font);
+    return ScaleToDpi(fixed, dpi) + NumberWidth(info, widths) + texts;
 }
 
 class Painter {
@@ -198,9 +202,9 @@ class Painter {
 MenuSize MeasureMenuItem(const CMenuItemInfo& info, bool inRoot, const MenuMetrics& metrics,
                          const TextWidths& widths) {
     const std::u16string text = info.Label + info.RightText;
-    const int textWidth =
-        text.empty() ? ScaleToDpi(kEmptyTextWidth, metrics.Dpi) : widths.WidthOf(text, MenuFont());
-    const int width = textWidth + ScaleToDpi(kTextMargins, metrics.Dpi);
+    const int textWidth = text.empty() ? 0 : widths.WidthOf(text, MenuFont());
+    const int width = (text.empty() ? ScaleToDpi(kEmptyTextWidth, metrics.Dpi) : textWidth) +
+                      ScaleToDpi(kTextMargins, metrics.Dpi);
     const int h = metrics.MenuHeight;
     if (info.IsSeparator() && info.RightText.empty()) {
         return {width, h / 3 != 0 ? h / 3 * 2 : h / 2};
@@ -209,7 +213,7 @@ MenuSize MeasureMenuItem(const CMenuItemInfo& info, bool inRoot, const MenuMetri
         return {width, h + ScaleToDpi(kItemExtraHeight, metrics.Dpi)};
     }
     const int extra = kItemExtraHeight + (info.IsPopup() ? kPopupExtraHeight : 0);
-    return {std::max(width, NeededWidth(info, inRoot, metrics.Dpi, widths)),
+    return {std::max(width, NeededWidth(info, inRoot, textWidth, metrics.Dpi, widths)),
             h + ScaleToDpi(extra, metrics.Dpi)};
 }
 

@@ -69,9 +69,13 @@ std::u16string ShortTipTitle(std::u16string_view title) {
                                        : Concat(CutUnits(title, kTitleLimit), u"…");
 }
 
-std::u16string ShortTipText(std::u16string_view text) {
-    return text.size() <= kTextLimit ? std::u16string(text)
-                                     : Concat(CutUnits(text, kTextLimit), u"…");
+std::u16string TipTextToShow(std::u16string_view text) {
+    std::u16string shown(CutUnits(text, kTextLimit));
+    if (shown.size() < text.size()) {
+        shown += u'…';
+    }
+    ReplaceAll(shown, u"\t", u"        ");
+    return shown;
 }
 
 std::u16string TitleOfMenuString(std::u16string_view text) {

@@ -73,8 +73,9 @@ std::optional<MenuRect> KeepTipOnScreens(const MenuRect& tip, const MenuRect& sc
 // The title as the tip can show it.
 std::u16string ShortTipTitle(std::u16string_view title);
 
-// The text as a tip can show it: no screen is as high as a text beyond that.
-std::u16string ShortTipText(std::u16string_view text);
+// The text as a tip can show it: cut where no screen is high enough, and blanks for tabs, which not
+// every tip spreads.
+std::u16string TipTextToShow(std::u16string_view text);
 
 // The text of a menu item without access key, a shortcut in brackets behind it.
 std::u16string TitleOfMenuString(std::u16string_view text);

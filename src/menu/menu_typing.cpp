@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "menu/menu_typing.h"
 
+#include <algorithm>
+
 #include "base/text.h"
 
 namespace vbr {
@@ -56,6 +58,18 @@ std::optional<std::size_t> MenuTyping::OnChar(const std::vector<const CMenuItemI
         letters_.clear();
     }
     return found;
+}
+
+int KeyStepsTo(const std::vector<const CMenuItemInfo*>& items, std::optional<std::size_t> selected,
+               std::size_t target) {
+    // Without a selection the first press goes to the first item. Separators are passed over.
+    const std::size_t from = selected ? std::min(*selected, target) : 0;
+    const std::size_t to = selected ? std::max(*selected, target) : target + 1;
+    int steps = 0;
+    for (std::size_t i = from; i < to; ++i) {
+        steps += items[i]->IsSeparator() ? 0 : 1;
+    }
+    return selected && *selected > target ? -steps : steps;
 }
 
 }  // namespace vbr

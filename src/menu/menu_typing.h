@@ -32,4 +32,8 @@ class MenuTyping {
     std::uint32_t lastTick_ = 0;
 };
 
+// How often the cursor key moves from the selected item to the target: down when it is above 0.
+int KeyStepsTo(const std::vector<const CMenuItemInfo*>& items, std::optional<std::size_t> selected,
+               std::size_t target);
+
 }  // namespace vbr

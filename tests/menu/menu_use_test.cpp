@@ -78,6 +78,19 @@ TEST_F(Typing, ADigitMovesToTheItemsOfThatNumber) {
     EXPECT_EQ(Type(u"1s"), "1st 1st");
 }
 
+TEST(KeySteps, PassOverSeparators) {
+    std::vector<CMenuItemInfo> infos(5);
+    infos[0].ItemFlags = infos[2].ItemFlags = kItemSeparator;
+    std::vector<const CMenuItemInfo*> items;
+    for (const CMenuItemInfo& info : infos) {
+        items.push_back(&info);
+    }
+    EXPECT_EQ(KeyStepsTo(items, std::nullopt, 3), 2);
+    EXPECT_EQ(KeyStepsTo(items, 1, 4), 2);
+    EXPECT_EQ(KeyStepsTo(items, 4, 1), -2);
+    EXPECT_EQ(KeyStepsTo(items, 3, 3), 0);
+}
+
 TEST(TipDelay, OneTipComesHalfASecondAfterTheUserRests) {
     FakeClock clock;
     clock.Tick = 0xFFFFFF00;  // it wraps meanwhile
@@ -151,7 +164,8 @@ TEST(TipRules, AShownTipIsKeptOnTheScreens) {
 TEST(TipRules, TitlesAndTextsAreCutAndCleaned) {
     EXPECT_EQ(ShortTipTitle(std::u16string(97, u'x')).size(), 97U);
     EXPECT_EQ(ShortTipTitle(std::u16string(98, u'x')), std::u16string(97, u'x') + u"…");
-    EXPECT_LT(ShortTipText(std::u16string(1 << 20, u'x')).size(), 5000U);
+    EXPECT_LT(TipTextToShow(std::u16string(1 << 20, u'x')).size(), 5000U);
+    EXPECT_EQ(TipTextToShow(u"a\tb\n"), u"a        b\n");
     EXPECT_EQ(TitleOfMenuString(u"&Copy\tCtrl+C"), u"Copy\t[Ctrl+C]");
 }
 

@@ -4,39 +4,16 @@
 #include <gtest/gtest.h>
 
 #include "base/text.h"
-#include "fakes/fake_menu_history.h"
-#include "fakes/guard_desk.h"
-#include "fakes/macro_desk.h"
+#include "fakes/menu_desk.h"
 #include "fakes/menu_picture.h"
-#include "fakes/native_profile_store.h"
-#include "fakes/phrase_tree.h"
 #include "menu/extra_commands.h"
 
 namespace vbr {
 namespace {
 
-class FakeMenuPresenter : public MenuPresenter {
-  public:
-    std::uint32_t Choice = 0;
-    std::vector<std::string> Menus;
-    std::optional<ScreenPoint> Place;
-    std::function<void()> WhileShown = [] {};
-
-    std::uint32_t Show(PhraseMenu menu, std::optional<ScreenPoint> at) override {
-        Menus.push_back(Picture(menu));
-        Place = at;
-        WhileShown();
-        return Choice;
-    }
-    bool IsShown() const override { return false; }
-    void ClearFonts() override {}
-};
-
 // The menu of phrases alone, until a test turns on more.
 class PhraseMenuHandler : public testing::Test {
   protected:
-    using Menus = std::vector<std::string>;
-
     PhraseMenuHandler() {
         settings_.ExtMenuCommand = {};
         settings_.AddLastUsedMenuToBegin = false;
@@ -61,42 +38,26 @@ class PhraseMenuHandler : public testing::Test {
         }
     }
 
-    void Ask(const WPQuery& query) {
-        WPAnswer answer;
-        handler_.OnDataNeeded(query, answer);
-    }
-
     std::string MenuFor(const WPQuery& query = {}) {
-        presenter_.Menus.clear();
-        Ask(query);
-        return presenter_.Menus.empty() ? "(none)" : presenter_.Menus[0];
+        desk_.Ask(query);
+        return Picture(presenter_.Shown);
     }
 
     std::uint32_t sortId_ = 0;
-    PhraseTree phrases_;
-    MacroDesk desk_;
-    FakeMenuPresenter presenter_;
-    FakeMenuHistory history_;
-    NativeProfileStore profile_;
-    CVBRSettings settings_{profile_, {}};
-    GuardDesk guard_;
-    std::string notice_;
-    IDataNeededHander_MenuSelf handler_{
-        {phrases_.Tree, desk_.Items, history_, settings_, desk_.Texts, presenter_, phrases_.Clock,
-         guard_.Sections, phrases_.Log,
-         [](WindowHandle window) {
-             return WindowState{window, false, {}};
-         }},
-        [this](std::int32_t choice, WindowHandle target) {
-            notice_ = Utf16ToUtf8(Concat(choice, u" for ", target, u" after ", phrases_.Clock.Tick,
-                                         u" ms", history_.Locked ? u", locked" : u""));
-        }};
+    MenuDesk desk_;
+    PhraseTree& phrases_ = desk_.Phrases;
+    FakeMenuPresenter& presenter_ = desk_.Presenter;
+    FakeMenuHistory& history_ = desk_.History;
+    CVBRSettings& settings_ = desk_.Settings;
+    GuardDesk& guard_ = desk_.Guard;
+    std::string& notice_ = desk_.Notice;
+    IDataNeededHander_MenuSelf& handler_ = desk_.Handler;
 };
 
 TEST_F(PhraseMenuHandler, WithoutPhrasesAndHistoryNoMenuOpens) {
     settings_.ExtMenuCommand = {true, true, true};
-    Ask({.TargetWindow = 7});
-    EXPECT_TRUE(presenter_.Menus.empty());
+    desk_.Ask({.TargetWindow = 7});
+    EXPECT_TRUE(presenter_.Shown.empty());
     EXPECT_EQ(notice_, "-1 for 7 after 0 ms, locked");
     history_.AddTexts(1);
     EXPECT_EQ(MenuFor(),
@@ -111,7 +72,7 @@ TEST_F(PhraseMenuHandler, AChoiceIsToldWithItsTargetWhenThatHadTimeForTheForegro
              {0, "-1"}, {1, "1"}, {2014, "2014"}, {32772, "-2"}, {32826, "-4"}, {32784, "-6"}}) {
         phrases_.Clock.Tick = 0;
         presenter_.Choice = choice;
-        Ask({.TargetWindow = 7});
+        desk_.Ask({.TargetWindow = 7});
         EXPECT_EQ(notice_, expected + (choice == 0 ? " for 7 after 0 ms, locked"
                                                    : " for 7 after 100 ms, locked"));
         EXPECT_FALSE(history_.Locked);
@@ -125,9 +86,9 @@ TEST_F(PhraseMenuHandler, TheMenuDoesNotEndInASeparator) {
 
 TEST_F(PhraseMenuHandler, TheMenuOpensAtTheQuerysPointElseAtTheMouse) {
     phrases_.Add("a.vellumbridge", u"text");
-    Ask({.PointX = -1, .PointY = 5});
+    desk_.Ask({.PointX = -1, .PointY = 5});
     EXPECT_EQ(presenter_.Place, (ScreenPoint{-1, 5}));
-    Ask({});
+    desk_.Ask({});
     EXPECT_EQ(presenter_.Place, std::nullopt);
 }
 

@@ -62,10 +62,12 @@ int GdiTextWidths::WidthOf(std::u16string_view text, MenuFont font) const {
     if (text.empty()) {
         return 0;
     }
-    const HGDIOBJ before = SelectObject(dc_.get(), fonts_.Get(font));
+    if (selected_ != font) {
+        SelectObject(dc_.get(), fonts_.Get(font));
+        selected_ = font;
+    }
     SIZE size{};
     GetTextExtentPoint32W(dc_.get(), Wide(text.data()), static_cast<int>(text.size()), &size);
-    SelectObject(dc_.get(), before);
     return size.cx;
 }
 

@@ -4,6 +4,7 @@
 #include "platform/win32/windows.h"
 
 #include <array>
+#include <optional>
 
 #include "menu/item_picture.h"
 #include "platform/win32/gdi_handle.h"
@@ -33,7 +34,7 @@ class MenuFonts {
     UniqueGdi<HFONT> sideBar_;
 };
 
-// Widths in these fonts, by a device context of its own.
+// Widths in these fonts, by a device context of its own. Ends before the fonts are cleared.
 class GdiTextWidths : public TextWidths {
   public:
     explicit GdiTextWidths(MenuFonts& fonts) : fonts_(fonts), dc_(CreateCompatibleDC(nullptr)) {}
@@ -43,6 +44,7 @@ class GdiTextWidths : public TextWidths {
   private:
     MenuFonts& fonts_;
     UniqueDc dc_;
+    mutable std::optional<MenuFont> selected_;
 };
 
 }  // namespace vbr

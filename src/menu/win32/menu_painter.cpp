@@ -62,6 +62,7 @@ void DrawLine(HDC dc, const std::array<MenuPoint, Count>& points) {
 
 void MenuPainter::Begin(ShownMenu& menu, int dpi) {
     metrics_ = {MenuHeightFor(dpi), dpi};
+    widths_.reset();
     fonts_.SetDpi(dpi);
     colors_ = ChooseMenuColors(ReadSystemColors());
     menu_ = &menu;
@@ -75,8 +76,13 @@ void MenuPainter::End() {
     widths_.reset();
 }
 
-HICON MenuPainter::ProgramIcon() {
-    return icons_.GetResource(kIconProgram, ScaleToDpi(16, metrics_.Dpi));
+void MenuPainter::ClearFonts() {
+    const bool isOpen = widths_.has_value();
+    widths_.reset();
+    fonts_.Clear();
+    if (isOpen) {
+        widths_.emplace(fonts_);
+    }
 }
 
 LRESULT MenuPainter::OnMenuMEASUREITEM(MEASUREITEMSTRUCT& item) {

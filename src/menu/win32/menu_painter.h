@@ -29,9 +29,8 @@ class MenuPainter {
     LRESULT OnMenuDRAWITEMSTRUCT(const DRAWITEMSTRUCT& item);
 
     HFONT PlainFont() { return fonts_.Get(MenuFont()); }
-    HICON ProgramIcon();
     MenuIcons& Icons() { return icons_; }
-    void ClearFonts() { fonts_.Clear(); }
+    void ClearFonts();
 
   private:
     LRESULT Measure(MEASUREITEMSTRUCT& item);

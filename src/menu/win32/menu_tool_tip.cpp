@@ -77,30 +77,43 @@ MenuRect ToMenuRect(const RECT& rect) {
 
 }  // namespace
 
-bool CMenuToolTip::CreateTip(HWND owner, std::u16string_view defaultText, DWORD style,
+void CMenuToolTip::CreateTip(HWND owner, std::u16string_view defaultText, DWORD style,
                              std::u16string_view title) {
-    const INITCOMMONCONTROLSEX controls{sizeof controls, ICC_BAR_CLASSES};
-    InitCommonControlsEx(&controls);
     owner_ = owner;
     defaultText_ = defaultText.empty() ? std::u16string_view(kNoText) : defaultText;
+    style_ = style;
+    firstTitle_ = title;
+}
+
+bool CMenuToolTip::EnsureWindow() {
+    if (tip_) {
+        return true;
+    }
+    const INITCOMMONCONTROLSEX controls{sizeof controls, ICC_BAR_CLASSES};
+    InitCommonControlsEx(&controls);
     tip_.reset(CreateWindowExW(WS_EX_TOPMOST, IsSubclassed() ? TipClass() : TOOLTIPS_CLASSW,
-                               nullptr, style | WS_POPUP, CW_USEDEFAULT, CW_USEDEFAULT,
+                               nullptr, style_ | WS_POPUP, CW_USEDEFAULT, CW_USEDEFAULT,
                                CW_USEDEFAULT, CW_USEDEFAULT, nullptr, nullptr,
                                GetModuleHandleW(nullptr), nullptr));
     if (!tip_) {
         return false;
     }
-    TTTOOLINFOW tool = ToolOf(owner);
+    TTTOOLINFOW tool = ToolOf(owner_);
     tool.lpszText = Wide(defaultText_.data());
     SendMessageW(tip_.get(), TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
     SendMessageW(tip_.get(), TTM_SETMAXTIPWIDTH, 0, kFirstWidth);
-    if (!title.empty()) {
-        SetTipTitle(title, 0, nullptr);
+    if (!firstTitle_.empty()) {
+        SetTipTitle(firstTitle_, 0, nullptr);
     }
+    DressTip();
     return true;
 }
 
 void CMenuToolTip::SetTipTitle(std::u16string_view title, std::uint32_t id, HICON icon) {
+    if (!tip_) {
+        firstTitle_ = title;
+        return;
+    }
     const std::u16string shown = ShortTipTitle(title);
     SendMessageW(tip_.get(), TTM_SETTITLEW,
                  reinterpret_cast<WPARAM>(icon ? icon : GetCommandIcon(id)),
@@ -108,7 +121,7 @@ void CMenuToolTip::SetTipTitle(std::u16string_view title, std::uint32_t id, HICO
 }
 
 bool CMenuToolTip::ActivateTip(bool on) {
-    if (on && IsSuppressed()) {
+    if (!tip_ || (on && IsSuppressed())) {
         return false;
     }
     TTTOOLINFOW tool = ToolOf(owner_);
@@ -122,8 +135,7 @@ void CMenuToolTip::OnMenuSelect(std::uint32_t id, std::uint32_t flags, HMENU men
         return;
     }
     if (!selection.IsCommand()) {
-        delay_.Cancel();
-        HideTip();
+        Cancel();
         return;
     }
     wchar_t text[kMenuStringMax + 1];
@@ -150,7 +162,7 @@ void CMenuToolTip::WaitFor(std::uint32_t milliseconds) {
 void CMenuToolTip::OnTimer() {
     KillTimer(owner_, kTipTimer);
     if (const auto id = delay_.TakeDue()) {
-        if (IsMenu(menu_)) {
+        if (IsMenu(menu_) && EnsureWindow()) {
             ShowTip(*id);
         } else {
             HideTip();
@@ -175,11 +187,16 @@ void CMenuToolTip::HideTip() {
     ActivateTip(false);
 }
 
+void CMenuToolTip::Cancel() {
+    delay_.Cancel();
+    HideTip();
+}
+
 void CMenuToolTip::ShowTip(std::uint32_t id) {
     std::u16string text;
     std::u16string title;
     GetTipText(text, id, menu_, title);
-    std::u16string shown = text.empty() ? defaultText_ : ShortTipText(text);
+    std::u16string shown = text.empty() ? defaultText_ : TipTextToShow(text);
     TTTOOLINFOW tool = ToolOf(owner_);
     tool.lpszText = Wide(shown.data());
     SendMessageW(tip_.get(), TTM_UPDATETIPTEXTW, 0, reinterpret_cast<LPARAM>(&tool));

@@ -45,22 +45,28 @@ class CMenuToolTip {
     virtual void GetTipText(std::u16string& text, std::uint32_t id, HMENU menu,
                             std::u16string& title) = 0;
 
-    // Makes the tip's window. `owner` gets WM_TIMER with kTipTimer and the tip's notices.
-    bool CreateTip(HWND owner, std::u16string_view defaultText, DWORD style,
+    // How the tip's window is made when the first tip is to show: making it takes longer than
+    // opening a menu. `owner` gets WM_TIMER with kTipTimer and the tip's notices.
+    void CreateTip(HWND owner, std::u16string_view defaultText, DWORD style,
                    std::u16string_view title);
-    HWND Window() const { return tip_.get(); }
 
     void OnMenuSelect(std::uint32_t id, std::uint32_t flags, HMENU menu);
     void OnEnterIdle(WPARAM reason, HWND menuWindow);
     void OnTimer();
     void HideTip();
+    // Hides the tip, and none comes before the next selection.
+    void Cancel();
 
     static constexpr UINT_PTR kTipTimer = 1;
 
   protected:
     bool IsBalloon() const;
+    HWND Window() const { return tip_.get(); }
 
   private:
+    // Gives the window that was just made its looks.
+    virtual void DressTip() {}
+    bool EnsureWindow();
     void ShowTip(std::uint32_t id);
     void Place(std::uint32_t id);
     SIZE TipSize() const;
@@ -73,6 +79,8 @@ class CMenuToolTip {
     HWND menuWindow_ = nullptr;
     UniqueTipWindow tip_;
     std::u16string defaultText_;
+    DWORD style_ = 0;
+    std::u16string firstTitle_;
 };
 
 // A tip that stands beside its item, on the monitor that shows the item.

@@ -2,6 +2,7 @@
 #include "menu/win32/menu_tracker.h"
 
 #include <commctrl.h>
+#include <cstdlib>
 
 #include "platform/win32/menu_handle.h"
 
@@ -9,6 +10,20 @@ namespace vbr {
 namespace {
 
 constexpr UINT kBeep = 0xFFFFFFFF;
+constexpr UINT kMsgRightClickSeen = WM_APP + 1;
+constexpr UINT kMsgMoveTo = WM_APP + 2;
+
+// The tracker whose menu is open on this thread.
+CMenuTracker*& OpenTracker() {
+    static CMenuTracker* tracker = nullptr;
+    return tracker;
+}
+
+bool IsKeyOfRightMenu(const MSG& message) {
+    return (message.message == WM_KEYDOWN && message.wParam == VK_APPS) ||
+           (message.message == WM_SYSKEYDOWN && message.wParam == VK_F10 &&
+            GetKeyState(VK_SHIFT) < 0);
+}
 
 // The highlighted item of the menu.
 std::optional<std::size_t> SelectedItem(HMENU menu) {
@@ -24,6 +39,13 @@ std::optional<std::size_t> SelectedItem(HMENU menu) {
 
 }  // namespace
 
+CMenuTracker::~CMenuTracker() {
+    if (OpenTracker() == this) {
+        OpenTracker() = nullptr;
+    }
+    Destroy();
+}
+
 HWND CMenuTracker::Create(bool withTips) {
     WindowCreation creation;
     creation.ClassName = L"Vellumbridge_Menu_Tracker";
@@ -32,10 +54,10 @@ HWND CMenuTracker::Create(bool withTips) {
     if (WindowBase::Create(creation) && withTips) {
         tip_ =
             std::make_unique<CPhraseMenuToolTip>(menu_, parts_.Painter, parts_.Texts, parts_.Clock);
-        if (!tip_->Create(Handle())) {
-            tip_.reset();
-        }
+        tip_->Create(Handle());
     }
+    OpenTracker() = this;
+    inputHook_.reset(SetWindowsHookExW(WH_MSGFILTER, MenuInputHook, nullptr, GetCurrentThreadId()));
     return Handle();
 }
 
@@ -46,6 +68,8 @@ std::optional<LRESULT> CMenuTracker::OnMessage(UINT message, WPARAM wParam, LPAR
         {WM_MENUSELECT, &CMenuTracker::OnMenuSelect},
         {WM_MENUCHAR, &CMenuTracker::OnMenuChar},
         {WM_MENURBUTTONUP, &CMenuTracker::OnMenuRButtonUp},
+        {kMsgMoveTo, &CMenuTracker::OnMoveTo},
+        {kMsgRightClickSeen, &CMenuTracker::OnRightClickSeen},
         {WM_ENTERIDLE, &CMenuTracker::OnEnterIdle},
         {WM_EXITMENULOOP, &CMenuTracker::OnExitMenuLoop},
         {WM_TIMER, &CMenuTracker::OnTimer},
@@ -64,6 +88,7 @@ LRESULT CMenuTracker::OnDrawItem(WPARAM, LPARAM item) {
 }
 
 LRESULT CMenuTracker::OnMenuSelect(WPARAM item, LPARAM menu) {
+    selectedIn_ = reinterpret_cast<HMENU>(menu);
     if (tip_) {
         tip_->OnMenuSelect(LOWORD(item), HIWORD(item), reinterpret_cast<HMENU>(menu));
     }
@@ -82,35 +107,107 @@ LRESULT CMenuTracker::OnMenuChar(WPARAM typed, LPARAM menu) {
     }
     const auto place =
         typing_.OnChar(*items, SelectedItem(handle), static_cast<char16_t>(LOWORD(typed)));
-    return place ? MAKELRESULT(*place, MNC_SELECT) : MAKELRESULT(0, MNC_IGNORE);
+    if (!place) {
+        return MAKELRESULT(0, MNC_IGNORE);
+    }
+    PostMessageW(Handle(), kMsgMoveTo, *place, menu);
+    return MAKELRESULT(*place, MNC_SELECT);
+}
+
+// Not every system moves to the item that it was told; the keys do it there.
+LRESULT CMenuTracker::OnMoveTo(WPARAM position, LPARAM menu) {
+    const auto handle = reinterpret_cast<HMENU>(menu);
+    if (const auto* items = menu_.ItemsOf(handle); items && position < items->size()) {
+        const int steps = KeyStepsTo(*items, SelectedItem(handle), position);
+        for (int i = 0; i < std::abs(steps); ++i) {
+            PostMessageW(Handle(), WM_KEYDOWN, steps > 0 ? VK_DOWN : VK_UP, 0);
+        }
+    }
+    return 0;
+}
+
+// Input for the open menu, before the menu sees it; true takes it away from the menu.
+bool CMenuTracker::OnMenuInput(const MSG& message) {
+    rightMenuEnded_ = false;
+    const bool isKey = IsKeyOfRightMenu(message);
+    const auto selected =
+        isKey || message.message == WM_RBUTTONUP ? SelectedItem(selectedIn_) : std::nullopt;
+    RECT rect{};
+    if (!selected || !menu_.ItemsOf(selectedIn_) ||
+        !GetMenuItemRect(nullptr, selectedIn_, static_cast<UINT>(*selected), &rect)) {
+        return false;
+    }
+    if (isKey || PtInRect(&rect, message.pt)) {
+        rightClickTold_ = false;
+        PostMessageW(Handle(), kMsgRightClickSeen, *selected,
+                     reinterpret_cast<LPARAM>(selectedIn_));
+    }
+    return isKey;
+}
+
+LRESULT CALLBACK CMenuTracker::MenuInputHook(int code, WPARAM wParam, LPARAM lParam) {
+    if (code == MSGF_MENU && OpenTracker() &&
+        OpenTracker()->OnMenuInput(*reinterpret_cast<const MSG*>(lParam))) {
+        return 1;
+    }
+    return CallNextHookEx(nullptr, code, wParam, lParam);
 }
 
 LRESULT CMenuTracker::OnMenuRButtonUp(WPARAM position, LPARAM menu) {
-    const auto* items = menu_.ItemsOf(reinterpret_cast<HMENU>(menu));
-    const CMenuItemInfo* info = items && position < items->size() ? (*items)[position] : nullptr;
-    if (rightMenuOpen_ || !info || !HasRightClickMenu(*info)) {
-        MessageBeep(kBeep);
-        return 1;
-    }
-    const std::uint32_t id = info->CommandId;
-    rightMenuOpen_ = true;
-    const int command = RunRightMenu(*info);
-    if (const auto code = RightMenuCodeOf(command)) {
-        if (ClosesPhraseMenu(*code)) {
-            EndMenu();
-        }
-        parts_.Log.Write(u"IDataNeededHander_MenuSelf::OnRightMenuCommand");
-        parts_.OnRightCommand(*code, id);
-    }
-    rightMenuOpen_ = false;
+    rightClickTold_ = true;
+    POINT point{};
+    GetCursorPos(&point);
+    OpenRightMenu(position, reinterpret_cast<HMENU>(menu), point);
     return 1;
 }
 
-int CMenuTracker::RunRightMenu(const CMenuItemInfo& info) {
-    const UniqueMenu menu = MakePopupMenu(BuildRightClickMenu(info, parts_.Texts));
+// Not every system tells of a right click by itself, and none of the key for it.
+LRESULT CMenuTracker::OnRightClickSeen(WPARAM position, LPARAM menu) {
+    const auto handle = reinterpret_cast<HMENU>(menu);
+    RECT item{};
     POINT point{};
     GetCursorPos(&point);
-    return TrackPopupMenu(menu.get(), TPM_RECURSE | TPM_RETURNCMD, point.x, point.y, 0, Handle(),
+    GetMenuItemRect(nullptr, handle, static_cast<UINT>(position), &item);
+    if (!PtInRect(&item, point)) {
+        point = {item.left + (item.bottom - item.top), item.bottom};
+    }
+    if (!rightClickTold_) {
+        OpenRightMenu(position, handle, point);
+    }
+    return 0;
+}
+
+void CMenuTracker::OpenRightMenu(std::size_t position, HMENU menu, POINT at) {
+    const auto* items = menu_.ItemsOf(menu);
+    const CMenuItemInfo* info = items && position < items->size() ? (*items)[position] : nullptr;
+    if (rightMenuOpen_ || !info || !HasRightClickMenu(*info)) {
+        MessageBeep(kBeep);
+        return;
+    }
+    const std::uint32_t id = info->CommandId;
+    rightMenuOpen_ = true;
+    if (tip_) {
+        tip_->Cancel();
+    }
+    const auto code = RightMenuCodeOf(RunRightMenu(*info, at));
+    bool closes = code && ClosesPhraseMenu(*code);
+    if (closes) {
+        EndMenu();
+    }
+    if (code) {
+        parts_.Log.Write(u"IDataNeededHander_MenuSelf::OnRightMenuCommand");
+        if (parts_.OnRightCommand(*code, id) && !closes) {
+            closes = true;
+            EndMenu();
+        }
+    }
+    rightMenuOpen_ = false;
+    rightMenuEnded_ = !closes;
+}
+
+int CMenuTracker::RunRightMenu(const CMenuItemInfo& info, POINT at) {
+    const UniqueMenu menu = MakePopupMenu(BuildRightClickMenu(info, parts_.Texts));
+    return TrackPopupMenu(menu.get(), TPM_RECURSE | TPM_RETURNCMD, at.x, at.y, 0, Handle(),
                           nullptr);
 }
 

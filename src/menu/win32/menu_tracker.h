@@ -18,14 +18,21 @@
 
 namespace vbr {
 
+struct HookRemover {
+    using pointer = HHOOK;
+    void operator()(HHOOK hook) const { UnhookWindowsHookEx(hook); }
+};
+using UniqueHook = std::unique_ptr<std::remove_pointer_t<HHOOK>, HookRemover>;
+
 // What a tracker works with.
 struct MenuTrackerParts {
     MenuPainter& Painter;
     const Strings& Texts;
     const vbr::Clock& Clock;
     vbr::Log& Log;
-    // Carries out a command of the right-click menu on the item with that id.
-    std::function<void(RightMenuCode code, std::uint32_t id)> OnRightCommand;
+    // Carries out a command of the right-click menu on the item with that id; true when the phrase
+    // menu is to close.
+    std::function<bool(RightMenuCode code, std::uint32_t id)> OnRightCommand;
 };
 
 // The message-only window that owns the phrase menu while it is open: it has its items painted,
@@ -34,10 +41,13 @@ class CMenuTracker : public WindowBase {
   public:
     CMenuTracker(const MenuTrackerParts& parts, const ShownMenu& menu)
         : parts_(parts), menu_(menu), typing_(parts.Clock) {}
-    ~CMenuTracker() override { Destroy(); }
+    ~CMenuTracker() override;
 
     // The window's handle, null when it can't be made.
     HWND Create(bool withTips);
+
+    // Whether the end of the right-click menu, and no input since, has ended the phrase menu.
+    bool EndedByRightMenu() const { return rightMenuEnded_; }
 
   protected:
     std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
@@ -48,18 +58,27 @@ class CMenuTracker : public WindowBase {
     LRESULT OnMenuSelect(WPARAM item, LPARAM menu);
     LRESULT OnMenuChar(WPARAM typed, LPARAM menu);
     LRESULT OnMenuRButtonUp(WPARAM position, LPARAM menu);
+    LRESULT OnMoveTo(WPARAM position, LPARAM menu);
+    LRESULT OnRightClickSeen(WPARAM position, LPARAM menu);
     LRESULT OnEnterIdle(WPARAM reason, LPARAM window);
     LRESULT OnExitMenuLoop(WPARAM, LPARAM);
     LRESULT OnTimer(WPARAM id, LPARAM);
     LRESULT OnNotify(WPARAM, LPARAM header);
     LRESULT OnDestroy(WPARAM, LPARAM);
-    int RunRightMenu(const CMenuItemInfo& info);
+    void OpenRightMenu(std::size_t position, HMENU menu, POINT at);
+    int RunRightMenu(const CMenuItemInfo& info, POINT at);
+    bool OnMenuInput(const MSG& message);
+    static LRESULT CALLBACK MenuInputHook(int code, WPARAM wParam, LPARAM lParam);
 
     MenuTrackerParts parts_;
     const ShownMenu& menu_;
     MenuTyping typing_;
     HMENU typedIn_ = nullptr;
+    HMENU selectedIn_ = nullptr;
+    UniqueHook inputHook_;
+    bool rightClickTold_ = false;  // by the system itself
     bool rightMenuOpen_ = false;
+    bool rightMenuEnded_ = false;  // and no input came since
     std::unique_ptr<CPhraseMenuToolTip> tip_;
 };
 

@@ -33,13 +33,13 @@ int IconOfCommand(std::uint32_t id) {
 
 }  // namespace
 
-bool CPhraseMenuToolTip::Create(HWND owner) {
-    if (!CreateTip(owner, kDefaultText, kStyle, NameAndVersion())) {
-        return false;
-    }
+void CPhraseMenuToolTip::Create(HWND owner) {
+    CreateTip(owner, kDefaultText, kStyle, NameAndVersion());
+}
+
+void CPhraseMenuToolTip::DressTip() {
     SendMessageW(Window(), TTM_SETMAXTIPWIDTH, 0, GetSystemMetrics(SM_CXSCREEN) / 2);
     SendMessageW(Window(), WM_SETFONT, reinterpret_cast<WPARAM>(painter_.PlainFont()), FALSE);
-    return true;
 }
 
 HICON CPhraseMenuToolTip::GetCommandIcon(std::uint32_t id) {

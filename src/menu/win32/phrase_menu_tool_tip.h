@@ -19,10 +19,11 @@ class CPhraseMenuToolTip : public CMenuToolTipTracked {
     void GetTipText(std::u16string& text, std::uint32_t id, HMENU menu,
                     std::u16string& title) override;
 
-    // Makes the window in the menu's looks; without it there are no tips.
-    bool Create(HWND owner);
+    void Create(HWND owner);
 
   private:
+    void DressTip() override;
+
     const ShownMenu& menu_;
     MenuPainter& painter_;
     const Strings& strings_;

@@ -32,14 +32,19 @@ std::uint32_t PopupMenuPresenter::Show(PhraseMenu items, std::optional<ScreenPoi
 
 std::uint32_t PopupMenuPresenter::Track(ShownMenu& menu, POINT point) {
     painter_.Begin(menu, DpiAt(point));
-    CMenuTracker tracker({painter_, parts_.Texts, parts_.Clock, parts_.Log, parts_.OnRightCommand},
-                         menu);
-    const HWND owner = tracker.Create(parts_.Settings.MenuToolTips);
     menu_ = menu.Root();
     // The pointer stands at the menu's corner, ready to choose.
     SetCursorPos(point.x, point.y);
-    const int choice =
-        TrackPopupMenuEx(menu.Root(), TPM_RETURNCMD, point.x, point.y, owner, nullptr);
+    int choice = 0;
+    // Where the end of a menu within it ends the phrase menu too, that opens again.
+    for (bool again = true; again;) {
+        CMenuTracker tracker(
+            {painter_, parts_.Texts, parts_.Clock, parts_.Log, parts_.OnRightCommand}, menu);
+        const HWND owner = tracker.Create(parts_.Settings.MenuToolTips);
+        choice = TrackPopupMenuEx(menu.Root(), TPM_RETURNCMD, point.x, point.y, owner, nullptr);
+        again =
+            choice == 0 && tracker.EndedByRightMenu() && GetForegroundWindow() == parts_.Foreground;
+    }
     parts_.OnClosed();
     painter_.End();
     return static_cast<std::uint32_t>(choice);

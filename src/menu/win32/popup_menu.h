@@ -22,7 +22,7 @@ class PopupMenuPresenter : public MenuPresenter {
         const vbr::Clock& Clock;
         GuardedSections& Guard;
         vbr::Log& Log;
-        std::function<void(RightMenuCode code, std::uint32_t id)> OnRightCommand;
+        std::function<bool(RightMenuCode code, std::uint32_t id)> OnRightCommand;
         std::function<void()> OnClosed;
     };
 

@@ -64,9 +64,11 @@ PhraseRoad::PhraseRoad(const Parts& parts, HWND window)
       richMacros_(macros_, layouts_, locale_, richText_),
       previews_({macros_, richMacros_, richText_, layouts_, locale_, parts.Texts}),
       items_(previews_, locale_, parts.Texts),
+      clipboardAccess_(window),
       historyTexts_(ansi_, richText_, parts.RoadLog),
       history_(parts.History.Queue(), historyTexts_),
-      clipboardAccess_(window),
+      historyClipboard_({parts.History.Queue(), clipboardAccess_, bitmaps_, historyTexts_, locale_,
+                         parts.RoadLog}),
       snapshot_(clipboardAccess_, parts.RoadLog),
       delivery_(
           {parts.Settings, parts.Texts, tree_, macros_, richMacros_, richText_, clipboardAccess_,
@@ -89,14 +91,21 @@ PhraseRoad::PhraseRoad(const Parts& parts, HWND window)
                 parts.Messages}),
       presenter_({window, parts.Settings, parts.Texts, clock_, parts.Guard, parts.RoadLog,
                   [window](RightMenuCode code, std::uint32_t id) {
-                      SendMessageW(window, kMsgRightMenuCommand, static_cast<WPARAM>(code),
-                                   static_cast<LPARAM>(id));
+                      return SendMessageW(window, kMsgRightMenuCommand, static_cast<WPARAM>(code),
+                                          static_cast<LPARAM>(id)) != 0;
                   },
                   [window] { SendMessageW(window, kMsgHideTip, 0, 0); }}),
       builder_({tree_, items_, history_, parts.Settings, parts.Texts, presenter_, clock_,
                 parts.Guard, parts.RoadLog,
                 [](WindowHandle asked) { return StateOf(reinterpret_cast<HWND>(asked)); }},
-               PostChoiceTo(window)) {}
+               PostChoiceTo(window)),
+      rightMenu_(
+          {tree_, builder_, [this](const VBRCommand& record) { return ExpandedText(record); },
+           [this](bool plain, std::u16string_view text) {
+               return delivery_.Text().CopyToClipboard(plain, text, LanguageOf(builder_.Hkl()));
+           },
+           [this](std::size_t index) { return CopyHistoryItem(index); },
+           [this] { snapshot_.ClearRestore(); }, parts.RoadLog}) {}
 
 bool PhraseRoad::InstallService(std::u16string& errorText) {
     if (parts_.Settings.WriteLog) {
@@ -147,6 +156,22 @@ void PhraseRoad::OnQueryReady(WPARAM query, LPARAM answer) {
     if (exchange && !builder_.IsMenuShown()) {
         builder_.OnDataNeeded(exchange->Query, exchange->Answer);
     }
+}
+
+// As a delivery makes it, but for no target.
+std::u16string PhraseRoad::ExpandedText(const VBRCommand& record) {
+    std::u16string text = record.Cmd;
+    macros_.StripLayoutMacros(text);
+    ActionList actions;
+    delivery_.Runner().BuildActions({0, builder_.ClipboardAtHotkey(), builder_.SelectedText(),
+                                     record.DataType, LanguageOf(builder_.Hkl())},
+                                    text, actions);
+    return ActionsToText(actions);
+}
+
+bool PhraseRoad::CopyHistoryItem(std::size_t index) {
+    const OwnCopyScope ownCopy(parts_.History);
+    return historyClipboard_.PutOnClipboard(index);
 }
 
 void PhraseRoad::Deliver(std::uint32_t id, WindowHandle target) {

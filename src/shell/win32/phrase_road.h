@@ -14,6 +14,7 @@
 #include "exchange/selected_text.h"
 #include "exchange/win32/hook_module.h"
 #include "exchange/win32/query_wait_thread.h"
+#include "history/item_clipboard.h"
 #include "macros/macro_engine.h"
 #include "macros/macro_values.h"
 #include "macros/phrase_texts.h"
@@ -21,11 +22,13 @@
 #include "menu/phrase_item.h"
 #include "menu/phrase_menu_handler.h"
 #include "menu/queue_history.h"
+#include "menu/right_menu_commands.h"
 #include "menu/win32/popup_menu.h"
 #include "phrases/command_file.h"
 #include "phrases/command_saver.h"
 #include "phrases/command_tree.h"
 #include "platform/win32/win_ansi_text.h"
+#include "platform/win32/win_bitmaps.h"
 #include "platform/win32/win_clipboard.h"
 #include "platform/win32/win_clipboard_access.h"
 #include "platform/win32/win_clock.h"
@@ -92,11 +95,20 @@ class PhraseRoad {
         return builder_.IsAllow_WaitAnswerFromExeAgent();
     }
 
+    // Carries out a command of the phrase menu's right-click menu on the item with that id; true
+    // when the menu is to close.
+    bool OnRightMenuCommand(std::uint32_t code, std::uint32_t id) {
+        return rightMenu_.OnRightMenuCommand(code, id);
+    }
+
     // Carries out a choice of the menu: the id of a phrase or of a history item.
     void Deliver(std::uint32_t id, WindowHandle target);
     const std::u16string& SelectedText() const { return builder_.SelectedText(); }
 
   private:
+    std::u16string ExpandedText(const VBRCommand& record);
+    bool CopyHistoryItem(std::size_t index);
+
     Parts parts_;
     HWND window_;
     UINT queryMessage_;
@@ -120,10 +132,12 @@ class PhraseRoad {
     RichMacros richMacros_;
     PhraseTexts previews_;
     PhraseItemMaker items_;
+    WinClipboardAccess clipboardAccess_;
     WinAnsiText ansi_;
     ItemTexts historyTexts_;
     QueueHistory history_;
-    WinClipboardAccess clipboardAccess_;
+    WinBitmaps bitmaps_;
+    ItemClipboard historyClipboard_;
     CClipboardSnapshot snapshot_;
     DeliveryRoad delivery_;
     SelectedTextReader selection_;
@@ -135,6 +149,7 @@ class PhraseRoad {
     HotkeyService service_;
     PopupMenuPresenter presenter_;
     IDataNeededHander_MenuSelf builder_;
+    RightMenuCommands rightMenu_;
 };
 
 }  // namespace vbr

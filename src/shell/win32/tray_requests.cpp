@@ -231,8 +231,8 @@ void CVBRTrayWnd::React(std::int32_t choice, WindowHandle target) {
 }
 
 LRESULT CVBRTrayWnd::OnRightMenuCommand(WPARAM code, LPARAM item) {
-    context_.TrayLog.Write(Concat(u"Right-click command ", code, u" of item ", item, u" is off"));
-    return 0;
+    return road_->OnRightMenuCommand(static_cast<std::uint32_t>(code),
+                                     static_cast<std::uint32_t>(item));
 }
 
 }  // namespace vbr

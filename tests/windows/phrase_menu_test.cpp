@@ -1,0 +1,163 @@
+// SPDX-License-Identifier: MIT
+#include "platform/win32/windows.h"
+
+#include <gtest/gtest.h>
+
+#include "fakes/fake_alert_box.h"
+#include "fakes/memory_log.h"
+#include "menu/win32/menu_painter.h"
+#include "menu/win32/shown_menu.h"
+#include "platform/win32/screen_dpi.h"
+#include "platform/win32/wide.h"
+#include "platform/win32/win_fault_catcher.h"
+#include "platform/win32/win_menu_font.h"
+#include "settings/embedded_strings.h"
+
+namespace vbr {
+namespace {
+
+// A painter over the real faults and the real drawing, on a bitmap.
+class PhraseMenuPainting : public testing::Test {
+  protected:
+    PhraseMenuPainting() : dc_(CreateCompatibleDC(nullptr)) {
+        BITMAPINFO format{};
+        format.bmiHeader = {sizeof format.bmiHeader, 300, -100, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
+        bitmap_.reset(CreateDIBSection(nullptr, &format, DIB_RGB_COLORS,
+                                       reinterpret_cast<void**>(&pixels_), nullptr, 0));
+        SelectObject(dc_.get(), bitmap_.get());
+    }
+
+    static PhraseMenu Items() {
+        PhraseMenu items(2);
+        items[0].Info.Label = u"A phrase";
+        items[0].Info.CommandId = 7;
+        items[1].Info.ItemFlags = kItemPopup;
+        items[1].Info.Label = u"A group";
+        items[1].Children.resize(1);
+        items[1].Children[0].Info.Label = u"Inside";
+        return items;
+    }
+    LRESULT Draw(ULONG_PTR data, UINT state = 0) {
+        DRAWITEMSTRUCT item{};
+        item.hDC = dc_.get();
+        item.rcItem = {0, 0, 300, 24};
+        item.itemState = state;
+        item.itemData = data;
+        return painter_.OnMenuDRAWITEMSTRUCT(item);
+    }
+    static ULONG_PTR DataOf(HMENU menu, UINT position) {
+        MENUITEMINFOW item{};
+        item.cbSize = sizeof item;
+        item.fMask = MIIM_DATA;
+        GetMenuItemInfoW(menu, position, TRUE, &item);
+        return item.dwItemData;
+    }
+    std::uint32_t PixelAt(int x, int y) const { return pixels_[y * 300 + x] & 0xFFFFFF; }
+
+    MemoryLog log_;
+    EmbeddedStrings strings_;
+    FakeAlertBox box_;
+    ErrorReport report_{log_, strings_, box_};
+    WinFaultCatcher catcher_;
+    GuardedSections guard_{catcher_, report_};
+    FontBytes font_ = SystemMenuFont();
+    MenuPainter painter_{font_, guard_};
+    UniqueGdi<HBITMAP> bitmap_;
+    std::uint32_t* pixels_ = nullptr;
+    UniqueDc dc_;
+};
+
+TEST_F(PhraseMenuPainting, AnItemsDataBeginsAsScreenReadersExpectIt) {
+    PhraseMenu items = Items();
+    ShownMenu menu(std::move(items));
+    const auto& block = *reinterpret_cast<const MSAAMENUINFO*>(DataOf(menu.Root(), 0));
+    EXPECT_EQ(block.dwMSAASignature, 0xAA0DF00D);
+    EXPECT_EQ(FromWide(block.pszWText, block.cchWText), u"A phrase");
+    const HMENU popup = GetSubMenu(menu.Root(), 1);
+    const auto& inner = *reinterpret_cast<const MSAAMENUINFO*>(DataOf(popup, 0));
+    EXPECT_EQ(FromWide(inner.pszWText, inner.cchWText), u"Inside");
+    EXPECT_EQ(menu.Find(menu.Root(), 7)->Label, u"A phrase");
+    EXPECT_EQ(menu.Find(popup, 7), nullptr);
+}
+
+TEST_F(PhraseMenuPainting, SelectionGroundTextAndSideBarReachTheScreen) {
+    ShownMenu menu(Items());
+    painter_.Begin(menu, 96);
+    MEASUREITEMSTRUCT measured{};
+    measured.itemData = DataOf(menu.Root(), 0);
+    ASSERT_EQ(painter_.OnMenuMEASUREITEM(measured), 1);
+    EXPECT_EQ(measured.itemHeight, static_cast<UINT>(MenuHeightFor(96) + 4));
+    ASSERT_EQ(Draw(measured.itemData, ODS_SELECTED), 1);
+    const COLORREF highlight = GetSysColor(COLOR_HIGHLIGHT);
+    EXPECT_EQ(PixelAt(290, 12), (highlight & 0xFF) << 16 | (highlight & 0xFF00) | highlight >> 16);
+    EXPECT_EQ(PixelAt(20, 1), 0xE3E3E3U);
+    painter_.End();
+}
+
+TEST_F(PhraseMenuPainting, AFaultInDrawingIsToldOnceForEachItemAndTheOthersAreDrawn) {
+    ShownMenu menu(Items());
+    painter_.Begin(menu, 96);
+    EXPECT_EQ(Draw(16), 0);
+    EXPECT_EQ(Draw(16), 0);
+    ASSERT_EQ(box_.Shown.size(), 1U);
+    EXPECT_TRUE(box_.Shown[0].Text.starts_with(
+        u"ERROR: Exception in IDataNeededHander_MenuSelf::OnMenuDRAWITEMSTRUCT "));
+    EXPECT_EQ(Draw(DataOf(menu.Root(), 0)), 1);
+    EXPECT_EQ(Draw(32), 0);
+    EXPECT_EQ(box_.Shown.size(), 2U);
+    painter_.End();
+}
+
+TEST_F(PhraseMenuPainting, AnItemWithoutDataIsToldAndMeasuringGoesOn) {
+    ShownMenu menu(Items());
+    painter_.Begin(menu, 96);
+    MEASUREITEMSTRUCT measured{};
+    EXPECT_EQ(painter_.OnMenuMEASUREITEM(measured), 1);
+    ASSERT_EQ(box_.Shown.size(), 1U);
+    EXPECT_EQ(box_.Shown[0].Text, u"M_INFO is NULL on MeasureImpl");
+    painter_.End();
+}
+
+TEST_F(PhraseMenuPainting, FiveThousandItemsAndOddLabelsAreTaken) {
+    PhraseMenu items(5000);
+    for (std::size_t i = 0; i < items.size(); ++i) {
+        items[i].Info.CommandId = static_cast<std::uint32_t>(i) + 1;
+        items[i].Info.Label = i % 2 == 0 ? std::u16string(120, u'&') : u"שלום\xD800 עולם";
+    }
+    ShownMenu menu(std::move(items));
+    EXPECT_EQ(GetMenuItemCount(menu.Root()), 5000);
+    painter_.Begin(menu, 96);
+    for (UINT i = 0; i < 5000; i += 777) {
+        MEASUREITEMSTRUCT measured{};
+        measured.itemData = DataOf(menu.Root(), i);
+        ASSERT_EQ(painter_.OnMenuMEASUREITEM(measured), 1);
+        ASSERT_GT(measured.itemWidth, 50U);
+        ASSERT_EQ(Draw(measured.itemData), 1);
+    }
+    EXPECT_TRUE(box_.Shown.empty());
+    painter_.End();
+}
+
+TEST_F(PhraseMenuPainting, AGrayIconHasNoColourAndKeepsItsShape) {
+    const UniqueIcon colored(CopyIcon(LoadIconW(nullptr, IDI_ERROR)));
+    const UniqueIcon gray = MakeGrayIcon(colored.get());
+    ASSERT_TRUE(gray);
+    std::size_t colours = 0;
+    std::size_t drawn = 0;
+    std::fill_n(pixels_, 300 * 100, 0xFFFFFFU);
+    DrawIconEx(dc_.get(), 0, 0, gray.get(), 32, 32, 0, nullptr, DI_NORMAL);
+    for (int y = 0; y < 32; ++y) {
+        for (int x = 0; x < 32; ++x) {
+            const std::uint32_t pixel = PixelAt(x, y);
+            drawn += pixel != 0xFFFFFF;
+            const std::uint32_t red = pixel >> 16;
+            colours += red != (pixel >> 8 & 0xFF) || red != (pixel & 0xFF);
+        }
+    }
+    EXPECT_GT(drawn, 100U);
+    EXPECT_LT(drawn, 1024U);
+    EXPECT_EQ(colours, 0U);
+}
+
+}  // namespace
+}  // namespace vbr
