@@ -1,0 +1,236 @@
+// SPDX-License-Identifier: MIT
+#include "platform/win32/windows.h"
+
+#include <gtest/gtest.h>
+
+#include "base/text.h"
+#include "desktop/driver/clipboard.h"
+#include "desktop/driver/keyboard.h"
+#include "desktop/driver/menus.h"
+#include "desktop/driver/notepad.h"
+#include "desktop/driver/program.h"
+#include "desktop/driver/waiting.h"
+
+namespace vbr::desktop {
+namespace {
+
+std::u16string ClipboardText() {
+    const std::string bytes = ReadClipboard()[std::to_wstring(CF_UNICODETEXT)];
+    return reinterpret_cast<const char16_t*>(bytes.c_str());
+}
+
+// The program with the phrases that a test adds, and Notepad in front of it.
+class PhraseMenuOnDesktop : public testing::Test {
+  protected:
+    void Add(const std::string& name, const std::string& text) {
+        std::filesystem::create_directories((program_.Phrases() / name).parent_path());
+        program_.AddPhrase(name, ++sortId_, text);
+    }
+    void Start(const std::string& settings = "") {
+        program_.WriteSettings("InsertCHIntoMenu=0\n" + settings);
+        ASSERT_TRUE(program_.StartResident());
+        ASSERT_TRUE(notepad_.IsOpen());
+        ASSERT_TRUE(WaitUntil([this] { return notepad_.BringToFront(); }));
+    }
+    void OpenMenu(POINT mouse = {200, 100}) {
+        ASSERT_TRUE(WaitUntil([this] { return notepad_.BringToFront(); }));
+        SetCursorPos(mouse.x, mouse.y);
+        PressHotkey();
+        ASSERT_TRUE(WaitForMenu());
+    }
+    // "a [G: b] -Caption- ~c": grayed "~".
+    static std::string Picture(const std::vector<MenuLine>& lines) {
+        std::string picture;
+        int depth = 0;
+        for (const MenuLine& line : lines) {
+            picture += depth > line.Depth ? "] " : depth < line.Depth ? "[" : "";
+            depth = line.Depth;
+            const std::string label = Utf16ToUtf8(line.Label);
+            picture += line.IsSeparator() ? "-" + label + "- "
+                                          : (line.IsGrayed() ? "~" : "") + label + " ";
+            EXPECT_TRUE(line.IsAccessible) << label;
+        }
+        return picture;
+    }
+    std::u16string SelectedLabel() {
+        for (const MenuLine& line : ReadMenu(TopMenuWindow())) {
+            if (line.IsSelected() && line.Depth == 0) {
+                return line.Label;
+            }
+        }
+        return {};
+    }
+
+    int sortId_ = 0;
+    Program program_;
+    Notepad notepad_;
+};
+
+TEST_F(PhraseMenuOnDesktop, ScreenReadersFindEveryItemOfEveryRegion) {
+    Add("Alpha", "a");
+    Add("Group/Inner", "b");
+    Start();
+    OpenMenu();
+    const std::string shown = Picture(ReadMenu(TopMenuWindow()));
+    EXPECT_EQ(shown,
+              "Alpha -- Group [Group/Inner ] -Clipboard History [Skipped]- Edit "
+              "menu\\settings ~Selection into Phrase -Visit to us- Technical Support ");
+    PressKeys({VK_ESCAPE});
+    EXPECT_TRUE(WaitForNoMenu());
+}
+
+TEST_F(PhraseMenuOnDesktop, TheMouseChooses) {
+    Add("Alpha", "one");
+    Add("Beta", "two");
+    Start();
+    OpenMenu();
+    ClickMenuLine(FindMenuLine(u"Beta"), MouseButton::Left);
+    EXPECT_EQ(notepad_.WaitForText(u"two"), u"two");
+}
+
+TEST_F(PhraseMenuOnDesktop, TypingMovesAndEnterChooses) {
+    Add("Alpha", "one");
+    Add("Beta", "two");
+    Add("Gamma", "three");
+    Start();
+    OpenMenu();
+    PressKeys({'G'});
+    EXPECT_TRUE(WaitUntil([this] { return SelectedLabel() == u"Gamma"; }));
+    PressKeys({VK_RETURN});
+    ASSERT_EQ(notepad_.WaitForText(u"three"), u"three");
+    // Gamma is the first of the recent phrases now.
+    OpenMenu();
+    PressKeys({'B'});
+    EXPECT_TRUE(WaitUntil([this] { return SelectedLabel() == u"Beta"; }));
+    PressKeys({'1'});
+    EXPECT_TRUE(WaitUntil([this] { return SelectedLabel() == u"Gamma"; }));
+    PressKeys({VK_RETURN});
+    EXPECT_EQ(notepad_.WaitForText(u"threethree"), u"threethree");
+}
+
+TEST_F(PhraseMenuOnDesktop, TheLastThreePhrasesStandFirst) {
+    Add("Alpha", "1");
+    Add("Beta", "2");
+    Add("Gamma", "3");
+    Add("Delta", "4");
+    Start();
+    std::u16string typed;
+    for (const auto& [label, text] : {std::pair(u"Beta", u"2"), std::pair(u"Delta", u"4"),
+                                      std::pair(u"Gamma", u"3"), std::pair(u"Beta", u"2")}) {
+        OpenMenu();
+        ClickMenuLine(FindMenuLine(label), MouseButton::Left);
+        typed += text;
+        ASSERT_EQ(notepad_.WaitForText(typed), typed);
+    }
+    OpenMenu();
+    EXPECT_EQ(Picture(ReadMenu(TopMenuWindow())).substr(0, 46),
+              "Beta Gamma Delta -Other commands- Alpha -Clipb");
+    PressKeys({VK_ESCAPE});
+    EXPECT_TRUE(WaitForNoMenu());
+}
+
+TEST_F(PhraseMenuOnDesktop, ARightClickCopiesAndTheMenuStaysOpen) {
+    Add("Alpha", "[%SELECTED_TEXT%] &amp; more");
+    Start();
+    notepad_.SetText(u"sel");
+    notepad_.Select(0, 3);
+    OpenMenu();
+    const HWND menu = TopMenuWindow();
+    ClickMenuLine(ReadMenu(menu)[0], MouseButton::Right);
+    ASSERT_TRUE(WaitUntil([menu] { return TopMenuWindow() != menu; }));
+    EXPECT_TRUE(FindMenuLine(u"Edit").IsGrayed());
+    EXPECT_EQ(FindMenuLine(u"Search In Google [[sel] && more]").Depth, 0);
+    ClickMenuLine(FindMenuLine(u"Copy"), MouseButton::Left);
+    ASSERT_TRUE(WaitUntil([] { return ClipboardText() == u"[sel] & more"; }));
+    EXPECT_TRUE(WaitUntil([] { return FindMenuLine(u"[sel] & more").Label != u""; }));
+    PressKeys({VK_ESCAPE});
+    ASSERT_TRUE(WaitForNoMenu());
+    ASSERT_TRUE(WaitUntil([this] { return notepad_.BringToFront(); }));
+    EXPECT_EQ(program_.End(), 0U);
+    EXPECT_EQ(ClipboardText(), u"[sel] & more");
+    EXPECT_EQ(notepad_.Text(), u"sel");
+}
+
+TEST_F(PhraseMenuOnDesktop, ARightClickOnAnExtraCommandOpensNothing) {
+    Add("Alpha", "a");
+    Start();
+    OpenMenu();
+    const HWND menu = TopMenuWindow();
+    ClickMenuLine(FindMenuLine(u"Technical Support"), MouseButton::Right);
+    PressKeys({'A'});
+    EXPECT_TRUE(WaitUntil([this] { return SelectedLabel() == u"Alpha"; }));
+    EXPECT_EQ(TopMenuWindow(), menu);
+    PressKeys({VK_ESCAPE});
+    EXPECT_TRUE(WaitForNoMenu());
+}
+
+TEST_F(PhraseMenuOnDesktop, TheMenuStaysOnTheScreenAndSoDoesItsTip) {
+    Add("Alpha", "a");
+    Start();
+    const RECT screen = {0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
+    const auto isOnScreen = [&screen](HWND window) {
+        RECT rect{};
+        RECT both{};
+        GetWindowRect(window, &rect);
+        IntersectRect(&both, &rect, &screen);
+        return EqualRect(&both, &rect) != 0;
+    };
+    for (const POINT corner : {POINT{0, 0}, POINT{screen.right - 1, 0}, POINT{0, screen.bottom - 1},
+                               POINT{screen.right - 1, screen.bottom - 1}}) {
+        OpenMenu(corner);
+        EXPECT_TRUE(isOnScreen(TopMenuWindow())) << corner.x << "," << corner.y;
+        PressKeys({'A'});
+        const HWND menu = TopMenuWindow();
+        HWND tip = nullptr;
+        EXPECT_TRUE(WaitUntil([&] {
+            tip = FindWindowW(L"MenuToolTip", nullptr);
+            return tip && IsWindowVisible(tip);
+        }));
+        EXPECT_TRUE(WaitUntil([&] { return isOnScreen(tip); }));
+        RECT menuRect{};
+        RECT tipRect{};
+        RECT common{};
+        GetWindowRect(menu, &menuRect);
+        GetWindowRect(tip, &tipRect);
+        InflateRect(&menuRect, -4, 0);
+        EXPECT_FALSE(IntersectRect(&common, &menuRect, &tipRect)) << "The tip hides the menu.";
+        PressKeys({VK_ESCAPE});
+        ASSERT_TRUE(WaitForNoMenu());
+    }
+}
+
+TEST_F(PhraseMenuOnDesktop, AMenuLongerThanTheScreenScrollsToItsEnd) {
+    for (int i = 100; i < 200; ++i) {
+        Add("Phrase " + std::to_string(i), std::to_string(i));
+    }
+    Start(
+        "ExtMenuCommand__EditSetting=0\nExtMenuCommand__SaveSelAsPhrase=0\n"
+        "ExtMenuCommand__SUPPORT=0");
+    OpenMenu();
+    PressKeys({VK_UP});
+    EXPECT_TRUE(WaitUntil([this] { return SelectedLabel() == u"Phrase 199"; }));
+    PressKeys({VK_RETURN});
+    EXPECT_EQ(notepad_.WaitForText(u"199"), u"199");
+}
+
+TEST_F(PhraseMenuOnDesktop, APhraseInADeepTreeWhoseFileIsGoneStillArrives) {
+    std::string path;
+    constexpr int kDepth = 12;
+    for (int i = 0; i < kDepth; ++i) {
+        path += "folder" + std::to_string(i) + "/";
+    }
+    Add(path + "x", "deep");
+    Start();
+    OpenMenu();
+    std::filesystem::remove_all(program_.Phrases() / "folder0");
+    PressKeys({VK_DOWN});
+    for (int i = 0; i < kDepth; ++i) {
+        PressKeys({VK_RIGHT});
+    }
+    PressKeys({VK_RETURN});
+    EXPECT_EQ(notepad_.WaitForText(u"deep"), u"deep");
+    EXPECT_EQ(program_.End(), 0U);
+}
+
+}  // namespace
+}  // namespace vbr::desktop
