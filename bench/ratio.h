@@ -21,14 +21,15 @@ double Time(Call&& call) {
         .count();
 }
 
-// Runs the work and its floor in interleaved pairs and reports the median of their ratios. A
-// median above the bound fails the run.
-template <typename Work, typename Floor>
-void MeasureRatio(benchmark::State& state, double bound, Work&& work, Floor&& floor) {
+// Asks for the times of the work and its floor, in nanoseconds, in interleaved pairs and reports
+// the median of their ratios. A median above the bound fails the run.
+template <typename WorkTime, typename FloorTime>
+void MeasureRatioOfTimes(benchmark::State& state, double bound, WorkTime&& timeWork,
+                         FloorTime&& timeFloor) {
     std::vector<double> ratios;
     for (auto _ : state) {
-        const double floorTime = Time(floor);
-        const double workTime = Time(work);
+        const double floorTime = timeFloor();
+        const double workTime = timeWork();
         ratios.push_back(workTime / floorTime);
         state.SetIterationTime(workTime / 1e9);
     }
@@ -40,6 +41,13 @@ void MeasureRatio(benchmark::State& state, double bound, Work&& work, Floor&& fl
         AllWithinBounds() = false;
         state.SetLabel("TOO SLOW");
     }
+}
+
+// The same for work and floor that are timed from start to end.
+template <typename Work, typename Floor>
+void MeasureRatio(benchmark::State& state, double bound, Work&& work, Floor&& floor) {
+    MeasureRatioOfTimes(
+        state, bound, [&work] { return Time(work); }, [&floor] { return Time(floor); });
 }
 
 }  // namespace vbr::bench
