@@ -186,14 +186,16 @@ TEST_F(PhraseMenuOnDesktop, TheMenuStaysOnTheScreenAndSoDoesItsTip) {
             tip = FindWindowW(L"MenuToolTip", nullptr);
             return tip && IsWindowVisible(tip);
         }));
-        EXPECT_TRUE(WaitUntil([&] { return isOnScreen(tip); }));
-        RECT menuRect{};
-        RECT tipRect{};
-        RECT common{};
-        GetWindowRect(menu, &menuRect);
-        GetWindowRect(tip, &tipRect);
-        InflateRect(&menuRect, -4, 0);
-        EXPECT_FALSE(IntersectRect(&common, &menuRect, &tipRect)) << "The tip hides the menu.";
+        // It finds its place when its size is known.
+        EXPECT_TRUE(WaitUntil([&] {
+            RECT menuRect{};
+            RECT tipRect{};
+            RECT common{};
+            GetWindowRect(menu, &menuRect);
+            GetWindowRect(tip, &tipRect);
+            InflateRect(&menuRect, -4, 0);
+            return isOnScreen(tip) && !IntersectRect(&common, &menuRect, &tipRect);
+        })) << "The tip hides the menu.";
         PressKeys({VK_ESCAPE});
         ASSERT_TRUE(WaitForNoMenu());
     }

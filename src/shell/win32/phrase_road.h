@@ -91,6 +91,8 @@ class PhraseRoad {
     // Gives the clipboard back what it held before the query.
     void RestoreClipboardSnapshot() { delivery_.RestoreClipboard(); }
     bool IsMenuShown() const { return builder_.IsMenuShown(); }
+    // After the settings were read again.
+    void ClearMenuFonts() { builder_.ClearFonts(); }
     bool IsAllow_WaitAnswerFromExeAgent() const {
         return builder_.IsAllow_WaitAnswerFromExeAgent();
     }

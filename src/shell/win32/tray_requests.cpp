@@ -53,6 +53,7 @@ LRESULT CVBRTrayWnd::OnEditorState(WPARAM state, LPARAM) {
 LRESULT CVBRTrayWnd::OnEditorEnded(WPARAM, LPARAM) {
     context_.TrayLog.Write(u"Detected event: PhraseEditor closed");
     context_.Settings.Load();
+    road_->ClearMenuFonts();
     ApplyLanguage();
     UpdateTrayIcon(TrayIconMode::Modify, {}, false);
     RereadPhrases(false);
