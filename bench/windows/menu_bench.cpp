@@ -74,19 +74,22 @@ class BareMenu : public WindowBase {
         const auto font = std::bit_cast<LOGFONTW>(SystemMenuFont());
         font_.reset(CreateFontIndirectW(&font));
         SelectObject(dc_.get(), font_.get());
+    }
+
+    // With an owner of its own for each menu and the pointer at its corner, as the program does it.
+    void Show() {
         WindowCreation creation;
         creation.ClassName = L"vbr-bench-bare-menu";
         creation.Style = WS_CHILD;
         creation.Parent = HWND_MESSAGE;
         Create(creation);
-    }
-
-    void Show() {
+        SetCursorPos(100, 100);
         const UniqueMenu menu(CreatePopupMenu());
         for (std::size_t i = 0; i < count_; ++i) {
             AppendMenuW(menu.get(), MF_OWNERDRAW, i + 1, reinterpret_cast<LPCWSTR>(&labels_[i]));
         }
         TrackPopupMenuEx(menu.get(), TPM_RETURNCMD, 100, 100, Handle(), nullptr);
+        Destroy();
     }
 
   protected:

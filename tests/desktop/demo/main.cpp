@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "base/text.h"
 #include "desktop/driver/keyboard.h"
@@ -47,6 +48,13 @@ int OpenMenu() {
         return Fail("the hot key brought no menu");
     }
     PressKeys({VK_DOWN});
+    // Only a menu that is drawn answers.
+    if (!WaitUntil([] {
+            const std::vector<MenuLine> lines = ReadMenu(TopMenuWindow());
+            return !lines.empty() && lines[0].IsSelected();
+        })) {
+        return Fail("the menu took no key");
+    }
     return 0;
 }
 
