@@ -12,6 +12,8 @@ namespace vbr {
 namespace {
 
 constexpr std::uint32_t kClipLocale = 16;
+// Other programs that follow the clipboard look at it at the same moment, each for an instant.
+constexpr std::uint32_t kOpenPatienceMs = 100;
 
 // The position of the text's end, counted in units of that many bytes.
 std::size_t TextLength(const ItemBytes& bytes, std::size_t unit) {
@@ -48,7 +50,7 @@ std::unique_ptr<CCHItem> ClipboardCapture::Capture(WindowHandle owner) {
     }
     auto item = std::make_unique<CCHItem>(CHF_UNICODE_TEXT, owner, parts_.Time.LocalTime());
     {
-        const std::unique_ptr<ClipboardSession> clipboard = parts_.Access.Open(0);
+        const std::unique_ptr<ClipboardSession> clipboard = parts_.Access.Open(kOpenPatienceMs);
         if (!clipboard) {
             log.LogError(u"Clipboard not captured: another program holds it");
             return nullptr;
