@@ -17,10 +17,22 @@ const std::shared_ptr<const ItemBytes>& NoData() {
     return none;
 }
 
+// Seeded as widely as a UUID is; the system's own source is slow for each of many items.
+std::mt19937 MakeRandom() {
+    std::random_device source;
+    std::seed_seq seed{source(), source(), source(), source(),
+                       source(), source(), source(), source()};
+    return std::mt19937(seed);
+}
+
+std::uint32_t RandomWord() {
+    thread_local std::mt19937 random = MakeRandom();
+    return static_cast<std::uint32_t>(random());
+}
+
 // A random UUID's digits without its signs.
 std::u16string NewKey() {
-    std::random_device random;
-    std::array<std::uint32_t, 4> words{random(), random(), random(), random()};
+    std::array<std::uint32_t, 4> words{RandomWord(), RandomWord(), RandomWord(), RandomWord()};
     words[1] = (words[1] & 0xFFFF0FFF) | 0x4000;      // version: random
     words[2] = (words[2] & 0x3FFFFFFF) | 0x80000000;  // variant
     std::u16string key;

@@ -3,7 +3,8 @@
 
 #include <fstream>
 #include <iterator>
-#include <map>
+#include <string>
+#include <unordered_map>
 
 #include "platform/stamped_files.h"
 
@@ -16,7 +17,7 @@ class NativeStampedFiles : public StampedFiles {
 
     // While set, no file can be made and none deleted.
     std::optional<SystemError> Broken;
-    std::map<Path, FileTicks> Created;
+    std::unordered_map<std::string, FileTicks> Created;
 
     std::optional<SystemError> CreateNew(const Path& path,
                                          std::span<const std::span<const std::byte>> pieces,
@@ -38,7 +39,7 @@ class NativeStampedFiles : public StampedFiles {
     std::optional<SystemError> SetStamp(const Path& path, const FileStamp& stamp) override {
         namespace fs = std::filesystem;
         if (stamp.Created != 0) {
-            Created[path] = stamp.Created;
+            Created[path.string()] = stamp.Created;
         }
         std::error_code error;
         fs::permissions(path, fs::perms::owner_write,
@@ -56,7 +57,7 @@ class NativeStampedFiles : public StampedFiles {
         content.Bytes.resize(size);
         file.read(reinterpret_cast<char*>(content.Bytes.data()),
                   static_cast<std::streamsize>(size));
-        const auto created = Created.find(path);
+        const auto created = Created.find(path.string());
         content.Created = created == Created.end() ? 0 : created->second;
         return file ? std::optional(std::move(content)) : std::nullopt;
     }

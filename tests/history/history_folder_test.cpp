@@ -187,7 +187,7 @@ TEST_F(HistoryFiles, FormatComesFromTheNameAndTimeFromTheFileWithoutTheKey) {
                              Case{"a.Rtf", CHF_RTF}, Case{"a.knd", CHF_KELPNOTES},
                              Case{"a.html", CHF_HTML}, Case{"a.dat", CHF_UNICODE_TEXT}}) {
         WriteFile(test.Name, "ab");
-        desk_.Files.Created[desk_.Folder.Path() / test.Name] = *FileTicksOf(TimeAt(7));
+        desk_.Files.Created[(desk_.Folder.Path() / test.Name).string()] = *FileTicksOf(TimeAt(7));
         const auto item = desk_.Folder.LoadDataFile(desk_.Folder.Path() / test.Name);
         ASSERT_TRUE(item) << test.Name;
         EXPECT_EQ(item->format, test.Format) << test.Name;

@@ -11,6 +11,9 @@
 namespace vbr::desktop {
 namespace {
 
+constexpr DWORD kReaderPatienceMs = 5000;
+constexpr int kTries = 6;
+
 HGLOBAL MemoryOf(std::string_view bytes) {
     HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, bytes.size());
     std::memcpy(GlobalLock(memory), bytes.data(), bytes.size());
@@ -85,10 +88,19 @@ void Copier::CopyBitmap() {
     CloseClipboard();
 }
 
+bool Copier::CopyUntilTaken(std::u16string_view text) {
+    for (int tries = 0; tries < kTries; ++tries) {
+        if (CopyAndWaitForReader(text)) {
+            return true;
+        }
+    }
+    return false;
+}
+
 bool Copier::CopyAndWaitForReader(std::u16string_view text) {
     promised_ = UnitsOf(text);
     Copy({{CF_UNICODETEXT, ""}});
-    const ULONGLONG end = GetTickCount64() + kPatienceMs;
+    const ULONGLONG end = GetTickCount64() + kReaderPatienceMs;
     while (!promised_.empty() && GetTickCount64() < end) {
         MsgWaitForMultipleObjects(0, nullptr, FALSE, 20, QS_ALLINPUT);
         Pump();
