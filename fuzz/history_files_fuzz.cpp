@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
@@ -7,7 +6,6 @@
 #include <map>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "base/text.h"
 #include "fakes/fake_ansi_text.h"
@@ -123,13 +121,6 @@ std::u16string OneLine(std::u16string text) {
     return text;
 }
 
-// Whether all names are valid UTF-16. Others can't become paths and are not tried here.
-bool AreNames(const std::vector<std::u16string>& names) {
-    return std::ranges::all_of(names, [](const std::u16string& name) {
-        return vbr::Utf8ToUtf16(vbr::Utf16ToUtf8(name)) == name;
-    });
-}
-
 // What was read of an item's description survives being written.
 void TryInfo(std::string_view bytes) {
     const vbr::ItemInfo info = vbr::ReadItemInfo(bytes);
@@ -190,9 +181,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::size_t end = input.find(kSeparator);
     const std::string_view info = input.substr(0, end);
     TryInfo(info);
-    if (!AreNames(vbr::ReadItemInfo(info).Files)) {
-        return 0;
-    }
     Disk disk;
     disk.Files[kInfo] = info;
     disk.Default = end == input.npos ? std::string_view() : input.substr(end + kSeparator.size());

@@ -163,7 +163,8 @@ void HistoryFolder::Load(CCHQueue& queue) {
             Concat(u"Clipboard history not read: ", folder_.u16string(), u": ", error->Text));
     }
     for (const FolderEntry& entry : entries) {
-        if (entry.Kind == PathKind::File && EndsWithNoCase(entry.Name, kInfoExtension)) {
+        if (entry.Kind == PathKind::File && EndsWithNoCase(entry.Name, kInfoExtension) &&
+            IsPlainFileName(entry.Name)) {
             if (auto item = LoadItem(folder_ / entry.Name)) {
                 queue.Add(std::move(item), kNoItemLimit);
             }
@@ -279,6 +280,10 @@ std::size_t HistoryFolder::Clear_Directory_Exclude(const std::vector<fs::path>& 
     }
     return static_cast<std::size_t>(
         std::count_if(entries.begin(), entries.end(), [&](const FolderEntry& entry) {
+            if (!IsPlainFileName(entry.Name)) {
+                log_.LogError(Concat(u"Cannot delete the: ", entry.Name));
+                return false;
+            }
             const fs::path path = folder_ / entry.Name;
             const bool stays =
                 entry.Kind != PathKind::File ||

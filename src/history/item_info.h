@@ -32,7 +32,7 @@ ItemInfo ReadItemInfo(std::string_view bytes);
 // The file with another protection and all else as it is.
 std::string WithProtection(std::string_view bytes, bool value);
 
-// Whether the name leads to the folder that it stands in and nowhere else.
+// Whether the name can become a path that leads to the folder that it stands in and nowhere else.
 bool IsPlainFileName(std::u16string_view name);
 
 }  // namespace vbr
