@@ -13,6 +13,9 @@ struct WPMenuItem;
 // An ordered list of menu items, owned by value.
 using WPMenuGroup = std::vector<WPMenuItem>;
 
+// The id of the newest item of the clipboard history; the next older one has the next id.
+inline constexpr std::uint32_t kFirstHistoryItem = 2000;
+
 // What a menu shows of one entry. Phrase records extend it.
 struct WPMenuItem {
     std::unique_ptr<WPMenuGroup> Children;  // not null makes the item a sub-menu

@@ -54,8 +54,8 @@ ResolvedCommand CommandDelivery::ResolveCommand(std::uint32_t id) const {
     if (record && !record->IsGroup()) {
         return {DeliverResult::Phrase, record->Cmd, record->DataType};
     }
-    if (!record && id >= kFirstHistoryId) {
-        if (auto clip = parts_.Host.HistoryItem(id - kFirstHistoryId)) {
+    if (!record && id >= kFirstHistoryItem) {
+        if (auto clip = parts_.Host.HistoryItem(id - kFirstHistoryItem)) {
             return {DeliverResult::HistoryItem, std::move(clip->Text), clip->DataType};
         }
     }

@@ -16,9 +16,6 @@
 
 namespace vbr {
 
-// The id of the first history item in the phrase menu; the others follow.
-inline constexpr std::uint32_t kFirstHistoryId = 2000;
-
 // What an id stood for. A phrase whose tree was read again meanwhile counts as Handled: its id may
 // be another's by now.
 enum class DeliverResult { Handled = 0, HistoryItem = 1, Phrase = 2, Nothing = 3 };

@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+#include "base/menu_item.h"
+
 namespace vbr {
 
 // Bits of CMenuItemInfo::ItemFlags.
@@ -52,9 +54,6 @@ struct PhraseMenuItem {
 };
 
 using PhraseMenu = std::vector<PhraseMenuItem>;
-
-// The id of the newest history item; the next older one has the next id.
-inline constexpr std::uint32_t kFirstHistoryItem = 2000;
 
 // A text as a label can hold it: control characters become blanks, and its end is cut off.
 std::u16string MenuLabel(std::u16string_view text);

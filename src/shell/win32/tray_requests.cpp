@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "base/text.h"
 #include "history/win32/clipboard_handler.h"
+#include "menu/extra_commands.h"
 #include "platform/win32/wide.h"
 #include "resources/resource_ids.h"
 #include "shell/choice_block.h"
@@ -13,12 +14,6 @@ namespace vbr {
 namespace {
 
 constexpr std::uint32_t kQueryBalloonMs = 3000;
-
-// Choices of the menu that are no item's id. There are others: no choice, and what is off.
-constexpr std::int32_t kChoiceEditPhrases = -2;
-constexpr std::int32_t kChoiceHistoryPane = -3;
-constexpr std::int32_t kChoiceSelectionIntoPhrase = -4;
-constexpr std::int32_t kChoiceSupport = -6;
 
 }  // namespace
 
@@ -214,16 +209,16 @@ void CVBRTrayWnd::React(std::int32_t choice, WindowHandle target) {
     }
     road_->RestoreClipboardSnapshot();
     switch (choice) {
-        case kChoiceEditPhrases:
+        case kResultEditPhrases:
             context_.TrayRooms.Companions.StartEditor(false, {});
             break;
-        case kChoiceHistoryPane:
+        case kResultHistoryPane:
             SendMessageW(Handle(), WM_COMMAND, kCmdTogglePane, 0);
             break;
-        case kChoiceSelectionIntoPhrase:
+        case kResultSelectionIntoPhrase:
             context_.TrayRooms.Companions.StartEditor(false, road_->SelectedText());
             break;
-        case kChoiceSupport:
+        case kResultSupport:
             PostMessageW(Handle(), WM_COMMAND, kCmdSupport, 0);
             break;
         default:
