@@ -24,7 +24,7 @@ namespace vbr::bench {
 namespace {
 
 // A query crosses three threads and four kernel objects, a bare answer two and one.
-constexpr double kBound = 8;
+constexpr double kBound = 5;
 constexpr UINT kQueryReady = WM_APP + 3;
 constexpr UINT kWaitError = WM_APP + 18;
 

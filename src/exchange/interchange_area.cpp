@@ -11,17 +11,18 @@ constexpr int kCheckedLength = 409'600;  // bytes that are looked at before a te
 
 }  // namespace
 
-bool InterchangeArea::ReadQuery(WPQuery& query) const {
-    const SharedText text = memory_.ReadText(name_);
-    switch (text.State) {
-        case SharedTextState::NotOpened:
-            log_.Write(u"cannot open file");
-            return false;
-        case SharedTextState::NotMapped:
-            log_.Write(u"cannot MapViewOfFile");
-            return false;
-        default:
-            break;
+bool InterchangeArea::ReadQuery(WPQuery& query) {
+    if (!held_) {
+        held_ = memory_.OpenBlock(name_);
+    }
+    if (!held_) {
+        log_.Write(u"cannot open file");
+        return false;
+    }
+    const SharedText text = held_->Read();
+    if (text.State == SharedTextState::NotMapped) {
+        log_.Write(u"cannot MapViewOfFile");
+        return false;
     }
     log_.Write(
         Concat(u"Read A from buffer, filelen=", text.Bytes.size(), u" max_len=", kCheckedLength));

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <cstddef>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -20,7 +20,9 @@ class InterchangeArea {
         : memory_(memory), name_(name), log_(log) {}
 
     // Fills the query from the document in the area; false when there is none that can be read.
-    bool ReadQuery(WPQuery& query) const;
+    // Holds on to the area, so that the next query is read at once.
+    bool ReadQuery(WPQuery& query);
+    void LetGo() { held_.reset(); }
 
     // Lays the answer into the area. False when it has no items, which is no failure, or the area
     // can't be written.
@@ -30,6 +32,7 @@ class InterchangeArea {
     SharedMemory& memory_;
     std::u16string name_;
     Log& log_;
+    std::unique_ptr<SharedBlock> held_;
 };
 
 }  // namespace vbr

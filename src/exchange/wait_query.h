@@ -65,7 +65,7 @@ class QueryWaiter {
 // Runs on a thread of its own.
 class CWaitQuery {
   public:
-    CWaitQuery(QuerySignals& signals, const InterchangeArea& area, SelectedTextReader& selection,
+    CWaitQuery(QuerySignals& signals, InterchangeArea& area, SelectedTextReader& selection,
                QueryReceiver& receiver, Log& log)
         : signals_(signals), area_(area), selection_(selection), receiver_(receiver), log_(log) {}
 
@@ -77,7 +77,7 @@ class CWaitQuery {
     void LogQuery(const WPQuery& query) const;
 
     QuerySignals& signals_;
-    const InterchangeArea& area_;
+    InterchangeArea& area_;
     SelectedTextReader& selection_;
     QueryReceiver& receiver_;
     Log& log_;

@@ -29,7 +29,7 @@ class WaitQuery : public testing::Test,
     std::uint32_t Run(std::deque<QueryWake> wakes) {
         wakes_ = std::move(wakes);
         Calls.clear();
-        const InterchangeArea area(memory_, kArea, Log);
+        InterchangeArea area(memory_, kArea, Log);
         return CWaitQuery(*this, area, Selection, *this, Log).ThreadProc_WaitQuery();
     }
     void Lay(const std::string& document) { memory_.Blocks[std::u16string(kArea)] = document; }
@@ -95,15 +95,19 @@ TEST_F(WaitQuery, AWindowThatDoesNotAnswerInTimeLeavesTheEventsAlone) {
 }
 
 TEST_F(WaitQuery, AnAreaThatCannotBeReadLetsTheHookSideGoOn) {
-    for (const SharedTextState state :
-         {SharedTextState::NotOpened, SharedTextState::NotMapped, SharedTextState::NotReadable}) {
-        memory_.ReadState = state;
+    const auto isNotRead = [this] {
         Run({kQuery, kStop});
         EXPECT_EQ(Calls, (Journal{"needed off", "completed on"}));
+    };
+    isNotRead();
+    Lay("<WPQuery/>");
+    for (const auto state : {SharedTextState::NotMapped, SharedTextState::NotReadable}) {
+        memory_.ReadState = state;
+        isNotRead();
     }
+    memory_.ReadState = SharedTextState::Read;
     Lay("");
-    Run({kQuery, kStop});
-    EXPECT_EQ(Calls, (Journal{"needed off", "completed on"}));
+    isNotRead();
     EXPECT_THAT(Log.Lines, Contains(u"cannot open file"));
     EXPECT_THAT(Log.Lines, Contains(u"cannot MapViewOfFile"));
     EXPECT_THAT(Log.Lines, Contains(u"Cannot read query from MMF"));

@@ -14,26 +14,26 @@ class FakeSharedMemory : public SharedMemory {
     std::map<std::u16string, std::string> Blocks;
     int Made = 0;
     bool Fails = false;
-    SharedTextState ReadState = SharedTextState::NotOpened;  // of a block that isn't there
+    SharedTextState ReadState = SharedTextState::Read;
 
     std::unique_ptr<SharedBlock> Create(std::u16string_view name, std::uint32_t bytes) override {
         if (Fails) {
             return nullptr;
         }
         ++Made;
-        return std::make_unique<Block>(Blocks[std::u16string(name)], bytes);
+        return std::make_unique<Block>(*this, Blocks[std::u16string(name)], bytes);
     }
 
-    SharedText ReadText(std::u16string_view name) const override {
+    std::unique_ptr<SharedBlock> OpenBlock(std::u16string_view name) override {
         const auto block = Blocks.find(std::u16string(name));
-        return block == Blocks.end() ? SharedText{ReadState, {}}
-                                     : SharedText{SharedTextState::Read, block->second};
+        return block == Blocks.end() ? nullptr : std::make_unique<Block>(*this, block->second, 0U);
     }
 
   private:
     class Block : public SharedBlock {
       public:
-        Block(std::string& content, std::uint32_t bytes) : content_(content), bytes_(bytes) {}
+        Block(const FakeSharedMemory& memory, std::string& content, std::uint32_t bytes)
+            : memory_(memory), content_(content), bytes_(bytes) {}
         bool Write(std::string_view text) override {
             if (text.size() + 1 > bytes_) {
                 return false;
@@ -41,8 +41,13 @@ class FakeSharedMemory : public SharedMemory {
             content_ = text;
             return true;
         }
+        SharedText Read() override {
+            const bool reads = memory_.ReadState == SharedTextState::Read;
+            return {memory_.ReadState, reads ? content_ : std::string()};
+        }
 
       private:
+        const FakeSharedMemory& memory_;
         std::string& content_;
         std::uint32_t bytes_;
     };

@@ -39,6 +39,7 @@ struct FakeMemory : SharedMemory {
             Memory.Written = text;
             return true;
         }
+        SharedText Read() override { return {}; }
         FakeMemory& Memory;
         std::string Name;
     };
@@ -48,7 +49,7 @@ struct FakeMemory : SharedMemory {
         return Fails ? nullptr : std::make_unique<Block>(*this, shortName);
     }
 
-    SharedText ReadText(std::u16string_view) const override { return {}; }
+    std::unique_ptr<SharedBlock> OpenBlock(std::u16string_view) override { return nullptr; }
 
     Journal& Calls;
     std::string Written;

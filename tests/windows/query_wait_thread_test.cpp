@@ -116,7 +116,7 @@ TEST_F(QueryWait, AnAnswerLiesInTheAreaWhenTheHookSideIsTold) {
     ASSERT_TRUE(thread_.Start(*needed_, *completed_));
     LayQuery("<WPQuery/>");
     ASSERT_TRUE(Pump([&] { return IsCompleted(); }));
-    const std::string answer = memory_.ReadText(kAreaInterchange).Bytes;
+    const std::string answer = memory_.OpenBlock(kAreaInterchange)->Read().Bytes;
     EXPECT_NE(answer.find("<Command Flags=\"0\" CMDID=\"5\""), std::string::npos) << answer;
 }
 
@@ -136,9 +136,9 @@ TEST_F(QueryWait, AnAreaWithoutAZeroByteIsNotRead) {
     void* view = MapViewOfFile(mapping.get(), FILE_MAP_WRITE, 0, 0, 0);
     ASSERT_TRUE(view);
     std::memset(view, 'x', kAreaInterchangeSize);
-    EXPECT_EQ(memory_.ReadText(kAreaInterchange).State, SharedTextState::NotReadable);
+    EXPECT_EQ(memory_.OpenBlock(kAreaInterchange)->Read().State, SharedTextState::NotReadable);
     UnmapViewOfFile(view);
-    EXPECT_EQ(memory_.ReadText(u"no such area").State, SharedTextState::NotOpened);
+    EXPECT_EQ(memory_.OpenBlock(u"no such area"), nullptr);
 }
 
 TEST_F(QueryWait, AWindowThatAnswersTooLateHearsOfTheNextQuery) {

@@ -69,6 +69,7 @@ void QueryWaitThread::Stop() {
     }
     WaitAndAnswer(ended_.Get());
     thread_.join();
+    area_.LetGo();
 }
 
 std::shared_ptr<QueryExchange> QueryWaitThread::Find(WPARAM query, LPARAM answer) {

@@ -9,9 +9,16 @@
 namespace vbr {
 namespace {
 
+struct ViewCloser {
+    using pointer = const char*;
+    void operator()(const char* view) const { UnmapViewOfFile(view); }
+};
+using UniqueView = std::unique_ptr<const char, ViewCloser>;
+
 class WinSharedBlock : public SharedBlock {
   public:
-    WinSharedBlock(UniqueHandle handle, std::uint32_t bytes)
+    // Of a block that is only read the size is not known.
+    explicit WinSharedBlock(UniqueHandle handle, std::uint32_t bytes = 0)
         : handle_(std::move(handle)), bytes_(bytes) {}
 
     // A view for the write alone. The system would map up to the end of the block's last page,
@@ -30,14 +37,32 @@ class WinSharedBlock : public SharedBlock {
         return UnmapViewOfFile(view) != 0;
     }
 
+    // Keeps its view for the next time.
+    SharedText Read() override {
+        if (!view_) {
+            MEMORY_BASIC_INFORMATION region{};
+            view_.reset(
+                static_cast<const char*>(MapViewOfFile(handle_.get(), FILE_MAP_READ, 0, 0, 0)));
+            if (!view_ || VirtualQuery(view_.get(), &region, sizeof region) == 0) {
+                view_.reset();
+                return {SharedTextState::NotMapped, {}};
+            }
+            mapped_ = region.RegionSize;
+        }
+        // Another process may take the zero byte away while this looks for it.
+        const std::string_view mapped(view_.get(), mapped_);
+        const std::size_t end = mapped.find('\0');
+        if (end == mapped.npos) {
+            return {SharedTextState::NotReadable, {}};
+        }
+        return {SharedTextState::Read, std::string(mapped.substr(0, end))};
+    }
+
   private:
     UniqueHandle handle_;
     std::uint32_t bytes_;
-};
-
-struct ViewCloser {
-    using pointer = const char*;
-    void operator()(const char* view) const { UnmapViewOfFile(view); }
+    UniqueView view_;
+    std::size_t mapped_ = 0;
 };
 
 UniqueHandle OpenByName(std::u16string_view name, DWORD access) {
@@ -105,24 +130,9 @@ std::unique_ptr<SharedBlock> WinNamedObjects::Create(std::u16string_view name,
     return handle ? std::make_unique<WinSharedBlock>(std::move(handle), bytes) : nullptr;
 }
 
-SharedText WinNamedObjects::ReadText(std::u16string_view name) const {
-    const UniqueHandle handle(OpenFileMappingW(FILE_MAP_READ, FALSE, Wide(std::u16string(name))));
-    if (!handle) {
-        return {SharedTextState::NotOpened, {}};
-    }
-    const std::unique_ptr<const char, ViewCloser> view(
-        static_cast<const char*>(MapViewOfFile(handle.get(), FILE_MAP_READ, 0, 0, 0)));
-    MEMORY_BASIC_INFORMATION region{};
-    if (!view || VirtualQuery(view.get(), &region, sizeof region) == 0) {
-        return {SharedTextState::NotMapped, {}};
-    }
-    // Another process may take the zero byte away while this looks for it.
-    const std::string_view mapped(view.get(), region.RegionSize);
-    const std::size_t end = mapped.find('\0');
-    if (end == mapped.npos) {
-        return {SharedTextState::NotReadable, {}};
-    }
-    return {SharedTextState::Read, std::string(mapped.substr(0, end))};
+std::unique_ptr<SharedBlock> WinNamedObjects::OpenBlock(std::u16string_view name) {
+    UniqueHandle handle(OpenFileMappingW(FILE_MAP_READ, FALSE, Wide(std::u16string(name))));
+    return handle ? std::make_unique<WinSharedBlock>(std::move(handle)) : nullptr;
 }
 
 }  // namespace vbr

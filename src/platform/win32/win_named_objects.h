@@ -34,7 +34,7 @@ class WinNamedObjects : public NamedObjects, public SharedMemory {
     bool Pulse(std::u16string_view name) override;
 
     std::unique_ptr<SharedBlock> Create(std::u16string_view name, std::uint32_t bytes) override;
-    SharedText ReadText(std::u16string_view name) const override;
+    std::unique_ptr<SharedBlock> OpenBlock(std::u16string_view name) override;
 };
 
 }  // namespace vbr
