@@ -5,6 +5,7 @@
 
 #include <fstream>
 #include <gtest/gtest.h>
+#include <iostream>
 
 #include "base/text.h"
 #include "desktop/driver/keyboard.h"
@@ -33,9 +34,20 @@ std::size_t ItemCountDigits() {
 
 class History : public testing::Test {
   protected:
+    // What there is to see of a failure stands here and in the log.
+    void TearDown() override {
+        if (!HasFailure()) {
+            return;
+        }
+        for (const StoredItem& item : ReadStoredHistory(program_.Folder())) {
+            std::cout << item.Info.Time << ' ' << Utf16ToUtf8(item.Info.Files[0]) << ' '
+                      << Utf16ToUtf8(item.Text) << '\n';
+        }
+        std::cout << Utf16ToUtf8(program_.Log()) << '\n';
+    }
     // A text is on the clipboard at the start, which becomes the first item.
     void Start(const std::string& settings = "") {
-        program_.WriteSettings("ShowHistoryPaneOnStart=0\n" + settings);
+        program_.WriteSettings("ShowHistoryPaneOnStart=0\nWriteLog=1\n" + settings);
         program_.AddPhrase("Only phrase", 1, "phrase");
         copier_.CopyText(u"start");
         ASSERT_TRUE(program_.StartResident());
@@ -44,6 +56,9 @@ class History : public testing::Test {
     Texts Newest(std::size_t count) { return NewestTexts(program_.Folder(), count); }
     bool WaitForNewest(const Texts& texts) {
         return copier_.WaitUntil([&] { return Newest(texts.size()) == texts; });
+    }
+    bool WaitForLog(std::u16string_view line) {
+        return copier_.WaitUntil([&] { return program_.Log().find(line) != std::u16string::npos; });
     }
     // Copies texts until one is taken, as it is some time after the program used the clipboard.
     std::u16string WaitUntilCaptures() {
@@ -62,7 +77,7 @@ class History : public testing::Test {
 
 TEST_F(History, EveryKindOfCopyIsKeptAsItsKind) {
     using namespace std::string_literals;
-    Start("WriteLog=1");
+    Start();
     copier_.Copy({{CF_UNICODETEXT, "p\0\0\0"s}, {Format(L"Rich Text Format"), "{\\rtf1 p}\0"s}});
     ASSERT_TRUE(WaitForNewest({u"{\\rtf1 p}"}));
     copier_.Copy({{CF_UNICODETEXT, "w\0\0\0"s},
@@ -74,9 +89,12 @@ TEST_F(History, EveryKindOfCopyIsKeptAsItsKind) {
     EXPECT_EQ(web.Info.WndName, u"Copying program");
     // Neither a private format, nor a bitmap while that is off, nor a secret makes an item.
     copier_.Copy({{Format(L"Some private format"), "x"s}});
+    EXPECT_TRUE(WaitForLog(u"it gives nothing that is kept"));
     copier_.CopyBitmap();
+    EXPECT_TRUE(WaitForLog(u"its format is off"));
     copier_.Copy({{CF_UNICODETEXT, "s\0\0\0"s},
                   {Format(L"ExcludeClipboardContentFromMonitorProcessing"), "1"s}});
+    EXPECT_TRUE(WaitForLog(u"its owner asks to leave it alone"));
     ASSERT_TRUE(copier_.CopyUntilTaken(u"end"));
     EXPECT_TRUE(WaitForNewest({u"end", u"w", u"{\\rtf1 p}", u"start"}));
     EXPECT_EQ(ReadStoredHistory(program_.Folder()).size(), 4U);
@@ -164,10 +182,8 @@ TEST_F(History, AFileInThePlaceOfTheFolderLeavesTheRestWorking) {
     ASSERT_TRUE(program_.StartResident());
     ASSERT_TRUE(copier_.CopyUntilTaken(u"text"));
     EXPECT_EQ(program_.End(), 0U);
-    std::ifstream file(program_.Folder() / L"LogReport.txt", std::ios::binary);
-    const std::string log(std::istreambuf_iterator<char>(file), {});
-    const std::u16string lines(reinterpret_cast<const char16_t*>(log.data()), log.size() / 2);
-    EXPECT_NE(lines.find(u"No folder for the clipboard history"), lines.npos);
+    const std::u16string log = program_.Log();
+    EXPECT_NE(log.find(u"No folder for the clipboard history"), log.npos);
 }
 
 }  // namespace

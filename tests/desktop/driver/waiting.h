@@ -18,7 +18,10 @@ bool WaitUntil(Condition&& holds, DWORD patienceMs = kPatienceMs) {
         if (GetTickCount64() >= giveUp) {
             return false;
         }
-        Sleep(20);
+        // Whoever asks a window of this process meanwhile, or for what it has copied, is answered.
+        MsgWaitForMultipleObjects(0, nullptr, FALSE, 20, QS_SENDMESSAGE);
+        MSG ignored;
+        PeekMessageW(&ignored, nullptr, 0, 0, PM_NOREMOVE | PM_QS_SENDMESSAGE);
     }
     return true;
 }
