@@ -87,7 +87,8 @@ void HWNDClipboardSpy::OnChangeChain(WindowHandle removed, WindowHandle next) {
 
 void HWNDClipboardSpy::OnTimer() {
     const std::uint32_t number = desktop_.SequenceNumber();
-    if (number == lastSequenceNumber_) {
+    // The number grows with each part of a change, but the change is told when it is whole.
+    if (number == lastSequenceNumber_ || desktop_.IsClipboardInUse()) {
         return;
     }
     lastSequenceNumber_ = number;
@@ -101,6 +102,9 @@ void HWNDClipboardSpy::OnTimer() {
     if (!IsInstalled()) {
         log_.Write(u"REINSTALL: InstalledNew=0");
         desktop_.PostStateChange();
+    } else if (desktop_.SequenceNumber() != number) {
+        // While nothing was subscribed, this one may have been told to nobody.
+        desktop_.PostChange(desktop_.ClipboardOwner());
     }
     reinstalling_ = false;
 }

@@ -43,6 +43,8 @@ class SpyDesktop {
     virtual void PostStateChange() = 0;
 
     virtual std::uint32_t SequenceNumber() const = 0;
+    // Whether another program is at the clipboard right now.
+    virtual bool IsClipboardInUse() const = 0;
     virtual WindowHandle ClipboardOwner() const = 0;
     virtual WindowHandle ForegroundWindow() const = 0;
 };
@@ -56,7 +58,7 @@ class ClipboardObserver {
 };
 
 // Learns that the clipboard changed and tells its observers. Once a second it looks whether a
-// change went by unnoticed; then it subscribes anew. Belongs to the main thread.
+// change went by unnoticed; then it subscribes anew, and misses nothing by that. Belongs to the main thread.
 class HWNDClipboardSpy {
   public:
     HWNDClipboardSpy(SpyDesktop& desktop, Log& log)

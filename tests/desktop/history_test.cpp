@@ -164,6 +164,17 @@ TEST_F(History, KilledWith500ItemsItHasAllOfThemInOrderAtTheNextStart) {
     EXPECT_TRUE(copier_.WaitUntil([&] { return Newest(600) == expected; }));
 }
 
+TEST_F(History, Of2000CopiesEachIsTakenAndTheLast30StayInOrder) {
+    Start();
+    Texts expected;
+    for (int i = 0; i < 2000; ++i) {
+        expected.insert(expected.begin(), Concat(u"copy ", i));
+        ASSERT_TRUE(copier_.CopyUntilTaken(expected.front())) << i;
+    }
+    expected.resize(30);
+    EXPECT_TRUE(copier_.WaitUntil([&] { return Newest(30) == expected; }));
+}
+
 TEST_F(History, CopiesAtFullSpeedLeaveItResponsiveWithTheLastOne) {
     Start();
     for (int i = 0; i < 1000; ++i) {

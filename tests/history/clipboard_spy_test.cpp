@@ -24,7 +24,13 @@ class FakeSpyDesktop : public SpyDesktop {
     std::uint32_t Sequence = 1;
     std::function<void(WindowHandle)> OnSent;
 
-    bool AddListener() override { return Note("listen", HasListener); }
+    bool InUse = false;
+    bool ChangesMeanwhile = false;
+
+    bool AddListener() override {
+        Sequence += ChangesMeanwhile ? 1 : 0;
+        return Note("listen", HasListener);
+    }
     void RemoveListener() override { Note("unlisten"); }
     WindowHandle Viewer() const override { return First; }
     std::optional<WindowHandle> SetViewer() override {
@@ -46,6 +52,7 @@ class FakeSpyDesktop : public SpyDesktop {
     void PostChange(WindowHandle owner) override { Note("change " + std::to_string(owner)); }
     void PostStateChange() override { Note("state"); }
     std::uint32_t SequenceNumber() const override { return Sequence; }
+    bool IsClipboardInUse() const override { return InUse; }
     WindowHandle ClipboardOwner() const override { return 7; }
     WindowHandle ForegroundWindow() const override { return 8; }
 
@@ -137,9 +144,24 @@ TEST_F(Spy, ChangeThatWentByUnnoticedBringsANewSubscription) {
     spy_.OnTimer();
     EXPECT_EQ(Calls(), Journal{});
     ++desktop_.Sequence;
+    desktop_.InUse = true;
+    spy_.OnTimer();
+    EXPECT_EQ(Calls(), Journal{});
+    desktop_.InUse = false;
     spy_.OnTimer();
     EXPECT_EQ(Calls(), (Journal{"unlisten", "no timer", "listen", "timer"}));
     EXPECT_EQ(told_, (Journal{"change 7 3"}));
+}
+
+TEST_F(Spy, ChangeDuringANewSubscriptionIsTold) {
+    ASSERT_TRUE(spy_.InstallMethod(kSelf, true));
+    Calls();
+    ++desktop_.Sequence;
+    desktop_.ChangesMeanwhile = true;
+    spy_.OnTimer();
+    EXPECT_EQ(Calls(), (Journal{"unlisten", "no timer", "listen", "timer", "change 7"}));
+    spy_.OnTimer();
+    EXPECT_EQ(told_, Journal{});
 }
 
 TEST_F(Spy, LostSubscriptionIsToldOnce) {

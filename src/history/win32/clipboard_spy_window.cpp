@@ -175,6 +175,10 @@ std::uint32_t ClipboardSpyWindow::SequenceNumber() const {
     return GetClipboardSequenceNumber();
 }
 
+bool ClipboardSpyWindow::IsClipboardInUse() const {
+    return !OpenClipboard(Handle()) || !CloseClipboard();
+}
+
 WindowHandle ClipboardSpyWindow::ClipboardOwner() const {
     return NumberOf(GetClipboardOwner());
 }

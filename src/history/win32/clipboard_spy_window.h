@@ -43,6 +43,7 @@ class ClipboardSpyWindow : public WindowBase, private SpyDesktop {
     void PostChange(WindowHandle owner) override;
     void PostStateChange() override;
     std::uint32_t SequenceNumber() const override;
+    bool IsClipboardInUse() const override;
     WindowHandle ClipboardOwner() const override;
     WindowHandle ForegroundWindow() const override;
 

@@ -11,9 +11,6 @@
 namespace vbr::desktop {
 namespace {
 
-constexpr DWORD kReaderPatienceMs = 5000;
-constexpr int kTries = 6;
-
 HGLOBAL MemoryOf(std::string_view bytes) {
     HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, bytes.size());
     std::memcpy(GlobalLock(memory), bytes.data(), bytes.size());
@@ -89,23 +86,9 @@ void Copier::CopyBitmap() {
 }
 
 bool Copier::CopyUntilTaken(std::u16string_view text) {
-    for (int tries = 0; tries < kTries; ++tries) {
-        if (CopyAndWaitForReader(text)) {
-            return true;
-        }
-    }
-    return false;
-}
-
-bool Copier::CopyAndWaitForReader(std::u16string_view text) {
     promised_ = UnitsOf(text);
     Copy({{CF_UNICODETEXT, ""}});
-    const ULONGLONG end = GetTickCount64() + kReaderPatienceMs;
-    while (!promised_.empty() && GetTickCount64() < end) {
-        MsgWaitForMultipleObjects(0, nullptr, FALSE, 20, QS_ALLINPUT);
-        Pump();
-    }
-    return promised_.empty();
+    return WaitUntil([this] { return promised_.empty(); });
 }
 
 void Copier::Pump() {

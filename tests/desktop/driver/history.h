@@ -30,8 +30,7 @@ class Copier {
     void CopyText(std::u16string_view text);
     // A black bitmap, beside a text.
     void CopyBitmap();
-    // Promises the text and waits until somebody has asked for it; copies it again, as a person
-    // would, when nobody does for some seconds. False when that doesn't help either.
+    // Promises the text and waits until somebody has asked for it; false when nobody does.
     bool CopyUntilTaken(std::u16string_view text);
 
     // Asks again and again until the condition holds, and answers messages meanwhile as the owner
@@ -45,7 +44,6 @@ class Copier {
     }
 
   private:
-    bool CopyAndWaitForReader(std::u16string_view text);
     static void Pump();
     static LRESULT CALLBACK WindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
