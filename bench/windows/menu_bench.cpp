@@ -128,7 +128,7 @@ class PhraseMenuDesk {
   public:
     PhraseMenuDesk(HWND window, std::size_t count)
         : presenter_({window, settings_, desk_.Texts, clock_, guard_.Sections, guard_.Log,
-                      [](RightMenuCode, std::uint32_t) { return false; }, [] {}}),
+                      [](RightMenuCode, std::uint32_t) { return false; }, [] {}, u""}),
           handler_({phrases_.Tree, desk_.Items, history_, settings_, desk_.Texts, presenter_,
                     clock_, guard_.Sections, guard_.Log,
                     [](WindowHandle asked) {

@@ -54,6 +54,8 @@ inline constexpr std::u16string_view kMessageHistoryLoaded =
 inline constexpr std::u16string_view kMessageItemSaved = u"{F762C94C-9D69-4a96-B8FD-7F53F4157D13}";
 inline constexpr std::u16string_view kMessageAddItem = u"{540F133E-3D6B-49e4-87A5-C19CA88FC341}";
 inline constexpr std::u16string_view kMessageItemStored = u"{30462FA5-8E5D-4702-A0CD-6C06742AD9BC}";
+// Of a menu's tip to the window that may know more of an item.
+inline constexpr std::u16string_view kMessageMenuTip = u"9176C785-52C0-432a-AB51-C8439932297C";
 // The closing brace is missing in the name itself.
 inline constexpr std::u16string_view kMessageQuery = u"{FC970502-EECA-4c50-AF80-CF39EA345E99";
 

@@ -16,6 +16,7 @@
 #include "desktop/driver/wordpad.h"
 #include "platform/win32/wide.h"
 #include "resources/resource_ids.h"
+#include "windows/target_thread.h"
 
 namespace vbr::desktop {
 namespace {
@@ -251,6 +252,53 @@ TEST_F(DeliveryTest, AClipboardThatIsHeldLosesThatTextAloneAndIsTold) {
     CloseClipboard();
     Choose(notepad, 1);
     EXPECT_EQ(notepad.WaitForText(u"then"), u"then");
+}
+
+TEST_F(DeliveryTest, AMegabyteIsPasted) {
+    std::string xml;
+    std::u16string expected;
+    for (int line = 0; line < 10'000; ++line) {
+        xml += std::string(100, static_cast<char>('a' + line % 26)) + "&#x0D;&#x0A;";
+        expected += std::u16string(100, static_cast<char16_t>(u'a' + line % 26)) + u"\r\n";
+    }
+    AddPhrase(xml);
+    Start(2);
+    const Notepad notepad;
+    Choose(notepad);
+    EXPECT_TRUE(notepad.WaitForText(expected) == expected);
+}
+
+HANDLE g_hang;
+
+LRESULT CALLBACK HangOnUser(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_USER) {
+        WaitForSingleObject(g_hang, INFINITE);
+    }
+    return TargetThread::CallOriginal(window, message, wParam, lParam);
+}
+
+TEST_F(DeliveryTest, AHungTargetHoldsNobodyUp) {
+    AddPhrase("text");
+    Start(0);
+    const UniqueHandle hang(CreateEventW(nullptr, TRUE, FALSE, nullptr));
+    g_hang = hang.get();
+    const TargetThread target(L"Edit", 0, HangOnUser);
+    ASSERT_TRUE(WaitUntil([&] {
+        SetForegroundWindow(target.Window());
+        return GetForegroundWindow() == target.Window();
+    }));
+    PostMessageW(target.Window(), WM_USER, 0, 0);
+    PressHotkey();
+    EXPECT_TRUE(WaitForMenu());
+    ChooseMenuItem(0);
+    EXPECT_TRUE(WaitForNoMenu());
+    EXPECT_TRUE(WaitUntil(
+        [this] { return program_.Log().find(u"DoPrint: text") != std::u16string::npos; }));
+    EXPECT_TRUE(WaitUntilReady());
+    const Notepad notepad;
+    Choose(notepad);
+    EXPECT_EQ(notepad.WaitForText(u"text"), u"text");
+    SetEvent(g_hang);
 }
 
 TEST_F(DeliveryTest, ATargetThatClosesUnderTheMenuIsTold) {

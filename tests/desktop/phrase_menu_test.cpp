@@ -151,6 +151,31 @@ TEST_F(PhraseMenuOnDesktop, ARightClickCopiesAndTheMenuStaysOpen) {
     EXPECT_EQ(notepad_.Text(), u"sel");
 }
 
+TEST_F(PhraseMenuOnDesktop, TheKeyboardOpensTheRightClickMenuToo) {
+    Add("Alpha", "first");
+    Add("Beta", "second");
+    Start();
+    for (const auto& keys : {std::vector<WORD>{VK_APPS}, std::vector<WORD>{VK_SHIFT, VK_F10}}) {
+        OpenMenu();
+        const HWND menu = TopMenuWindow();
+        PressKeys({'B'});
+        ASSERT_TRUE(WaitUntil([this] { return SelectedLabel() == u"Beta"; }));
+        PressKeys(keys);
+        ASSERT_TRUE(WaitUntil([menu] { return TopMenuWindow() != menu; }));
+        const HWND rightMenu = TopMenuWindow();
+        EXPECT_EQ(FindMenuLine(u"Search In Google [second]").Depth, 0);
+        PressKeys({VK_DOWN, VK_RETURN});
+        EXPECT_TRUE(WaitUntil([] { return ClipboardText() == u"second"; }));
+        // The phrase menu has closed with the other one here, and is there again.
+        ASSERT_TRUE(WaitUntil([=] {
+            const HWND top = TopMenuWindow();
+            return top && top != menu && top != rightMenu;
+        }));
+        PressKeys({VK_ESCAPE});
+        ASSERT_TRUE(WaitForNoMenu());
+    }
+}
+
 TEST_F(PhraseMenuOnDesktop, ARightClickOnAnExtraCommandOpensNothing) {
     Add("Alpha", "a");
     Start();

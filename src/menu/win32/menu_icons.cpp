@@ -5,6 +5,7 @@
 #include <shellapi.h>
 #include <vector>
 
+#include "platform/win32/wide.h"
 #include "resources/resource_ids.h"
 
 namespace vbr {
@@ -64,6 +65,15 @@ HICON MenuIcons::GetResource(int id, int size) {
                                                  IMAGE_ICON, size, size, LR_DEFAULTCOLOR)));
     }
     return icon.get();
+}
+
+HICON MenuIcons::GetProgram(const std::u16string& path) {
+    const auto [place, isNew] = programs_.try_emplace(path);
+    SHFILEINFOW info{};
+    if (isNew && SHGetFileInfoW(Wide(path), 0, &info, sizeof info, SHGFI_ICON | SHGFI_SMALLICON)) {
+        place->second.reset(info.hIcon);
+    }
+    return place->second.get();
 }
 
 UniqueIcon MakeGrayIcon(HICON icon) {

@@ -4,6 +4,7 @@
 #include "platform/win32/windows.h"
 
 #include <map>
+#include <string>
 #include <utility>
 
 #include "menu/menu_look.h"
@@ -18,9 +19,12 @@ class MenuIcons {
     HICON Get(MenuIcon kind, int size);
     // An icon of the program's resources.
     HICON GetResource(int id, int size);
+    // The small icon that the shell shows for a program; null when there is no such file.
+    HICON GetProgram(const std::u16string& path);
 
   private:
     std::map<std::pair<int, int>, UniqueIcon> resources_;  // by id and size
+    std::map<std::u16string, UniqueIcon> programs_;        // by path
     UniqueIcon plainText_;
     bool plainTextTried_ = false;
 };

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <commctrl.h>
 
+#include "platform/object_names.h"
 #include "platform/win32/wide.h"
 
 namespace vbr {
@@ -192,16 +193,23 @@ void CMenuToolTip::Cancel() {
     HideTip();
 }
 
+MenuTipBlock CMenuToolTip::TipOf(std::uint32_t id) {
+    static const UINT ask = RegisterWindowMessageW(Wide(kMessageMenuTip.data()));
+    MenuTipBlock tip{.Id = id};
+    if (!source_ || SendMessageW(source_, ask, 0, reinterpret_cast<LPARAM>(&tip)) == 0) {
+        GetTipText(tip.Text, id, menu_, tip.Title);
+    }
+    return tip;
+}
+
 void CMenuToolTip::ShowTip(std::uint32_t id) {
-    std::u16string text;
-    std::u16string title;
-    GetTipText(text, id, menu_, title);
-    std::u16string shown = text.empty() ? defaultText_ : TipTextToShow(text);
+    const MenuTipBlock tip = TipOf(id);
+    std::u16string shown = tip.Text.empty() ? defaultText_ : TipTextToShow(tip.Text);
     TTTOOLINFOW tool = ToolOf(owner_);
     tool.lpszText = Wide(shown.data());
     SendMessageW(tip_.get(), TTM_UPDATETIPTEXTW, 0, reinterpret_cast<LPARAM>(&tool));
-    if (!title.empty()) {
-        SetTipTitle(title, id, nullptr);
+    if (!tip.Title.empty()) {
+        SetTipTitle(tip.Title, id, tip.Icon);
     }
     Place(id);
     if (ActivateTip(true)) {

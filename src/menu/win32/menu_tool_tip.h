@@ -19,6 +19,15 @@ struct TipWindowDestroyer {
 };
 using UniqueTipWindow = std::unique_ptr<std::remove_pointer_t<HWND>, TipWindowDestroyer>;
 
+// What a window answers to the registered message kMessageMenuTip, whose lParam is the block's
+// address, when it has a tip for the item; its result is not 0 then.
+struct MenuTipBlock {
+    std::uint32_t Id = 0;
+    std::u16string Title;  // empty: as it is
+    std::u16string Text;
+    HICON Icon = nullptr;  // its owner's; null: the command's own
+};
+
 // The tip that opens beside an item of a menu when the user rests on it. The window that owns the
 // menu passes its messages on; belongs to that window's thread.
 class CMenuToolTip {
@@ -50,6 +59,9 @@ class CMenuToolTip {
     void CreateTip(HWND owner, std::u16string_view defaultText, DWORD style,
                    std::u16string_view title);
 
+    // A window of this process that is asked for each tip first.
+    void SetSource(HWND source) { source_ = source; }
+
     void OnMenuSelect(std::uint32_t id, std::uint32_t flags, HMENU menu);
     void OnEnterIdle(WPARAM reason, HWND menuWindow);
     void OnTimer();
@@ -68,12 +80,14 @@ class CMenuToolTip {
     virtual void DressTip() {}
     bool EnsureWindow();
     void ShowTip(std::uint32_t id);
+    MenuTipBlock TipOf(std::uint32_t id);
     void Place(std::uint32_t id);
     SIZE TipSize() const;
     void WaitFor(std::uint32_t milliseconds);
 
     TipDelay delay_;
     HWND owner_ = nullptr;
+    HWND source_ = nullptr;
     HMENU menu_ = nullptr;
     std::uint32_t shown_ = 0;  // the item whose tip shows, 0 for none
     HWND menuWindow_ = nullptr;

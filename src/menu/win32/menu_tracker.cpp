@@ -52,8 +52,9 @@ HWND CMenuTracker::Create(bool withTips) {
     creation.Style = WS_CHILD;
     creation.Parent = HWND_MESSAGE;
     if (WindowBase::Create(creation) && withTips) {
-        tip_ =
-            std::make_unique<CPhraseMenuToolTip>(menu_, parts_.Painter, parts_.Texts, parts_.Clock);
+        tip_ = std::make_unique<CPhraseMenuToolTip>(menu_, parts_.Painter, parts_.Texts,
+                                                    parts_.Clock, parts_.Editor);
+        tip_->SetSource(parts_.TipSource);
         tip_->Create(Handle());
     }
     OpenTracker() = this;

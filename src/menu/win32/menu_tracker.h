@@ -33,6 +33,8 @@ struct MenuTrackerParts {
     // Carries out a command of the right-click menu on the item with that id; true when the phrase
     // menu is to close.
     std::function<bool(RightMenuCode code, std::uint32_t id)> OnRightCommand;
+    HWND TipSource;         // may know more of an item than its tip
+    std::u16string Editor;  // path of the phrase editor's program
 };
 
 // The message-only window that owns the phrase menu while it is open: it has its items painted,

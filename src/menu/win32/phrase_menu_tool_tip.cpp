@@ -3,7 +3,9 @@
 
 #include <commctrl.h>
 
+#include "base/text.h"
 #include "base/version.h"
+#include "platform/win32/wide.h"
 #include "resources/resource_ids.h"
 
 namespace vbr {
@@ -11,6 +13,13 @@ namespace {
 
 constexpr DWORD kStyle = TTS_NOPREFIX | TTS_NOANIMATE | TTS_CLOSE;
 constexpr char16_t kDefaultText[] = u"Ooops! Tip text not found";
+
+// The dialog of that name is a program of its own where the system has one.
+std::u16string OpenWithProgram() {
+    wchar_t folder[MAX_PATH] = L"";
+    GetSystemDirectoryW(folder, MAX_PATH);
+    return Concat(std::u16string_view(FromWide(folder)), u"\\OpenWith.exe");
+}
 
 int IconOfCommand(std::uint32_t id) {
     switch (id) {
@@ -43,6 +52,15 @@ void CPhraseMenuToolTip::DressTip() {
 }
 
 HICON CPhraseMenuToolTip::GetCommandIcon(std::uint32_t id) {
+    HICON program = nullptr;
+    if (id == kCmdEditPhrases || id == kCmdAddSelectionAsPhrase) {
+        program = painter_.Icons().GetProgram(editor_);
+    } else if (id == kCmdOpenWith) {
+        program = painter_.Icons().GetProgram(OpenWithProgram());
+    }
+    if (program) {
+        return program;
+    }
     return painter_.Icons().GetResource(IconOfCommand(id), GetSystemMetrics(SM_CXSMICON));
 }
 

@@ -38,8 +38,9 @@ std::uint32_t PopupMenuPresenter::Track(ShownMenu& menu, POINT point) {
     int choice = 0;
     // Where the end of a menu within it ends the phrase menu too, that opens again.
     for (bool again = true; again;) {
-        CMenuTracker tracker(
-            {painter_, parts_.Texts, parts_.Clock, parts_.Log, parts_.OnRightCommand}, menu);
+        CMenuTracker tracker({painter_, parts_.Texts, parts_.Clock, parts_.Log,
+                              parts_.OnRightCommand, parts_.Foreground, parts_.Editor},
+                             menu);
         const HWND owner = tracker.Create(parts_.Settings.MenuToolTips);
         choice = TrackPopupMenuEx(menu.Root(), TPM_RETURNCMD, point.x, point.y, owner, nullptr);
         again =

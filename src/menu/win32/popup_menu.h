@@ -15,7 +15,7 @@ namespace vbr {
 class PopupMenuPresenter : public MenuPresenter {
   public:
     struct Parts {
-        // The window that takes the keyboard while the menu is open.
+        // The program's window: takes the keyboard while the menu is open, and is asked for tips.
         HWND Foreground;
         const CVBRSettings& Settings;
         const Strings& Texts;
@@ -24,6 +24,7 @@ class PopupMenuPresenter : public MenuPresenter {
         vbr::Log& Log;
         std::function<bool(RightMenuCode code, std::uint32_t id)> OnRightCommand;
         std::function<void()> OnClosed;
+        std::u16string Editor;  // path of the phrase editor's program
     };
 
     explicit PopupMenuPresenter(const Parts& parts)

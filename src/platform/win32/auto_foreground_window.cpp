@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/win32/auto_foreground_window.h"
 
+#include "platform/win32/answering.h"
+
 namespace vbr {
 namespace {
 
@@ -10,11 +12,12 @@ bool IsForeign(HWND window) {
     return window && process != GetCurrentProcessId();
 }
 
-// The system lets only the thread in front, or one attached to it, change the foreground.
+// The system lets only the thread in front, or one attached to it, change the foreground. Attached
+// to a thread that hangs, this one would hang too.
 void SetForegroundFrom(HWND window, HWND attachTo) {
     const DWORD thread = GetWindowThreadProcessId(attachTo, nullptr);
-    const bool attached =
-        IsForeign(attachTo) && AttachThreadInput(GetCurrentThreadId(), thread, TRUE);
+    const bool attached = IsForeign(attachTo) && Answers(attachTo) &&
+                          AttachThreadInput(GetCurrentThreadId(), thread, TRUE);
     SetForegroundWindow(window);
     if (attached) {
         AttachThreadInput(GetCurrentThreadId(), thread, FALSE);

@@ -94,7 +94,7 @@ PhraseRoad::PhraseRoad(const Parts& parts, HWND window)
                       return SendMessageW(window, kMsgRightMenuCommand, static_cast<WPARAM>(code),
                                           static_cast<LPARAM>(id)) != 0;
                   },
-                  [window] { SendMessageW(window, kMsgHideTip, 0, 0); }}),
+                  [window] { SendMessageW(window, kMsgHideTip, 0, 0); }, parts.Locations.Editor()}),
       builder_({tree_, items_, history_, parts.Settings, parts.Texts, presenter_, clock_,
                 parts.Guard, parts.RoadLog,
                 [](WindowHandle asked) { return StateOf(reinterpret_cast<HWND>(asked)); }},

@@ -48,7 +48,11 @@ void EditWindow::Attach(HWND window, const wchar_t* editClass) {
 }
 
 bool EditWindow::BringToFront() const {
-    SetForegroundWindow(window_);
+    if (GetForegroundWindow() != window_) {
+        SetForegroundWindow(window_);
+    }
+    // The window may still be busy with an earlier call, and would come to the front once more.
+    SendMessageW(edit_, WM_NULL, 0, 0);
     GUITHREADINFO info{};
     info.cbSize = sizeof info;
     return GetGUIThreadInfo(GetWindowThreadProcessId(window_, nullptr), &info) &&

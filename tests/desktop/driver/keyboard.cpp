@@ -2,7 +2,6 @@
 #include "desktop/driver/keyboard.h"
 
 #include <algorithm>
-#include <vector>
 
 namespace vbr::desktop {
 namespace {
@@ -18,12 +17,12 @@ INPUT KeyInput(WORD key, DWORD flags) {
 
 }  // namespace
 
-void PressKeys(std::initializer_list<WORD> keys) {
+void PressKeys(const std::vector<WORD>& keys) {
     std::vector<INPUT> inputs;
     for (const WORD key : keys) {
         inputs.push_back(KeyInput(key, 0));
     }
-    std::for_each(std::rbegin(keys), std::rend(keys),
+    std::for_each(keys.rbegin(), keys.rend(),
                   [&](WORD key) { inputs.push_back(KeyInput(key, KEYEVENTF_KEYUP)); });
     SendInput(static_cast<UINT>(inputs.size()), inputs.data(), sizeof(INPUT));
 }

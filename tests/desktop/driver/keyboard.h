@@ -3,12 +3,12 @@
 
 #include "platform/win32/windows.h"
 
-#include <initializer_list>
+#include <vector>
 
 namespace vbr::desktop {
 
 // Presses the keys in order and lets them go in the opposite order, as a person does.
-void PressKeys(std::initializer_list<WORD> keys);
+void PressKeys(const std::vector<WORD>& keys);
 
 // The program's own default hot key.
 inline void PressHotkey() {

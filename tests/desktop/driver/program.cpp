@@ -3,8 +3,10 @@
 
 #include <cstdlib>
 #include <fstream>
+#include <iostream>
 #include <iterator>
 
+#include "base/text.h"
 #include "desktop/driver/waiting.h"
 #include "platform/object_names.h"
 #include "platform/win32/wide.h"
@@ -79,7 +81,13 @@ Process Program::Start(const std::wstring& arguments) const {
 
 bool Program::StartResident(const std::wstring& arguments) {
     resident_ = Start(arguments);
-    return WaitUntilReady();
+    if (WaitUntilReady()) {
+        return true;
+    }
+    std::cout << "The program has " << (TrayWindow() ? "a" : "no") << " window and "
+              << (resident_.IsRunning() ? "runs" : "has ended") << '\n'
+              << Utf16ToUtf8(Log()) << '\n';
+    return false;
 }
 
 std::optional<DWORD> Program::End() {
