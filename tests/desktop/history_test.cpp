@@ -8,6 +8,7 @@
 #include <iostream>
 
 #include "base/text.h"
+#include "desktop/driver/clipboard.h"
 #include "desktop/driver/keyboard.h"
 #include "desktop/driver/menus.h"
 #include "desktop/driver/notepad.h"
@@ -99,6 +100,91 @@ TEST_F(History, EveryKindOfCopyIsKeptAsItsKind) {
     EXPECT_TRUE(WaitForNewest({u"end", u"w", u"{\\rtf1 p}", u"start"}));
     EXPECT_EQ(ReadStoredHistory(program_.Folder()).size(), 4U);
     EXPECT_EQ(program_.End(), 0U);
+}
+
+TEST_F(History, TheSettingsChooseWhatIsKept) {
+    using namespace std::string_literals;
+    program_.WriteSettings(
+        "ShowHistoryPaneOnStart=0\nWriteLog=1\nClipboardFormats0=0\nClipboardFormats4=0");
+    ASSERT_TRUE(program_.StartResident());
+    copier_.CopyText(u"text alone");
+    ASSERT_TRUE(WaitForLog(u"its format is off"));
+    copier_.Copy({{CF_UNICODETEXT, "p\0\0\0"s},
+                  {Format(L"HTML Format"), "Version:0.9\r\n<b>p\0"s},
+                  {Format(L"Rich Text Format"), "{\\rtf1 p}\0"s}});
+    ASSERT_TRUE(WaitForNewest({u"{\\rtf1 p}"}));
+    const auto items = ReadStoredHistory(program_.Folder());
+    ASSERT_EQ(items.size(), 1U);
+    EXPECT_EQ(items[0].Info.Files.size(), 1U) << "HTML is off";
+}
+
+TEST_F(History, AChosenItemArrivesAndStaysOnTheClipboardWithoutANewItem) {
+    Start("TextPasteMethod_v150=0");
+    copier_.CopyText(u"second");
+    ASSERT_TRUE(WaitForNewest({u"second", u"start"}));
+    const Notepad notepad;
+    ASSERT_TRUE(copier_.WaitUntil([&] { return notepad.BringToFront(); }));
+    PressHotkey();
+    ASSERT_TRUE(WaitForMenu());
+    ClickMenuLine(FindMenuLine(u"start"), MouseButton::Left);
+    EXPECT_EQ(notepad.WaitForText(u"start"), u"start");
+    EXPECT_TRUE(copier_.WaitUntil([] {
+        const std::string bytes = ReadClipboard()[std::to_wstring(CF_UNICODETEXT)];
+        return bytes == std::string("s\0t\0a\0r\0t\0\0\0", 12);
+    }));
+    ASSERT_TRUE(WaitForLog(u"WM_DELAY_UNLOCK received"));
+    EXPECT_EQ(Newest(99), (Texts{u"second", u"start"}));
+}
+
+// Another program that follows the clipboard by the chain of viewers, and passes on what it hears.
+class OtherViewer {
+  public:
+    OtherViewer()
+        : window_(CreateWindowW(L"Static", L"", WS_POPUP, 0, 0, 0, 0, nullptr, nullptr, nullptr,
+                                nullptr)) {
+        SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+        SetWindowLongPtrW(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&Hear));
+        next_ = SetClipboardViewer(window_);
+    }
+    ~OtherViewer() {
+        ChangeClipboardChain(window_, next_);
+        DestroyWindow(window_);
+    }
+    OtherViewer(const OtherViewer&) = delete;
+    OtherViewer& operator=(const OtherViewer&) = delete;
+
+    int Heard = 0;
+
+  private:
+    static LRESULT CALLBACK Hear(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+        auto& self = *reinterpret_cast<OtherViewer*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+        if (message == WM_DRAWCLIPBOARD) {
+            ++self.Heard;
+            SendMessageW(self.next_, message, wParam, lParam);
+            return 0;
+        }
+        if (message == WM_CHANGECBCHAIN && reinterpret_cast<HWND>(wParam) == self.next_) {
+            self.next_ = reinterpret_cast<HWND>(lParam);
+            return 0;
+        }
+        return DefWindowProcW(window, message, wParam, lParam);
+    }
+
+    HWND window_;
+    HWND next_;
+};
+
+TEST_F(History, TheChainOfViewersServesTooWithAnotherViewerInIt) {
+    Start("ClipboardSpyMethod_v2_22=0");
+    EXPECT_TRUE(copier_.CopyUntilTaken(u"alone"));
+    {
+        const OtherViewer other;
+        const int before = other.Heard;
+        EXPECT_TRUE(copier_.CopyUntilTaken(u"with another"));
+        EXPECT_GT(other.Heard, before);
+    }
+    EXPECT_TRUE(copier_.CopyUntilTaken(u"alone again"));
+    EXPECT_TRUE(WaitForNewest({u"alone again", u"with another", u"alone", u"start"}));
 }
 
 TEST_F(History, ARepeatComesToTheFrontAndStaysProtected) {
