@@ -4,6 +4,7 @@
 #include <fstream>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <iostream>
 #include <iterator>
 
 #include "base/text.h"
@@ -64,6 +65,11 @@ HWND WaitForPrompt() {
 // The program with phrases in its menu.
 class DeliveryTest : public testing::Test {
   protected:
+    void TearDown() override {
+        if (HasFailure()) {
+            std::cout << Utf16ToUtf8(program_.Log()) << '\n';
+        }
+    }
     void AddPhrase(const std::string& xmlCmd, const std::string& dataType = "TEXT") {
         ++phrases_;
         program_.AddPhrase("Phrase " + std::to_string(phrases_), phrases_, xmlCmd, dataType);
