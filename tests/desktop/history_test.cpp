@@ -6,6 +6,7 @@
 #include <fstream>
 #include <gtest/gtest.h>
 #include <iostream>
+#include <psapi.h>
 
 #include "base/text.h"
 #include "desktop/driver/clipboard.h"
@@ -14,6 +15,7 @@
 #include "desktop/driver/notepad.h"
 #include "desktop/driver/program.h"
 #include "desktop/driver/waiting.h"
+#include "platform/win32/handle.h"
 #include "shell/tray_messages.h"
 
 namespace vbr::desktop {
@@ -259,6 +261,27 @@ TEST_F(History, Of2000CopiesEachIsTakenAndTheLast30StayInOrder) {
     }
     expected.resize(30);
     EXPECT_TRUE(copier_.WaitUntil([&] { return Newest(30) == expected; }));
+}
+
+// The most memory that the process has used so far, in bytes.
+SIZE_T PeakMemoryOf(DWORD process) {
+    const UniqueHandle handle(
+        OpenProcess(PROCESS_QUERY_INFORMATION | PROCESS_VM_READ, FALSE, process));
+    PROCESS_MEMORY_COUNTERS counters{};
+    GetProcessMemoryInfo(handle.get(), &counters, sizeof counters);
+    return counters.PeakWorkingSetSize;
+}
+
+TEST_F(History, AClipOf50MegabytesIsInMemoryTwiceAtMost) {
+    Start();
+    const SIZE_T before = PeakMemoryOf(program_.Resident().Id());
+    ASSERT_GT(before, 0U);
+    const std::u16string text(25 << 20, u'x');
+    copier_.CopyText(text);
+    ASSERT_TRUE(WaitForNewest({text}));
+    // One of the two is the system's, which hands the clipboard's content to each reader.
+    const SIZE_T grown = PeakMemoryOf(program_.Resident().Id()) - before;
+    EXPECT_LT(grown, (2 * text.size() + text.size() / 5) * sizeof(char16_t));
 }
 
 TEST_F(History, CopiesAtFullSpeedLeaveItResponsiveWithTheLastOne) {
