@@ -14,6 +14,7 @@
 #include "desktop/driver/notepad.h"
 #include "desktop/driver/program.h"
 #include "desktop/driver/waiting.h"
+#include "menu/extra_commands.h"
 #include "platform/object_names.h"
 #include "platform/win32/wide.h"
 #include "resources/resource_ids.h"
@@ -127,6 +128,34 @@ TEST_F(TrayWindowTest, EveryPrivateMessageOfAnOutsiderIsSurvived) {
     }
     EXPECT_TRUE(program_.Resident().IsRunning());
     EXPECT_EQ(program_.End(), 0U);
+}
+
+// What an extra command of the phrase menu asks of the tray window; the rooms behind it tell.
+TEST_F(TrayWindowTest, ExtraCommandsOfTheMenuReachTheirRooms) {
+    program_.WriteSettings("WriteLog=1\nShowHistoryPaneOnStart=0\nClipboardHistory=0");
+    ASSERT_TRUE(program_.StartResident());
+    const auto timesTold = [this](std::u16string_view line) {
+        const std::u16string log = program_.Log();
+        int count = 0;
+        for (std::size_t at = 0; (at = log.find(line, at)) != log.npos; ++at) {
+            ++count;
+        }
+        return count;
+    };
+    const std::pair<std::int32_t, std::u16string_view> cases[] = {
+        {kResultEditPhrases, u"Phrase editor is off"},
+        {kResultHistoryPane, u"History pane is off"},
+        {kResultSelectionIntoPhrase, u"Phrase editor is off"}};
+    for (const auto& [choice, line] : cases) {
+        const int before = timesTold(line);
+        Send(kMsgCommandFromSelf, static_cast<WPARAM>(choice));
+        EXPECT_TRUE(WaitUntil([&] { return timesTold(line) == before + 1; })) << choice;
+    }
+    // A menu that was left without a choice asks for nothing.
+    const auto told = timesTold(u" is off");
+    Send(kMsgCommandFromSelf, 0);
+    EXPECT_EQ(program_.End(), 0U);
+    EXPECT_EQ(timesTold(u" is off"), told);
 }
 
 TEST_F(TrayWindowTest, InstanceSignalEndsTheProgram) {
