@@ -95,6 +95,10 @@ bool IsValidUtf8(std::string_view text) {
     return utf8::is_valid(text.begin(), text.end());
 }
 
+bool IsValidUtf16(std::u16string_view text) {
+    return Utf8ToUtf16(Utf16ToUtf8(text)) == text;
+}
+
 std::u16string_view TrimLeft(std::u16string_view text, std::u16string_view chars) {
     const std::size_t first = text.find_first_not_of(chars);
     return first == text.npos ? std::u16string_view() : text.substr(first);

@@ -16,6 +16,8 @@ std::u16string Utf8ToUtf16(std::string_view text);
 std::string Utf16ToUtf8(std::u16string_view text);
 
 bool IsValidUtf8(std::string_view text);
+// Without lone surrogates. Of others no path can be made.
+bool IsValidUtf16(std::u16string_view text);
 
 // The text without any of the given characters at its start, end, or both.
 std::u16string_view TrimLeft(std::u16string_view text, std::u16string_view chars);

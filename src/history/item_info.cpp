@@ -101,9 +101,8 @@ std::string WithProtection(std::string_view bytes, bool value) {
 }
 
 bool IsPlainFileName(std::u16string_view name) {
-    // Of a lone surrogate no path can be made.
     return !name.empty() && name != u"." && name != u".." &&
-           name.find_first_of(u"\\/:") == name.npos && Utf8ToUtf16(Utf16ToUtf8(name)) == name;
+           name.find_first_of(u"\\/:") == name.npos && IsValidUtf16(name);
 }
 
 }  // namespace vbr

@@ -88,7 +88,10 @@ void CVBRCommandTree::ReadFolder(const fs::path& folder, std::vector<VBRCommand>
     std::vector<FolderEntry> entries;
     const std::optional<SystemError> error = files_.Store().List(folder, entries);
     for (const FolderEntry& entry : entries) {
-        if (entry.Kind == PathKind::Folder) {
+        if (!IsValidUtf16(entry.Name)) {
+            log_.LogError(
+                Concat(u"Skipped in the phrase folder, its name is no text: ", entry.Name));
+        } else if (entry.Kind == PathKind::Folder) {
             AddGroup(folder / entry.Name, list);
         } else if (IsPhraseFile(entry.Name)) {
             AddPhrase(folder / entry.Name, list);

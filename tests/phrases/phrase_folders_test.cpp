@@ -56,6 +56,25 @@ TEST_F(PhraseFolders, OddNamesAreNamesLikeOthers) {
     EXPECT_TRUE(Log.Lines.empty());
 }
 
+class OddNameStore : public NativeFileStore {
+  public:
+    std::optional<SystemError> List(const std::filesystem::path& folder,
+                                    std::vector<FolderEntry>& entries) override {
+        entries.push_back({u"\xD800.vellumbridge", PathKind::File});
+        return NativeFileStore::List(folder, entries);
+    }
+};
+
+TEST_F(PhraseFolders, ANameThatNoPathCanHoldIsLoggedAndTheOthersLoad) {
+    Add("p.vellumbridge", u"text");
+    OddNameStore store;
+    CommandFiles files(store, Log);
+    CVBRCommandTree tree(files, Saver, Clock, Log);
+    tree.LoadTree(Folder.Path());
+    EXPECT_EQ(tree.CountCommands().Total, 1U);
+    EXPECT_EQ(Log.Lines.size(), 1U);
+}
+
 class ShutFolderStore : public NativeFileStore {
   public:
     std::optional<SystemError> List(const std::filesystem::path& folder,
