@@ -9,6 +9,7 @@
 
 #include "base/text.h"
 #include "desktop/driver/clipboard.h"
+#include "desktop/driver/hanging_target.h"
 #include "desktop/driver/keyboard.h"
 #include "desktop/driver/menus.h"
 #include "desktop/driver/notepad.h"
@@ -17,7 +18,6 @@
 #include "desktop/driver/wordpad.h"
 #include "platform/win32/wide.h"
 #include "resources/resource_ids.h"
-#include "windows/target_thread.h"
 
 namespace vbr::desktop {
 namespace {
@@ -274,26 +274,11 @@ TEST_F(DeliveryTest, AMegabyteIsPasted) {
     EXPECT_TRUE(notepad.WaitForText(expected) == expected);
 }
 
-HANDLE g_hang;
-
-LRESULT CALLBACK HangOnUser(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message == WM_USER) {
-        WaitForSingleObject(g_hang, INFINITE);
-    }
-    return TargetThread::CallOriginal(window, message, wParam, lParam);
-}
-
 TEST_F(DeliveryTest, AHungTargetHoldsNobodyUp) {
     AddPhrase("text");
     Start(0);
-    const UniqueHandle hang(CreateEventW(nullptr, TRUE, FALSE, nullptr));
-    g_hang = hang.get();
-    const TargetThread target(L"Edit", 0, HangOnUser);
-    ASSERT_TRUE(WaitUntil([&] {
-        SetForegroundWindow(target.Window());
-        return GetForegroundWindow() == target.Window();
-    }));
-    PostMessageW(target.Window(), WM_USER, 0, 0);
+    HangingTarget target;
+    target.Hang();
     PressHotkey();
     EXPECT_TRUE(WaitForMenu());
     ChooseMenuItem(0);
@@ -304,7 +289,6 @@ TEST_F(DeliveryTest, AHungTargetHoldsNobodyUp) {
     const Notepad notepad;
     Choose(notepad);
     EXPECT_EQ(notepad.WaitForText(u"text"), u"text");
-    SetEvent(g_hang);
 }
 
 TEST_F(DeliveryTest, ATargetThatClosesUnderTheMenuIsTold) {

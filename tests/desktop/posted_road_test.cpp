@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "base/text.h"
+#include "desktop/driver/hanging_target.h"
 #include "desktop/driver/keyboard.h"
 #include "desktop/driver/menus.h"
 #include "desktop/driver/notepad.h"
@@ -11,8 +12,6 @@
 #include "desktop/driver/waiting.h"
 #include "desktop/driver/wordpad.h"
 #include "hook/query_answer.h"
-#include "platform/win32/handle.h"
-#include "windows/target_thread.h"
 
 namespace vbr::desktop {
 namespace {
@@ -86,33 +85,17 @@ TEST_F(PostedRoad, TheMenuOpensAtTheCaretAndTheSelectionOfWordPadArrivesPastTheC
     WrapASelection(WordPad());
 }
 
-HANDLE g_hang;
-
-LRESULT CALLBACK HangOnUser(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message == WM_USER) {
-        WaitForSingleObject(g_hang, INFINITE);
-    }
-    return TargetThread::CallOriginal(window, message, wParam, lParam);
-}
-
 TEST_F(PostedRoad, AHungTargetCostsItsOwnMenuOnly) {
     Start("text");
-    const UniqueHandle hang(CreateEventW(nullptr, TRUE, FALSE, nullptr));
-    g_hang = hang.get();
     const Notepad notepad;
-    const TargetThread target(L"Edit", 0, HangOnUser);
-    ASSERT_TRUE(WaitUntil([&] {
-        SetForegroundWindow(target.Window());
-        return GetForegroundWindow() == target.Window();
-    }));
-    PostMessageW(target.Window(), WM_USER, 0, 0);
+    HangingTarget target;
+    target.Hang();
     PressHotkey();
     EXPECT_TRUE(WaitUntil([&] { return IsInLog(u"Sending message by PostMessage bRet=1"); }));
     EXPECT_TRUE(WaitUntilReady());
     // It comes round when nobody waits for its menu any more.
     Sleep(hook::kFreshMs + 500);
-    SetEvent(g_hang);
-    SendMessageW(target.Window(), WM_NULL, 0, 0);
+    target.GoOn();
     ASSERT_TRUE(WaitUntil([&] { return notepad.BringToFront(); }));
     PressHotkey();
     EXPECT_TRUE(WaitForMenu());

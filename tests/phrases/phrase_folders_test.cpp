@@ -21,6 +21,14 @@ class PhraseFolders : public testing::Test, protected PhraseTree {
         return files;
     }
 
+    // How many commands a tree has that sees the folder through the store.
+    std::uint32_t CountThrough(FileStore& store) {
+        CommandFiles files(store, Log);
+        CVBRCommandTree tree(files, Saver, Clock, Log);
+        tree.LoadTree(Folder.Path());
+        return tree.CountCommands().Total;
+    }
+
   private:
     void Collect(const std::vector<VBRCommand>& list, std::vector<std::u16string>& files) {
         for (const VBRCommand& record : list) {
@@ -68,10 +76,7 @@ class OddNameStore : public NativeFileStore {
 TEST_F(PhraseFolders, ANameThatNoPathCanHoldIsLoggedAndTheOthersLoad) {
     Add("p.vellumbridge", u"text");
     OddNameStore store;
-    CommandFiles files(store, Log);
-    CVBRCommandTree tree(files, Saver, Clock, Log);
-    tree.LoadTree(Folder.Path());
-    EXPECT_EQ(tree.CountCommands().Total, 1U);
+    EXPECT_EQ(CountThrough(store), 1U);
     EXPECT_EQ(Log.Lines.size(), 1U);
 }
 
@@ -88,10 +93,7 @@ TEST_F(PhraseFolders, AFolderThatCannotBeListedIsLoggedAndTheOthersLoad) {
     Add("open/p.vellumbridge", u"text");
     Add("shut/p.vellumbridge", u"text");
     ShutFolderStore store;
-    CommandFiles files(store, Log);
-    CVBRCommandTree tree(files, Saver, Clock, Log);
-    tree.LoadTree(Folder.Path());
-    EXPECT_EQ(tree.CountCommands().Total, 3U);
+    EXPECT_EQ(CountThrough(store), 3U);
     ASSERT_EQ(Log.Lines.size(), 1U);
     EXPECT_NE(Log.Lines[0].find(u"shut: Access denied."), std::u16string::npos);
 }

@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "desktop/driver/waiting.h"
+#include "platform/win32/handle.h"
+#include "windows/target_thread.h"
+
+namespace vbr::desktop {
+
+// A window in front that takes text, of a thread that can be made to hang. One at a time.
+class HangingTarget {
+  public:
+    HangingTarget() : target_(L"Edit", 0, Hear) {
+        EventOf().reset(CreateEventW(nullptr, TRUE, FALSE, nullptr));
+        WaitUntil([this] {
+            SetForegroundWindow(target_.Window());
+            return GetForegroundWindow() == target_.Window();
+        });
+    }
+    ~HangingTarget() { GoOn(); }
+    HangingTarget(const HangingTarget&) = delete;
+    HangingTarget& operator=(const HangingTarget&) = delete;
+
+    void Hang() { PostMessageW(target_.Window(), WM_USER, 0, 0); }
+    // Returns when the thread is through with what has come meanwhile.
+    void GoOn() {
+        SetEvent(EventOf().get());
+        SendMessageW(target_.Window(), WM_NULL, 0, 0);
+    }
+
+  private:
+    static UniqueHandle& EventOf() {
+        static UniqueHandle event;
+        return event;
+    }
+    static LRESULT CALLBACK Hear(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+        if (message == WM_USER) {
+            WaitForSingleObject(EventOf().get(), INFINITE);
+        }
+        return TargetThread::CallOriginal(window, message, wParam, lParam);
+    }
+
+    TargetThread target_;
+};
+
+}  // namespace vbr::desktop
