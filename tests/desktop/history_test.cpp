@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 #include <iostream>
 #include <psapi.h>
+#include <wtsapi32.h>
 
 #include "base/text.h"
 #include "desktop/driver/clipboard.h"
@@ -293,6 +294,28 @@ TEST_F(History, CopiesAtFullSpeedLeaveItResponsiveWithTheLastOne) {
     EXPECT_TRUE(
         SendMessageTimeoutW(TrayWindow(), WM_NULL, 0, 0, SMTO_NORMAL, kPatienceMs, &ignored));
     EXPECT_TRUE(WaitForNewest({u"fast 999"}));
+}
+
+TEST_F(History, NothingIsKeptWhileTheSessionIsLocked) {
+    Start();
+    SendMessageW(TrayWindow(), WM_WTSSESSION_CHANGE, WTS_SESSION_LOCK, 0);
+    EXPECT_TRUE(WaitForLog(u"Clipboard Spy is uninstalled=1"));
+    copier_.CopyText(u"while locked");
+    Sleep(300);
+    EXPECT_EQ(Newest(99), Texts{u"start"});
+    copier_.CopyText(u"start");
+    SendMessageW(TrayWindow(), WM_WTSSESSION_CHANGE, WTS_SESSION_UNLOCK, 0);
+    EXPECT_TRUE(WaitForLog(u"Clipboard Spy is installed=1"));
+    EXPECT_TRUE(copier_.CopyUntilTaken(u"after"));
+    EXPECT_TRUE(WaitForNewest({u"after", u"start"}));
+}
+
+TEST_F(History, AStartThatFailsIsTriedAgainAndHoldsNobodyUp) {
+    program_.WriteSettings("WriteLog=1\nClipboardSpyMethod_v2_22=5");
+    ASSERT_TRUE(program_.StartResident());
+    EXPECT_TRUE(WaitForLog(u"No clipboard spy method has the number 5"));
+    EXPECT_TRUE(WaitForLog(u"Try to delyaed install clipboard spy: success 0, try#2"));
+    EXPECT_EQ(program_.End(), 0U);
 }
 
 TEST_F(History, AFileInThePlaceOfTheFolderLeavesTheRestWorking) {

@@ -22,7 +22,7 @@ class PhraseFolders : public testing::Test, protected PhraseTree {
     }
 
     // How many commands a tree has that sees the folder through the store.
-    std::uint32_t CountThrough(FileStore& store) {
+    std::size_t CountThrough(FileStore& store) {
         CommandFiles files(store, Log);
         CVBRCommandTree tree(files, Saver, Clock, Log);
         tree.LoadTree(Folder.Path());
