@@ -73,13 +73,16 @@ void CheckExpansion(const std::array<std::u16string, 3>& parts) {
         engine.ExpandMacros(expanded, {parts[1], parts[2], vbr::kEnglish});
     const auto& tokens = engine.GetMacroList();
     const bool plain = std::none_of(tokens.begin(), tokens.end(), [&](const std::u16string& token) {
-        return text.find(token) != text.npos;
+        return token != vbr::kMacroCursorPos && text.find(token) != text.npos;
     });
     if (plain) {
-        Require(expanded == text);
-        Require(outcome.Replaced == 0 && outcome.CursorBack == 0 && outcome.Layout == 0);
+        // What stood on both sides of a mark may make another, which stays.
+        std::u16string unmarked = text;
+        const std::size_t marks = vbr::ReplaceAll(unmarked, vbr::kMacroCursorPos, u"");
+        Require(expanded == unmarked);
+        Require(outcome.Replaced == 0 && outcome.Layout == 0);
+        Require(marks > 0 || outcome.CursorBack == 0);
     }
-    Require(expanded.find(vbr::kMacroCursorPos) == expanded.npos);
 }
 
 }  // namespace
