@@ -114,7 +114,11 @@ void AppendItems(TiXmlElement& parent, const WPMenuGroup& items, Log& log) {
 }  // namespace
 
 bool ParseQuery(std::string_view document, WPQuery& query) {
-    const std::string body(SkipXmlDeclarations(document));
+    std::string body(SkipXmlDeclarations(document));
+    // The library believes the length that a character's first byte tells, beyond the text's end.
+    if (!IsValidUtf8(body)) {
+        body = Utf16ToUtf8(Utf8ToUtf16(body));
+    }
     if (!IsWithinXmlLimits(body)) {
         return false;
     }

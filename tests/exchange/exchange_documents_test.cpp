@@ -66,6 +66,12 @@ TEST(QueryDocument, ACutDocumentTellsWhatStandsBeforeTheCut) {
     EXPECT_EQ(query.AppPath, u"a.exe");
 }
 
+TEST(QueryDocument, BytesThatAreNoCharacterAreReplaced) {
+    WPQuery query;
+    EXPECT_TRUE(ParseQuery("<WPQuery><AppPath>a\xF3</AppPath><WindowClassName>b\xF3", query));
+    EXPECT_EQ(query.AppPath, u"a\xFFFD");
+}
+
 TEST(QueryDocument, OtherTextsAreNoQuery) {
     const std::string nested(100'000, '<');
     std::string deep;
