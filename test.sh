@@ -120,24 +120,8 @@ bench_windows() {
 ring_3() {
     local program=$root/build/windows/bin/vellumbridge_desktop_tests.exe
     need_program "$program"
-    local run=("$root/scripts/wine-desktop.sh" run --timeout 900 --
-        "$root/scripts/with-program.sh" wine "$program")
-    run_tests ring-3 1 "${run[@]}" || again_ring_3 "${run[@]}"
-}
-
-# The emulated desktop loses a key or a focus now and then. What failed is tried once more, on a
-# fresh desktop; a fault of the program fails again.
-again_ring_3() {
-    local failed
-    failed=$(sed -n 's/^\[  FAILED  \] \([^ ]*\) (.*/\1/p' <(tr -d '\r' <"$logs/ring-3-0.log"))
-    # A program that ended early has no list, and much that fails is no accident.
-    if [[ -z $failed ]] || (($(wc -l <<<"$failed") > 3)) ||
-        ! grep -q '^\[==========\].* ran' "$logs/ring-3-0.log"; then
-        return 1
-    fi
-    echo "Once more: ${failed//$'\n'/, }"
-    filter=${failed//$'\n'/:}
-    run_tests ring-3-again 1 "$@" && echo "UNSTEADY, passed the second time: ${failed//$'\n'/, }"
+    run_tests ring-3 1 "$root/scripts/wine-desktop.sh" run --timeout 900 -- \
+        "$root/scripts/with-program.sh" wine "$program"
 }
 
 # What it finds on the way grows in build/fuzz/corpus; an input that fails is left there too.

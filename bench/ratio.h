@@ -21,42 +21,23 @@ double Time(Call&& call) {
         .count();
 }
 
-inline double Median(std::vector<double> values) {
-    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
-    std::nth_element(values.begin(), middle, values.end());
-    return *middle;
-}
-
-// How often a ratio is measured before it counts as too high: what else runs on the machine may
-// slow one round, but slow code is slow in all of them.
-inline constexpr int kRounds = 3;
-
 // Asks for the times of the work and its floor, in nanoseconds, in interleaved pairs and reports
-// the median of their ratios. A median above the bound in every round fails the run.
+// the median of their ratios. A median above the bound fails the run.
 template <typename WorkTime, typename FloorTime>
 void MeasureRatioOfTimes(benchmark::State& state, double bound, WorkTime&& timeWork,
                          FloorTime&& timeFloor) {
     std::vector<double> ratios;
-    const auto measurePair = [&](double& ratio) {
+    for (auto _ : state) {
         const double floorTime = timeFloor();
         const double workTime = timeWork();
-        ratio = workTime / floorTime;
-        return workTime;
-    };
-    for (auto _ : state) {
-        state.SetIterationTime(measurePair(ratios.emplace_back()) / 1e9);
+        ratios.push_back(workTime / floorTime);
+        state.SetIterationTime(workTime / 1e9);
     }
-    double median = Median(ratios);
-    for (int round = 1; median > bound && round < kRounds; ++round) {
-        for (double& ratio : ratios) {
-            measurePair(ratio);
-        }
-        median = std::min(median, Median(ratios));
-        state.SetLabel("measured again");
-    }
-    state.counters["ratio"] = median;
+    const auto middle = ratios.begin() + static_cast<std::ptrdiff_t>(ratios.size() / 2);
+    std::nth_element(ratios.begin(), middle, ratios.end());
+    state.counters["ratio"] = *middle;
     state.counters["bound"] = bound;
-    if (median > bound) {
+    if (*middle > bound) {
         AllWithinBounds() = false;
         state.SetLabel("TOO SLOW");
     }
