@@ -96,7 +96,7 @@ bool IsValidUtf8(std::string_view text) {
 }
 
 bool IsValidUtf16(std::u16string_view text) {
-    return Utf8ToUtf16(Utf16ToUtf8(text)) == text;
+    return ReplaceLoneSurrogates(text) == text;
 }
 
 std::u16string_view TrimLeft(std::u16string_view text, std::u16string_view chars) {

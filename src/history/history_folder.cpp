@@ -39,14 +39,13 @@ std::u16string_view ExtensionOf(ItemFormat format) {
     return row == std::end(kExtensions) ? std::u16string_view() : row->Extension;
 }
 
-ItemFormat FormatOfFile(const fs::path& path) {
-    const std::u16string extension = path.extension().u16string();
+ItemFormat FormatOfFile(std::u16string_view name) {
     const auto* row = std::find_if(std::begin(kExtensions), std::end(kExtensions),
-                                   [&extension](const FormatExtension& known) {
-                                       return EqualsNoCase(known.Extension, extension);
+                                   [name](const FormatExtension& known) {
+                                       return EndsWithNoCase(name, known.Extension);
                                    });
     const bool isPlain = row != std::end(kExtensions) && row->Format == CHF_UNICODE_TEXT &&
-                         !StartsWithNoCase(path.filename().u16string(), kUnicodePrefix);
+                         !StartsWithNoCase(name, kUnicodePrefix);
     if (isPlain) {
         return CHF_ANSI_TEXT;
     }
@@ -173,7 +172,7 @@ void HistoryFolder::Load(CCHQueue& queue) {
     queue.SortByTime();
 }
 
-std::unique_ptr<CCHItem> HistoryFolder::LoadItem(const fs::path& infoPath) {
+std::unique_ptr<CCHItem> HistoryFolder::LoadItem(fs::path infoPath) {
     const auto content = files_.Read(infoPath);
     if (!content || content->Bytes.size() > kProfileMaxBytes) {
         LogSkipped(infoPath, u"it can't be read");
@@ -194,7 +193,7 @@ std::unique_ptr<CCHItem> HistoryFolder::LoadItem(const fs::path& infoPath) {
             item->alternatives.push_back(std::move(alternative));
         }
     }
-    item->infoPath = infoPath;
+    item->infoPath = std::move(infoPath);
     item->sourceUrl = info.Url;
     item->isProtected = info.Protected;
     item->exeName = info.ExeName;
@@ -211,19 +210,20 @@ std::unique_ptr<CCHItem> HistoryFolder::LoadNamed(std::u16string_view name,
         LogSkipped(infoPath, Concat(u"it names a file elsewhere: ", name));
         return nullptr;
     }
-    auto item = LoadDataFile(folder_ / name);
+    auto item = LoadDataFile(name);
     if (!item) {
         LogSkipped(infoPath, Concat(u"there is nothing in the file that it names: ", name));
     }
     return item;
 }
 
-std::unique_ptr<CCHItem> HistoryFolder::LoadDataFile(const fs::path& path) {
+std::unique_ptr<CCHItem> HistoryFolder::LoadDataFile(std::u16string_view name) {
+    fs::path path = folder_ / name;
     auto content = files_.Read(path);
     if (!content) {
         return nullptr;
     }
-    const ItemFormat format = FormatOfFile(path);
+    const ItemFormat format = FormatOfFile(name);
     ItemBytes& bytes = content->Bytes;
     if (format == CHF_UNICODE_TEXT && bytes.size() >= kUtf16Mark.size() &&
         std::equal(kUtf16Mark.begin(), kUtf16Mark.end(), bytes.begin())) {
@@ -235,7 +235,7 @@ std::unique_ptr<CCHItem> HistoryFolder::LoadDataFile(const fs::path& path) {
     auto item =
         std::make_unique<CCHItem>(format, 0, SystemTimeOf(content->Created).value_or(SystemTime{}));
     item->SetData(std::move(bytes));
-    item->dataPath = path;
+    item->dataPath = std::move(path);
     item->storeState = StoreState::Loaded;
     return item;
 }

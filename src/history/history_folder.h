@@ -46,7 +46,7 @@ class HistoryFolder : public ItemFiles {
 
     // One data file as an item of the format that its name tells; null when it is empty or can't
     // be read.
-    std::unique_ptr<CCHItem> LoadDataFile(const std::filesystem::path& path);
+    std::unique_ptr<CCHItem> LoadDataFile(std::u16string_view name);
 
     bool Delete(const std::filesystem::path& path) override;
     void StoreProtection(const CCHItem& item) override;
@@ -67,7 +67,7 @@ class HistoryFolder : public ItemFiles {
     bool SaveItem(CCHItem& item, Names& names);
     bool WriteDataFile(CCHItem& item, const FileStamp& stamp, Names& names);
     bool WriteInfo(CCHItem& item, const ItemInfo& info, Names& names);
-    std::unique_ptr<CCHItem> LoadItem(const std::filesystem::path& infoPath);
+    std::unique_ptr<CCHItem> LoadItem(std::filesystem::path infoPath);
     std::unique_ptr<CCHItem> LoadNamed(std::u16string_view name,
                                        const std::filesystem::path& infoPath);
     void LogSkipped(const std::filesystem::path& path, std::u16string_view why);

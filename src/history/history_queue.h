@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <memory_resource>
 #include <optional>
 #include <set>
 #include <string_view>
@@ -103,7 +104,9 @@ class CCHQueue {
 
     ItemFiles& files_;
     ItemList items_;  // oldest first
-    std::unordered_multimap<std::uint64_t, CCHItem*> byContent_;
+    // Its nodes stand side by side, so that looking at many of them stays cheap.
+    std::pmr::unsynchronized_pool_resource nodes_;
+    std::pmr::unordered_multimap<std::uint64_t, CCHItem*> byContent_{&nodes_};
     std::vector<UndoRecord> undoPool_;  // oldest first
     bool locked_ = false;
 };

@@ -31,6 +31,7 @@ void AddPhrases(const std::vector<VBRCommand>& list, const PhraseRegionState& st
     for (const PhraseMenuItem& item : menu) {
         before.push_back(item.Info.CommandId);
     }
+    menu.reserve(menu.size() + list.size());
     std::int32_t row = 0;
     for (const VBRCommand& record : list) {
         if (record.IsGroup() || !record.IsEnabled() ||

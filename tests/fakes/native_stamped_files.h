@@ -47,16 +47,17 @@ class NativeStampedFiles : public StampedFiles {
         return error ? std::optional(SystemError{2, u"it has no marks"}) : std::nullopt;
     }
     std::optional<Content> Read(const Path& path) override {
-        std::error_code error;
-        const auto size = std::filesystem::file_size(path, error);
-        std::ifstream file(path, std::ios::binary);
-        if (error || !file) {
+        std::ifstream file;
+        file.rdbuf()->pubsetbuf(nullptr, 0);  // it is read at once
+        file.open(path, std::ios::binary | std::ios::ate);
+        if (!file) {
             return std::nullopt;
         }
+        const std::streamoff size = file.tellg();
+        file.seekg(0);
         Content content;
-        content.Bytes.resize(size);
-        file.read(reinterpret_cast<char*>(content.Bytes.data()),
-                  static_cast<std::streamsize>(size));
+        content.Bytes.resize(static_cast<std::size_t>(size));
+        file.read(reinterpret_cast<char*>(content.Bytes.data()), size);
         const auto created = Created.find(path.string());
         content.Created = created == Created.end() ? 0 : created->second;
         return file ? std::optional(std::move(content)) : std::nullopt;

@@ -188,13 +188,13 @@ TEST_F(HistoryFiles, FormatComesFromTheNameAndTimeFromTheFileWithoutTheKey) {
                              Case{"a.html", CHF_HTML}, Case{"a.dat", CHF_UNICODE_TEXT}}) {
         WriteFile(test.Name, "ab");
         desk_.Files.Created[(desk_.Folder.Path() / test.Name).string()] = *FileTicksOf(TimeAt(7));
-        const auto item = desk_.Folder.LoadDataFile(desk_.Folder.Path() / test.Name);
+        const auto item = desk_.Folder.LoadDataFile(Utf8ToUtf16(test.Name));
         ASSERT_TRUE(item) << test.Name;
         EXPECT_EQ(item->format, test.Format) << test.Name;
         EXPECT_EQ(item->time.Second, 7) << test.Name;
     }
     WriteFile("Unicode_b.txt", "\xFF\xFE");
-    EXPECT_FALSE(desk_.Folder.LoadDataFile(desk_.Folder.Path() / "Unicode_b.txt"));
+    EXPECT_FALSE(desk_.Folder.LoadDataFile(u"Unicode_b.txt"));
 }
 
 TEST_F(HistoryFiles, FileInTheFoldersPlaceIsNoFolder) {
