@@ -11,7 +11,7 @@ packages=(
     libutfcpp-dev libz-mingw-w64-dev zlib1g-dev
     # a Windows desktop to run the program on
     fonts-dejavu-core fonts-liberation fonts-wine imagemagick libxcursor1 libxi6 libxrandr2
-    libxrender1 wine wine64 xdotool xvfb
+    libxrender1 wine wine64 x11-xkb-utils xdotool xvfb
 )
 if [[ ${1:-} == --fuzz ]]; then
     packages+=(clang libclang-rt-14-dev)

@@ -112,6 +112,16 @@ remove_stale_runs() {
     done
 }
 
+# Whenever the pointer enters a window, or one gets the focus, the X server tells which keys are
+# down, and Wine takes up the modifiers that the server's keyboard has. Those of SendInput the server
+# knows nothing of: they would be let go in the middle of a hot key. So its keyboard has none.
+drop_modifier_keys() {
+    xkbcomp -w0 "$DISPLAY" - |
+        sed -E '/^xkb_symbols/,/^};/ s/\b(Control|Shift|Alt|Meta|Super|Hyper)_[LR]\b/VoidSymbol/g' \
+            >"$work/keyboard.xkb"
+    xkbcomp -w0 -I "$work/keyboard.xkb" "$DISPLAY"
+}
+
 start_display() {
     local number
     # The server may come up later than the first look at this.
@@ -124,6 +134,7 @@ start_display() {
         number=$(cat "$work/display")
         if [[ $number ]]; then
             export DISPLAY=:$number
+            drop_modifier_keys
             return
         fi
         kill -0 "$display_pid" 2>/dev/null || break
