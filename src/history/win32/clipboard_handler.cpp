@@ -271,20 +271,26 @@ void CVBRWndClipboardHandler::StartSave() {
         return;
     }
     saving_ = true;
+    const auto unwritten = std::make_shared<std::size_t>(copies.size());
     worker_.Save(
         std::move(copies),
-        [this, window = Handle()](const CCHItem& item) {
+        [this, unwritten, window = Handle()](const CCHItem& item) {
+            --*unwritten;
             if (SendFromWorker(window, saved_, &item) != kTaken) {
                 const std::lock_guard lock(saveMutex_);
                 unsent_.push_back(item.Copy());
             }
         },
-        [this, window = Handle()] { OnSaveEnded(window); });
+        [this, unwritten, window = Handle()] { OnSaveEnded(window, *unwritten == 0); });
 }
 
-void CVBRWndClipboardHandler::OnSaveEnded(HWND window) {
+void CVBRWndClipboardHandler::OnSaveEnded(HWND window, bool complete) {
     const std::lock_guard lock(saveMutex_);
     saving_ = false;
+    if (!complete) {
+        // A full disk, say: the next save takes them along, at the latest the one at the end.
+        savePending_ = true;
+    }
     if (saveAgain_) {
         saveAgain_ = false;
         PostMessageW(window, WM_SAVE_HISTORY, 0, 0);

@@ -111,7 +111,7 @@ class CVBRWndClipboardHandler : public WindowBase, private ClipboardObserver {
     // Unless a save is under way, which is followed by another then.
     void SaveNow();
     void StartSave();  // with the mutex held
-    void OnSaveEnded(HWND window);
+    void OnSaveEnded(HWND window, bool complete);
     // Ends what lives with the window.
     void StopWatching();
     void StartLoad();
@@ -145,7 +145,7 @@ class CVBRWndClipboardHandler : public WindowBase, private ClipboardObserver {
     std::uint32_t lastError_ = 0;
     UINT controlId_ = 0;
     bool captureOnCreate_ = false;
-    bool savePending_ = false;
+    std::atomic<bool> savePending_ = false;  // the end of the keeping must save
     std::uint32_t saveStamp_ = 0;
     std::function<void(bool)> onSpyState_;
     // What a thread of ours is sending; no other address in such a message is believed.
