@@ -7,17 +7,15 @@
 
 namespace vbr {
 
-// Every window but 0 lives, until it is named as gone.
+// Every window but 0 lives and can be reached.
 class FakeTargetWindows : public TargetWindows {
   public:
-    std::set<WindowHandle> Gone = {0};
     std::set<WindowHandle> Own;
-    std::set<WindowHandle> Elevated;
     int Wakes = 0;
 
-    bool IsWindow(WindowHandle window) const override { return !Gone.contains(window); }
+    bool IsWindow(WindowHandle window) const override { return window != 0; }
     bool IsOwnProcess(WindowHandle window) const override { return Own.contains(window); }
-    bool RunsElevated(WindowHandle window) const override { return Elevated.contains(window); }
+    bool RunsElevated(WindowHandle) const override { return false; }
     void Wake(WindowHandle) override { ++Wakes; }
 };
 

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <algorithm>
-#include <functional>
 #include <limits>
 #include <set>
 #include <vector>
@@ -21,7 +20,6 @@ class RecordingInput : public InputInjector {
     std::size_t MostPerCall = std::numeric_limits<std::size_t>::max();
     std::set<std::uint16_t> Held;
     std::set<std::uint16_t> States;
-    std::function<void()> OnSend = [] {};
 
     std::size_t Send(std::span<const KeyEvent> events) override {
         const std::size_t taken = std::min(events.size(), MostPerCall);
@@ -29,7 +27,6 @@ class RecordingInput : public InputInjector {
         if (calls_) {
             calls_->push_back("keys");
         }
-        OnSend();
         return taken;
     }
     bool IsKeyDown(std::uint16_t vk) const override { return Held.contains(vk); }

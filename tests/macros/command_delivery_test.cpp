@@ -52,13 +52,6 @@ TEST_F(Delivery, AnIdThatNothingAnswersToGivesTheClipboardBack) {
     EXPECT_EQ(desk_.Calls, Journal(5, "restore"));
 }
 
-TEST_F(Delivery, AnEmptyPhraseTypesNothingAndIsCounted) {
-    phrases_.Add("p.vellumbridge", u"");
-    EXPECT_EQ(Deliver(1), DeliverResult::Phrase);
-    EXPECT_THAT(desk_.Input.Sent, IsEmpty());
-    EXPECT_EQ(Uses(), 1);
-}
-
 TEST_F(Delivery, HistoryItemsGoOutAndStayOnTheClipboardAsTheyStand) {
     desk_.Host.History = {{0, {kDataTypeText, u"t%SELECTED_TEXT%"}},
                           {1, {kDataTypeRtf, u"{r%SELECTED_TEXT%}"}}};
@@ -147,18 +140,6 @@ TEST_F(Delivery, TheLayoutIsSwitchedWhenAnInstalledOneIsAskedFor) {
         const auto toggle = LayoutToggleEvents(LayoutToggle::AltShift, desk_.Input);
         EXPECT_EQ(desk_.Input.Sent.front() == toggle, c.Switches) << Utf16ToUtf8(c.Text);
     }
-}
-
-TEST_F(Delivery, ATargetThatIsGoneOrOutOfReachIsToldAndTheTextGoesOut) {
-    phrases_.Add("p.vellumbridge", u"%PROMPT_TEXT={}%x");
-    desk_.Targets.Elevated = {7};
-    desk_.Prompts.Answers = {std::nullopt, std::nullopt};
-    Deliver(1);
-    EXPECT_TRUE(desk_.Told(u"administrator"));
-    desk_.Targets.Gone = {7};
-    Deliver(1);
-    EXPECT_TRUE(desk_.Told(u"gone"));
-    EXPECT_EQ(desk_.Typed(), u"xx");
 }
 
 }  // namespace

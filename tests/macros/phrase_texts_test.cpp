@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "macros/phrase_texts.h"
 
-#include <gtest/gtest.h>
-
-#include "base/text.h"
 #include "fakes/macro_desk.h"
+#include "fakes/text_cases.h"
 
 namespace vbr {
 namespace {
@@ -130,15 +128,11 @@ TEST_F(PhraseTextsTest, FormattedPhrasesShowTheirPlainText) {
         u"A title");
 }
 
-TEST_F(PhraseTextsTest, TheBadgeIsTheLastLayoutInTokenOrder) {
-    const std::pair<std::u16string_view, std::u16string_view> cases[] = {
-        {u"text", u""},
-        {u"%ACTIVATE_KL_DE%", u""},  // not installed
-        {u"a%ACTIVATE_KL_EN%b", u"Br"},
-        {u"%ACTIVATE_KL_RU% %ACTIVATE_KL_EN%", u"Ru"}};
-    for (const auto& [text, badge] : cases) {
-        EXPECT_EQ(desk_.Previews.LayoutBadge(text), badge);
-    }
+TEST_F(PhraseTextsTest, TheBadgeNamesAnInstalledLayoutThatThePhraseAsksFor) {
+    ExpectTexts({{u"text", u""},
+                 {u"%ACTIVATE_KL_DE%", u""},  // not installed
+                 {u"%ACTIVATE_KL_RU% %ACTIVATE_KL_EN%", u"Ru"}},
+                [this](std::u16string_view text) { return desk_.Previews.LayoutBadge(text); });
 }
 
 TEST_F(PhraseTextsTest, TheLengthForStatisticsIsOfTheExpandedPlainText) {

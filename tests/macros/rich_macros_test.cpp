@@ -1,48 +1,31 @@
 // SPDX-License-Identifier: MIT
 #include "macros/rich_macros.h"
 
-#include <gtest/gtest.h>
-
-#include "fakes/fake_clock.h"
-#include "fakes/fake_locale.h"
-#include "fakes/fake_rich_text_engine.h"
-#include "fakes/fake_system_info.h"
-#include "fakes/memory_log.h"
+#include "fakes/macro_desk.h"
+#include "fakes/text_cases.h"
 
 namespace vbr {
 namespace {
 
-class RichMacroExpansion : public testing::Test {
+class RichMacroExpansion : public testing::Test, protected MacroDesk {
   protected:
     std::u16string Expanded(std::u16string_view source, std::u16string_view selection = {},
                             std::u16string_view clipboard = {}) {
         std::u16string expanded(source);
-        clock_.Local = {2025, 3, 3, 5, 21, 7, 30, 0};
-        outcome_ = rich_.ExpandMacrosRich(expanded, {selection, clipboard, kEnglish});
+        Clock.Local = {2025, 3, 3, 5, 21, 7, 30, 0};
+        outcome_ = Rich.ExpandMacrosRich(expanded, {selection, clipboard, kEnglish});
         return expanded;
     }
 
-    FakeClock clock_;
-    FakeLocale locale_;
-    FakeSystemInfo system_;
-    FakeKeyboardLayouts layouts_;
-    MemoryLog log_;
-    MacroValues values_{clock_, locale_, system_};
-    MacroEngine macros_{values_, layouts_, locale_, log_};
-    FakeRichTextEngine engine_;
-    RichMacros rich_{macros_, layouts_, locale_, engine_};
     MacroOutcome outcome_;
 };
 
 TEST_F(RichMacroExpansion, AValueTakesTheColourBeforeItsToken) {
-    const std::pair<std::u16string_view, std::u16string_view> cases[] = {
-        {u"{\\1a\\2%YEAR%\\3b}", u"{\\1a2025\\3b}"},
-        {u"{a\\2%YEAR%}", u"{a2025}"},
-        {u"{\\2%YEAR%\\1b}", u"{\\22025\\1b}"},
-        {u"{\\1a\\2%DAY%%YEAR%}", u"{\\1a52025}"}};
-    for (const auto& [source, expected] : cases) {
-        EXPECT_EQ(Expanded(source), expected);
-    }
+    ExpectTexts({{u"{\\1a\\2%YEAR%\\3b}", u"{\\1a2025\\3b}"},
+                 {u"{a\\2%YEAR%}", u"{a2025}"},
+                 {u"{\\2%YEAR%\\1b}", u"{\\22025\\1b}"},
+                 {u"{\\1a\\2%DAY%%YEAR%}", u"{\\1a52025}"}},
+                [this](std::u16string_view source) { return Expanded(source); });
 }
 
 TEST_F(RichMacroExpansion, ValuesAreLookedIntoOnlyForTokensThatSortBehindTheirOwn) {
@@ -75,8 +58,8 @@ TEST_F(RichMacroExpansion, ASourceWithNothingReplacedOrAFailingEngineStaysAsItIs
         EXPECT_EQ(Expanded(source), source);
         EXPECT_EQ(outcome_.Replaced, 0U);
     }
-    EXPECT_EQ(system_.Asked, 0);
-    engine_.CanSave = false;
+    EXPECT_EQ(System.Asked, 0);
+    RichText.CanSave = false;
     const std::u16string_view source = u"{%ACTIVATE_KL_RU%%CURSOR_POS%%YEAR%}";
     EXPECT_EQ(Expanded(source), source);
     EXPECT_EQ(outcome_.Replaced + outcome_.CursorBack + outcome_.Layout, 0U);
@@ -84,24 +67,17 @@ TEST_F(RichMacroExpansion, ASourceWithNothingReplacedOrAFailingEngineStaysAsItIs
 
 TEST_F(RichMacroExpansion, AValueIsWorkedOutOnceForATokenOfTheText) {
     EXPECT_EQ(Expanded(u"{%WINDOWS_USERNAME% and %WINDOWS_USERNAME%}"), u"{ann and ann}");
-    EXPECT_EQ(system_.Asked, 1);
+    EXPECT_EQ(System.Asked, 1);
 }
 
-TEST_F(RichMacroExpansion, LayoutOfASourceIsTheLastInTokenOrder) {
-    const std::pair<std::u16string_view, Lcid> cases[] = {
-        {u"{%ACTIVATE_KL_RU%a%ACTIVATE_KL_EN%}", kRussian},
-        {u"{%ACTIVATE_KL_EN%}", kBritish},
-        {u"{%ACTIVATE_KL_DE%}", 0},
-        {u"%ACTIVATE_KL_EN%", 0},
-        {u"", 0}};
-    for (const auto& [source, layout] : cases) {
-        EXPECT_EQ(rich_.StripLayoutMacrosRich(source), layout) << Utf16ToUtf8(source);
-    }
+TEST_F(RichMacroExpansion, ASourceThatCannotBeLoadedAsksForNoLayout) {
+    EXPECT_EQ(Rich.StripLayoutMacrosRich(u"{%ACTIVATE_KL_EN%}"), kBritish);
+    EXPECT_EQ(Rich.StripLayoutMacrosRich(u"%ACTIVATE_KL_EN%"), 0U);
 }
 
 TEST_F(RichMacroExpansion, PlainTextOfASourceThatCannotBeLoadedIsEmpty) {
-    EXPECT_EQ(RichToPlainText(u"{a\n\\1b}", engine_), u"a\r\nb");
-    EXPECT_EQ(RichToPlainText(u"a", engine_), u"");
+    EXPECT_EQ(RichToPlainText(u"{a\n\\1b}", RichText), u"a\r\nb");
+    EXPECT_EQ(RichToPlainText(u"a", RichText), u"");
 }
 
 }  // namespace

@@ -1,15 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include <gtest/gtest.h>
-
-#include "base/text.h"
+#include "fakes/text_cases.h"
 #include "macros/number_words.h"
 #include "macros/prompt_split.h"
 #include "macros/url_text.h"
 
 namespace vbr {
 namespace {
-
-using TextCase = std::pair<std::u16string_view, std::u16string_view>;
 
 TEST(PromptSplit, PromptsAndTheTextAroundThemKeepTheirOrder) {
     constexpr SegmentKind kText = SegmentKind::Text;
@@ -28,19 +24,17 @@ TEST(PromptSplit, PromptsAndTheTextAroundThemKeepTheirOrder) {
 }
 
 TEST(NumberWords, NumbersInATextAreWrittenAsRussianSpeaksThem) {
-    const TextCase cases[] = {
-        {u"a1b02", u"aодинbдва"},
-        {u"0 10 11 12 14 19", u"ноль десять одиннадцать двенадцать четырнадцать девятнадцать"},
-        {u"40 58 90 101 216", u"сорок пятьдесят восемь девяносто сто один двести шестнадцать"},
-        {u"1000 2021 5000", u"одна тысяча две тысячи двадцать один пять тысяч"},
-        {u"11000 21000", u"одиннадцать тысяч двадцать одна тысяча"},
-        {u"1000000 2000003", u"один миллион два миллиона три"},
-        {u"5001000 22000000000", u"пять миллионов одна тысяча двадцать два миллиарда"},
-        {u"999000000000", u"девятьсот девяносто девять миллиардов"},
-        {u"1000000000000 99999999999999999999", u"1000000000000 99999999999999999999"}};
-    for (const auto& [text, words] : cases) {
-        EXPECT_EQ(NumbersInTextToWords(text), words) << Utf16ToUtf8(text);
-    }
+    ExpectTexts(
+        {{u"a1b02", u"aодинbдва"},
+         {u"0 10 11 12 14 19", u"ноль десять одиннадцать двенадцать четырнадцать девятнадцать"},
+         {u"40 58 90 101 216", u"сорок пятьдесят восемь девяносто сто один двести шестнадцать"},
+         {u"1000 2021 5000", u"одна тысяча две тысячи двадцать один пять тысяч"},
+         {u"11000 21000", u"одиннадцать тысяч двадцать одна тысяча"},
+         {u"1000000 2000003", u"один миллион два миллиона три"},
+         {u"5001000 22000000000", u"пять миллионов одна тысяча двадцать два миллиарда"},
+         {u"999000000000", u"девятьсот девяносто девять миллиардов"},
+         {u"1000000000000 99999999999999999999", u"1000000000000 99999999999999999999"}},
+        NumbersInTextToWords);
 }
 
 TEST(ExtractUrl, PartsTheUrlAtTheStartFromWhatFollows) {
@@ -58,14 +52,12 @@ TEST(ExtractUrl, PartsTheUrlAtTheStartFromWhatFollows) {
 }
 
 TEST(TrimProtocols, TakesEachProtocolFromTheStartInOneWalk) {
-    const TextCase cases[] = {{u"HTTP://http://ftp://a", u"a"},
-                              {u"http://https://a", u"a"},
-                              {u"https://http://a", u"http://a"},
-                              {u"file://a http://b", u"a http://b"},
-                              {u"a%TRIM_LEFT_ALLPROTS_FROM_SELTEXT%b", u"ab"}};
-    for (const auto& [text, expected] : cases) {
-        EXPECT_EQ(TrimProtocols(text), expected) << Utf16ToUtf8(text);
-    }
+    ExpectTexts({{u"HTTP://http://ftp://a", u"a"},
+                 {u"http://https://a", u"a"},
+                 {u"https://http://a", u"http://a"},
+                 {u"file://a http://b", u"a http://b"},
+                 {u"a%TRIM_LEFT_ALLPROTS_FROM_SELTEXT%b", u"ab"}},
+                TrimProtocols);
 }
 
 }  // namespace
