@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "exchange/input_desktop.h"
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "base/text.h"
@@ -10,8 +9,6 @@
 
 namespace vbr {
 namespace {
-
-using testing::ElementsAre;
 
 struct DesktopFacts {
     std::uintptr_t Handle = 0;  // 0 can't be opened
@@ -47,51 +44,40 @@ class FakeDesktops : public Desktops {
     }
 };
 
-class InputDesktop : public testing::Test {
-  protected:
-    FakeDesktops desktops_;
-    MemoryLog log_;
-};
+const DesktopFacts kDefault = {1, {true, u"Default"}};
 
-TEST_F(InputDesktop, DifferentHandlesAreOneDesktopWhenTheNamesAreTheSameButForCase) {
-    desktops_.Input.Name.Text = u"default";
-    EXPECT_TRUE(IsInputDesktopActive(desktops_, log_));
-    EXPECT_THAT(log_.Lines, ElementsAre(u"hDesk1=[Default,1] hDesk2=[default,1]",
-                                        u"Current Desktop is active"));
+TEST(InputDesktop, IsActiveWhenItIsTheThreadsDesktopByHandleOrByName) {
+    const DesktopName unreadable = {false, u"", 16, {5, u"Denied."}};
+    const struct {
+        DesktopFacts OfThread;
+        DesktopFacts Input;
+        bool Active;
+    } cases[] = {
+        {kDefault, {2, {true, u"default"}}, true},  // in any case
+        {kDefault, {2, {true, u"Winlogon"}}, false},
+        {{7, {}}, {7, {}}, true},  // one handle needs no names
+        {{1, unreadable}, {2, unreadable}, false},
+        {kDefault, {}, false},
+        {{}, kDefault, false},
+    };
+    for (const auto& c : cases) {
+        FakeDesktops desktops;
+        desktops.OfThread = c.OfThread;
+        desktops.Input = c.Input;
+        MemoryLog log;
+        EXPECT_EQ(IsInputDesktopActive(desktops, log), c.Active) << Utf16ToUtf8(log.Lines.back());
+        EXPECT_EQ(MayServeHotkey(desktops, log), c.Active);
+    }
 }
 
-TEST_F(InputDesktop, AHotkeyFromAnotherDesktopIsSkipped) {
-    desktops_.Input.Name.Text = u"Winlogon";
-    EXPECT_FALSE(MayServeHotkey(desktops_, log_));
-    EXPECT_THAT(log_.Lines, ElementsAre(u"hDesk1=[Default,1] hDesk2=[Winlogon,1]",
-                                        u"Current Desktop is IS NOT active",
-                                        u"SKIP HOTKEY. Input desktop is INACTIVE"));
-    EXPECT_EQ(desktops_.Closed, (Journal{"Winlogon", "Default"}));
-}
-
-TEST_F(InputDesktop, OneHandleNeedsNoNames) {
-    desktops_.OfThread = desktops_.Input = {7, {}};
-    EXPECT_TRUE(MayServeHotkey(desktops_, log_));
-    EXPECT_THAT(log_.Lines, ElementsAre(u"Current Desktop is active", u"Input desktop is active"));
-}
-
-TEST_F(InputDesktop, ANameThatCannotBeReadIsNoSameName) {
-    desktops_.OfThread.Name = {false, u"", 16, {5, u"Denied."}};
-    desktops_.Input.Name = {false, u"", 18, {6, u"Bad handle."}};
-    EXPECT_FALSE(IsInputDesktopActive(desktops_, log_));
-    EXPECT_THAT(log_.Lines,
-                ElementsAre(u"b1=0, szName1=, dwLenNeed=16, LastError= 5, Denied.",
-                            u"b1=0, szName2=, dwLenNeed=18, LastError= 6, Bad handle.",
-                            u"hDesk1=[,0] hDesk2=[,0]", u"Current Desktop is IS NOT active"));
-}
-
-TEST_F(InputDesktop, ADesktopThatCannotBeOpenedIsNotActive) {
-    desktops_.Input.Handle = 0;
-    EXPECT_FALSE(IsInputDesktopActive(desktops_, log_));
-    EXPECT_EQ(desktops_.Closed, Journal{"Default"});
-    desktops_.OfThread.Handle = 0;
-    EXPECT_FALSE(IsInputDesktopActive(desktops_, log_));
-    EXPECT_THAT(log_.Lines, ElementsAre(u"Input Desktop is NULL", u"Current Desktop is NULL"));
+TEST(InputDesktop, IsClosedAfterTheQuestionEvenWhenTheOtherCannotBeOpened) {
+    FakeDesktops desktops;
+    MemoryLog log;
+    IsInputDesktopActive(desktops, log);
+    EXPECT_EQ(desktops.Closed.size(), 2U);
+    desktops.Input.Handle = 0;
+    IsInputDesktopActive(desktops, log);
+    EXPECT_EQ(desktops.Closed.size(), 3U);
 }
 
 }  // namespace
