@@ -3,7 +3,10 @@
 
 #include <map>
 #include <string>
+#include <string_view>
 
+#include "base/text.h"
+#include "fakes/journal.h"
 #include "platform/shared_memory.h"
 
 namespace vbr {
@@ -11,6 +14,8 @@ namespace vbr {
 // Blocks of named memory, each with the text written last, and how many handles were made.
 class FakeSharedMemory : public SharedMemory {
   public:
+    explicit FakeSharedMemory(Journal* calls = nullptr) : calls_(calls) {}
+
     std::map<std::u16string, std::string> Blocks;
     int Made = 0;
     bool Fails = false;
@@ -21,23 +26,30 @@ class FakeSharedMemory : public SharedMemory {
             return nullptr;
         }
         ++Made;
-        return std::make_unique<Block>(*this, Blocks[std::u16string(name)], bytes);
+        Note("make ", name);
+        return std::make_unique<Block>(*this, std::u16string(name), bytes);
     }
 
     std::unique_ptr<SharedBlock> OpenBlock(std::u16string_view name) override {
-        const auto block = Blocks.find(std::u16string(name));
-        return block == Blocks.end() ? nullptr : std::make_unique<Block>(*this, block->second, 0U);
+        const std::u16string key(name);
+        return Blocks.contains(key) ? std::make_unique<Block>(*this, key, 0U) : nullptr;
     }
 
   private:
     class Block : public SharedBlock {
       public:
-        Block(const FakeSharedMemory& memory, std::string& content, std::uint32_t bytes)
-            : memory_(memory), content_(content), bytes_(bytes) {}
+        Block(FakeSharedMemory& memory, std::u16string name, std::uint32_t bytes)
+            : memory_(memory),
+              name_(std::move(name)),
+              bytes_(bytes),
+              content_(memory.Blocks[name_]) {}
+        ~Block() override { memory_.Note("close ", name_); }
+
         bool Write(std::string_view text) override {
             if (text.size() + 1 > bytes_) {
                 return false;
             }
+            memory_.Note("write ", name_);
             content_ = text;
             return true;
         }
@@ -47,10 +59,19 @@ class FakeSharedMemory : public SharedMemory {
         }
 
       private:
-        const FakeSharedMemory& memory_;
-        std::string& content_;
+        FakeSharedMemory& memory_;
+        std::u16string name_;
         std::uint32_t bytes_;
+        std::string& content_;
     };
+
+    void Note(std::string_view call, std::u16string_view name) {
+        if (calls_) {
+            calls_->push_back(std::string(call) + Utf16ToUtf8(name));
+        }
+    }
+
+    Journal* calls_;
 };
 
 }  // namespace vbr

@@ -1,13 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "settings/embedded_strings.h"
 
-#include <gtest/gtest.h>
 #include <limits>
 #include <set>
-#include <string>
 #include <vector>
 
-#include "base/text.h"
+#include "fakes/text_cases.h"
 #include "resources/menu_templates.h"
 #include "resources/resource_ids.h"
 
@@ -53,80 +51,45 @@ TEST(EmbeddedStringsTest, UnknownIdIsEmpty) {
     }
 }
 
-TEST(EmbeddedStringsTest, HintNamesTheMenuCommandAsTheMenuShowsIt) {
+TEST(EmbeddedStringsTest, ACommandIsFoundAnywhereInItsMenuAndNamedAsTheMenuShowsIt) {
+    const std::tuple<int, int, std::u16string_view> cases[] = {
+        {kMenuTray, kCmdAbout, u"About Vellumbridge"},
+        {kMenuHistoryRow, kCmdOpenWith, u"Open With"},           // in a sub-menu
+        {kMenuHistoryRow, kCmdShowAllItems, u"Show All Items"},  // behind one
+        {kMenuTray, kCmdOpenWith, u""},
+        {0, kCmdExit, u""}};
     const EmbeddedStrings strings;
-    const std::u16string command = strings.GetCommandText(kMenuTray, kCmdEditPhrases);
-    EXPECT_EQ(command, u"Edit Phrases\\Settings");
-    EXPECT_TRUE(strings.LoadString(kStrChangeTimeoutHint).ends_with(Concat(u"\"", command, u"\"")));
-}
-
-TEST(EmbeddedStringsTest, CommandTextLosesAccessKeyAndEllipsis) {
-    EXPECT_EQ(EmbeddedStrings().GetCommandText(kMenuTray, kCmdAbout), u"About Vellumbridge");
-}
-
-TEST(EmbeddedStringsTest, CommandTextIsFoundInsideAndBehindSubMenus) {
-    const EmbeddedStrings strings;
-    EXPECT_EQ(strings.GetCommandText(kMenuHistoryRow, kCmdOpenWith), u"Open With");
-    EXPECT_EQ(strings.GetCommandText(kMenuHistoryRow, kCmdShowAllItems), u"Show All Items");
-}
-
-TEST(EmbeddedStringsTest, CommandTextOfWhatIsNotInTheMenuIsEmpty) {
-    const EmbeddedStrings strings;
-    EXPECT_EQ(strings.GetCommandText(kMenuTray, kCmdOpenWith), u"");
-    EXPECT_EQ(strings.GetCommandText(kMenuHistoryRow, kCmdExit), u"");
-    EXPECT_EQ(strings.GetCommandText(0, kCmdExit), u"");
-}
-
-TEST(CleanCommandTextTest, SingleAmpersandGoesAndDoubleStays) {
-    EXPECT_EQ(CleanCommandText(u"Save && E&xit"), u"Save && Exit");
-    EXPECT_EQ(CleanCommandText(u"&&&Open"), u"&&Open");
-    EXPECT_EQ(CleanCommandText(u"Open&"), u"Open");
-}
-
-TEST(CleanCommandTextTest, OnlyATrailingEllipsisGoes) {
-    EXPECT_EQ(CleanCommandText(u"&Save…"), u"Save");
-    EXPECT_EQ(CleanCommandText(u"Wait… for it"), u"Wait… for it");
-    EXPECT_EQ(CleanCommandText(u"Save..."), u"Save...");
-    EXPECT_EQ(CleanCommandText(u""), u"");
-}
-
-TEST(EmbeddedStringsTest, TranslateMenuKeepsTheEnglishMenu) {
-    const MenuTemplate& english = *MenuTemplateById(kMenuTray);
-    std::vector<MenuEntry> entries = english.Entries;
-    EmbeddedStrings().TranslateMenu(entries);
-    EXPECT_EQ(entries, english.Entries);
-}
-
-class MenuTemplateTest : public testing::TestWithParam<int> {
-  protected:
-    const std::vector<MenuEntry>& Entries() const { return MenuTemplateById(GetParam())->Entries; }
-};
-
-TEST_P(MenuTemplateTest, CommandIdsAreUnique) {
-    std::set<int> ids;
-    for (const MenuEntry& command : AllCommands(Entries())) {
-        EXPECT_TRUE(ids.insert(command.Id).second) << command.Id;
+    for (const auto& [menu, command, text] : cases) {
+        EXPECT_EQ(strings.GetCommandText(menu, command), text) << menu << " " << command;
     }
+    EXPECT_TRUE(
+        strings.LoadString(kStrChangeTimeoutHint)
+            .ends_with(Concat(u"\"", strings.GetCommandText(kMenuTray, kCmdEditPhrases), u"\"")));
 }
 
-TEST_P(MenuTemplateTest, EveryCommandHasATip) {
+TEST(CleanCommandTextTest, OneAmpersandAndAnEllipsisAtTheEndGo) {
+    ExpectTexts({{u"Save && E&xit", u"Save && Exit"},
+                 {u"&&&Open", u"&&Open"},
+                 {u"Open&", u"Open"},
+                 {u"&Save…", u"Save"},
+                 {u"Wait… for it", u"Wait… for it"},
+                 {u"", u""}},
+                CleanCommandText);
+}
+
+TEST(MenuTemplates, CommandsHaveIdsAndTipsOfTheirOwnAndSeparatorsStandBetweenEntries) {
     const EmbeddedStrings strings;
-    for (const MenuEntry& command : AllCommands(Entries())) {
-        // The entry above the languages is the one that shows the default tip.
-        if (command.Id != kCmdHowToLocalize) {
-            EXPECT_NE(strings.LoadString(command.Id), u"") << command.Id;
+    for (const int menu : {kMenuTray, kMenuHistoryRow}) {
+        const std::vector<MenuEntry>& entries = MenuTemplateById(menu)->Entries;
+        std::set<int> ids;
+        for (const MenuEntry& command : AllCommands(entries)) {
+            EXPECT_TRUE(ids.insert(command.Id).second) << command.Id;
+            // The entry above the languages is the one that shows the default tip.
+            EXPECT_EQ(strings.LoadString(command.Id).empty(), command.Id == kCmdHowToLocalize)
+                << command.Id;
         }
+        ExpectTidySeparators(entries, u"top level");
     }
-}
-
-TEST_P(MenuTemplateTest, SeparatorsOnlyStandBetweenEntries) {
-    ExpectTidySeparators(Entries(), u"top level");
-}
-
-INSTANTIATE_TEST_SUITE_P(Menus, MenuTemplateTest, testing::Values(kMenuTray, kMenuHistoryRow));
-
-TEST(MenuTemplateByIdTest, UnknownMenuIsNull) {
-    EXPECT_EQ(MenuTemplateById(204), nullptr);
 }
 
 }  // namespace

@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "shell/file_locations.h"
 
-#include <gtest/gtest.h>
-
-#include "base/text.h"
 #include "fakes/fake_file_access.h"
+#include "fakes/text_cases.h"
 
 namespace vbr {
 namespace {
@@ -57,13 +55,10 @@ TEST(FileLocations, OnARemovableOrRemoteDriveAllStaysBesideTheProgram) {
 }
 
 TEST(DriveRoot, IsTheDriveOrTheShare) {
-    const std::pair<std::u16string_view, std::u16string_view> cases[] = {
-        {u"C:\\App\\Vellumbridge.exe", u"C:\\"},
-        {u"\\\\server\\share\\App\\Vellumbridge.exe", u"\\\\server\\share\\"},
-        {u"\\\\server\\share", u"\\\\server\\share\\"}};
-    for (const auto& [path, root] : cases) {
-        EXPECT_EQ(DriveRootOf(path), root) << Utf16ToUtf8(path);
-    }
+    ExpectTexts({{u"C:\\App\\Vellumbridge.exe", u"C:\\"},
+                 {u"\\\\server\\share\\App\\Vellumbridge.exe", u"\\\\server\\share\\"},
+                 {u"\\\\server\\share", u"\\\\server\\share\\"}},
+                DriveRootOf);
 }
 
 TEST(PhrasesFolder, FollowsTheStoredSetting) {
@@ -71,14 +66,15 @@ TEST(PhrasesFolder, FollowsTheStoredSetting) {
     access.Variables = {{u"USER", u"ann"}, {u"LONG", std::u16string(1000, u'x')}};
     FileLocations where;
     where.ProgramFolder = kFolder;
-    const std::pair<std::u16string_view, std::u16string_view> cases[] = {
-        {u"", u"C:\\App\\UserPhrases\\"},        {u"Mine", u"C:\\App\\Mine\\"},
-        {u"D:\\Mine\\", u"D:\\Mine\\"},          {u"%USER%\\x%USER%", u"C:\\App\\ann\\xann\\"},
-        {u"D:\\%NONE%USER%", u"D:\\%NONEann\\"}, {u"D:\\100%", u"D:\\100%\\"},
-        {u"D:\\%LONG%", u"D:\\%LONG%\\"}};
-    for (const auto& [stored, folder] : cases) {
-        EXPECT_EQ(EffectivePhrasesFolder(stored, where, access), folder) << Utf16ToUtf8(stored);
-    }
+    ExpectTexts(
+        {{u"", u"C:\\App\\UserPhrases\\"},
+         {u"Mine", u"C:\\App\\Mine\\"},
+         {u"D:\\Mine\\", u"D:\\Mine\\"},
+         {u"%USER%\\x%USER%", u"C:\\App\\ann\\xann\\"},
+         {u"D:\\%NONE%USER%", u"D:\\%NONEann\\"},
+         {u"D:\\100%", u"D:\\100%\\"},
+         {u"D:\\%LONG%", u"D:\\%LONG%\\"}},
+        [&](std::u16string_view stored) { return EffectivePhrasesFolder(stored, where, access); });
 }
 
 }  // namespace

@@ -5,12 +5,16 @@
 
 #include "base/text.h"
 #include "fakes/exchange_desk.h"
+#include "fakes/fake_shared_memory.h"
 #include "fakes/native_profile_store.h"
 #include "platform/object_names.h"
 #include "shell/double_press.h"
 
 namespace vbr {
 namespace {
+
+const std::string kArea = Utf16ToUtf8(kAreaInterchange);
+const std::string kSettingsArea = Utf16ToUtf8(kAreaSettings);
 
 struct FakeHotkeys : HotkeyRegistrar {
     explicit FakeHotkeys(Journal& calls) : Calls(calls) {}
@@ -26,34 +30,6 @@ struct FakeHotkeys : HotkeyRegistrar {
 
     Journal& Calls;
     std::uint32_t Error = 0;
-};
-
-struct FakeMemory : SharedMemory {
-    struct Block : SharedBlock {
-        Block(FakeMemory& memory, std::string name) : Memory(memory), Name(std::move(name)) {
-            Memory.Calls.push_back("make " + Name);
-        }
-        ~Block() override { Memory.Calls.push_back("close " + Name); }
-        bool Write(std::string_view text) override {
-            Memory.Calls.push_back("write " + Name);
-            Memory.Written = text;
-            return true;
-        }
-        SharedText Read() override { return {}; }
-        FakeMemory& Memory;
-        std::string Name;
-    };
-    explicit FakeMemory(Journal& calls) : Calls(calls) {}
-    std::unique_ptr<SharedBlock> Create(std::u16string_view name, std::uint32_t) override {
-        const char* shortName = name == kAreaSettings ? "settings" : "area";
-        return Fails ? nullptr : std::make_unique<Block>(*this, shortName);
-    }
-
-    std::unique_ptr<SharedBlock> OpenBlock(std::u16string_view) override { return nullptr; }
-
-    Journal& Calls;
-    std::string Written;
-    bool Fails = false;
 };
 
 struct FakeWaiter : QueryWaiter {
@@ -83,7 +59,7 @@ class HotkeyServiceStart : public testing::Test, protected ExchangeDesk {
 
     MessageList messages_;
     std::u16string errorText_;
-    FakeMemory memory_{Calls};
+    FakeSharedMemory memory_{&Calls};
     FakeHotkeys hotkeys_{Calls};
     FakeWaiter waiter_{Calls};
     NativeProfileStore profile_;
@@ -96,10 +72,11 @@ TEST_F(HotkeyServiceStart, StopUndoesTheInstallBackwards) {
     EXPECT_TRUE(service_.Install({}, true, errorText_));
     EXPECT_TRUE(Objects.Exists(kEventDataNeeded) && Objects.Exists(kEventDataCompleted));
     service_.Stop();
-    EXPECT_EQ(Calls, (Journal{"make area", "register 3+13", "make settings", "write settings",
-                              "load", "install", "wait", "uninstall", "broadcast", "unload",
-                              "unregister", "wait no more", "close area"}));
-    EXPECT_EQ(memory_.Written, SharedSettingsText(13, 3, false, u""));
+    EXPECT_EQ(Calls,
+              (Journal{"make " + kArea, "register 3+13", "make " + kSettingsArea,
+                       "write " + kSettingsArea, "load", "install", "wait", "uninstall",
+                       "broadcast", "unload", "unregister", "wait no more", "close " + kArea}));
+    EXPECT_EQ(memory_.Blocks[std::u16string(kAreaSettings)], SharedSettingsText(13, 3, false, u""));
     EXPECT_TRUE(Objects.Owned.empty());
     EXPECT_TRUE(messages_.empty());
 }
@@ -107,7 +84,7 @@ TEST_F(HotkeyServiceStart, StopUndoesTheInstallBackwards) {
 TEST_F(HotkeyServiceStart, WithoutAllSharedObjectsNoKeyIsRegistered) {
     for (const std::u16string_view refused : {kEventDataNeeded, kEventDataCompleted}) {
         Objects.Refused = {refused};
-        EXPECT_EQ(FailedStart(), (Journal{"make area", "close area"}));
+        EXPECT_EQ(FailedStart(), (Journal{"make " + kArea, "close " + kArea}));
         EXPECT_EQ(errorText_, u"ERROR: Cannot create wait objects");
         EXPECT_EQ(messages_, MessageList{errorText_});
     }
@@ -118,7 +95,7 @@ TEST_F(HotkeyServiceStart, WithoutAllSharedObjectsNoKeyIsRegistered) {
 
 TEST_F(HotkeyServiceStart, AKeyThatIsTakenClosesTheSharedObjects) {
     hotkeys_.Error = 1409;
-    EXPECT_EQ(FailedStart(), (Journal{"make area", "register 3+13", "close area"}));
+    EXPECT_EQ(FailedStart(), (Journal{"make " + kArea, "register 3+13", "close " + kArea}));
     EXPECT_EQ(messages_, (MessageList{u"Cannot register hotkey. Error: 1409",
                                       u"ERROR: Cannot register hot key Ctrl+Alt+Key13"}));
     EXPECT_EQ(errorText_, Concat(u"\n\n", messages_[0], u"\n", messages_[1]));
@@ -127,9 +104,9 @@ TEST_F(HotkeyServiceStart, AKeyThatIsTakenClosesTheSharedObjects) {
 TEST_F(HotkeyServiceStart, ALibraryThatFailsGivesKeyAndObjectsBack) {
     Library.InstallResult = false;
     Library.ErrorCode = 3;
-    EXPECT_EQ(FailedStart(),
-              (Journal{"make area", "register 3+13", "make settings", "write settings", "load",
-                       "install", "unload", "unregister", "close area"}));
+    EXPECT_EQ(FailedStart(), (Journal{"make " + kArea, "register 3+13", "make " + kSettingsArea,
+                                      "write " + kSettingsArea, "load", "install", "unload",
+                                      "unregister", "close " + kArea}));
     EXPECT_EQ(errorText_,
               u"ERROR: Cannot kernel DLL install\nDLL path: L:\\lib.dll\n\n"
               u"Cant install hook\nError code: 3");
@@ -143,7 +120,7 @@ TEST_F(HotkeyServiceStart, ALibraryThatFailsGivesKeyAndObjectsBack) {
 
 TEST_F(HotkeyServiceStart, WithoutTheWaitForQueriesAllIsUndone) {
     waiter_.Starts = false;
-    EXPECT_EQ(FailedStart().back(), "close area");
+    EXPECT_EQ(FailedStart().back(), "close " + kArea);
     EXPECT_EQ(errorText_, u"ERROR: Cannot start wait thread for query");
 }
 

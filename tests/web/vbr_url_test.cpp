@@ -69,31 +69,10 @@ TEST_F(VBRUrl, TheLanguageFilesPrefixChoosesTheForm) {
     }
 }
 
-TEST_F(VBRUrl, TheChoiceIsLogged) {
-    LanguageFile file;
-    file.Prefix = u"Uk ";
-    SetUseRuUrls(file, u"My.lng", log_);
-    EXPECT_THAT(log_.Lines, ElementsAre(u"Read prefix from My.lng prefix=Uk",
-                                        u"CAppObjects::SetUseRuUrls, lng=[My.lng], bRu=1",
-                                        u"CVBRUrl::_Set_Use_RU_Urls =1"));
-}
-
 TEST_F(VBRUrl, TheLocalizePageIsEnglishInBothForms) {
     const std::u16string english = CVBRUrl::GetLocalizeUrl();
     CVBRUrl::_Set_Use_RU_Urls(true, log_);
     EXPECT_EQ(CVBRUrl::GetLocalizeUrl(), english + u"_ru");
-}
-
-TEST_F(VBRUrl, PagesWithoutARussianFormStayTheSame) {
-    const auto pages = [] {
-        return std::vector{
-            CVBRUrl::GetHomeUrl(),  CVBRUrl::GetSupportUrl(),  CVBRUrl::GetDownloadUrl(),
-            CVBRUrl::GetForumUrl(), CVBRUrl::GetVideoUrl(),    CVBRUrl::GetQuickStartUrl(),
-            CVBRUrl::GetFaqUrl(),   CVBRUrl::GetFacebookUrl(), CVBRUrl::GetVkUrl()};
-    };
-    const std::vector<std::u16string> english = pages();
-    CVBRUrl::_Set_Use_RU_Urls(true, log_);
-    EXPECT_EQ(pages(), english);
 }
 
 TEST_F(VBRUrl, TheQuickStartPageIsToldTheVersionWithoutBlanks) {
