@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "history/clipboard_capture.h"
 
-#include <gtest/gtest.h>
 #include <map>
 
+#include "fakes/fake_ansi_text.h"
 #include "fakes/fake_clipboard_access.h"
 #include "fakes/fake_clock.h"
 #include "fakes/history_desk.h"
+#include "fakes/text_cases.h"
 #include "history/owner_info.h"
 #include "history/source_url.h"
 
@@ -37,18 +38,6 @@ class FakeWindows : public ProgramWindows {
         const auto found = values.find(window);
         return found == values.end() ? Value() : found->second;
     }
-};
-
-class LatinText : public AnsiText {
-  public:
-    std::u16string FromAnsi(std::string_view text) const override {
-        std::u16string wide;
-        for (const char unit : text) {
-            wide += static_cast<unsigned char>(unit);
-        }
-        return wide;
-    }
-    std::string ToAnsi(std::u16string_view) const override { return {}; }
 };
 
 // A bitmap's object is its width.
@@ -93,7 +82,7 @@ class Capture : public testing::Test {
     FakeClock clock_;
     MyCopyCount myCopy_{log_};
     KeptFormats kept_ = {true, true, true, true, true};
-    LatinText ansi_;
+    FakeAnsiText ansi_;
     FakeBitmaps bitmaps_;
     ClipboardCapture capture_{
         {clipboard_, windows_, clock_, myCopy_, kept_, ansi_, bitmaps_, log_}};
@@ -137,25 +126,22 @@ TEST_F(Capture, TextEndsAtItsTerminatorOrWithTheBlock) {
 }
 
 TEST_F(Capture, FilterLooksAtTheItemsOwnFormat) {
-    struct Case {
-        std::size_t Off;
-        std::u16string Text, Rtf, Picture, Kelp;
-    };
-    const Case cases[] = {
-        {0, u"nothing", u"2:{r}/4 5:<h>", u"4:/4 5:<h>", u"3:k/1 5:<h>"},
-        {1, u"1:t/4 5:<h>", u"nothing", u"4:/4 5:<h>", u"3:k/1 5:<h>"},
-        {2, u"1:t/4 5:<h>", u"2:{r}/4 5:<h>", u"nothing", u"3:k/1 5:<h>"},
-        {3, u"1:t/4 5:<h>", u"2:{r}/4 5:<h>", u"4:/4 5:<h>", u"nothing"},
-        {4, u"1:t/4", u"2:{r}/4", u"4:/4", u"3:k/1"},
-    };
     const auto html = clipboard_.Named(kHtml, "<h>");
-    for (const Case& test : cases) {
+    // In the order of the settings, HTML the last.
+    const std::pair<ClipboardBlock, std::u16string> items[] = {
+        {FakeClipboardAccess::Text(u"t"), u"1:t/4"},
+        {clipboard_.Named(kRtf, "{r}"), u"2:{r}/4"},
+        {Picture(3), u"4:/4"},
+        {clipboard_.Named(kKelp, "k"), u"3:k/1"}};
+    for (std::size_t off = 0; off < kept_.size(); ++off) {
         kept_ = {true, true, true, true, true};
-        kept_[test.Off] = false;
-        EXPECT_EQ(Captured({FakeClipboardAccess::Text(u"t"), html}), test.Text) << test.Off;
-        EXPECT_EQ(Captured({clipboard_.Named(kRtf, "{r}"), html}), test.Rtf) << test.Off;
-        EXPECT_EQ(Captured({Picture(3), html}), test.Picture) << test.Off;
-        EXPECT_EQ(Captured({clipboard_.Named(kKelp, "k"), html}), test.Kelp) << test.Off;
+        kept_[off] = false;
+        for (std::size_t i = 0; i < std::size(items); ++i) {
+            const auto& [block, text] = items[i];
+            EXPECT_EQ(Captured({block, html}), i == off   ? u"nothing"
+                                               : off == 4 ? text
+                                                          : text + u" 5:<h>");
+        }
     }
 }
 
@@ -200,21 +186,20 @@ TEST_F(Capture, SourceComesFromTheHtmlBeforeTheText) {
 }
 
 TEST(TextAsUrl, TakesAnAddressOrAPathFromTheStart) {
-    const std::pair<std::u16string, std::u16string> cases[] = {
-        {u"\r\n\t http://a.b/c d", u"http://a.b/c"},
-        {u"https://x\ty", u"https://x"},
-        {u"HTTP://a.b/c", u""},
-        {u"http://", u""},
-        {u"C:\\My files\\a.txt\nmore", u"C:\\My files\\a.txt"},
-        {u"see C:\\a\\b", u""},
-        {u"word", u""},
-        {u"a longer text", u""},
-        {u"C:\\a", u""},
-        {u"at: once/never", u""},
-    };
-    for (const auto& [text, url] : cases) {
-        EXPECT_EQ(TextAsUrl(text), url) << Utf16ToUtf8(text);
-    }
+    ExpectTexts(
+        {
+            {u"\r\n\t http://a.b/c d", u"http://a.b/c"},
+            {u"https://x\ty", u"https://x"},
+            {u"HTTP://a.b/c", u""},
+            {u"http://", u""},
+            {u"C:\\My files\\a.txt\nmore", u"C:\\My files\\a.txt"},
+            {u"see C:\\a\\b", u""},
+            {u"word", u""},
+            {u"a longer text", u""},
+            {u"C:\\a", u""},
+            {u"at: once/never", u""},
+        },
+        TextAsUrl);
 }
 
 TEST(OwnerInfo, ComesFromTheTopmostWindowThatTells) {

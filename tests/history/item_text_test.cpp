@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "history/item_text.h"
 
-#include <gtest/gtest.h>
-
 #include "fakes/fake_ansi_text.h"
 #include "fakes/fake_rich_text_engine.h"
 #include "fakes/history_desk.h"
+#include "fakes/text_cases.h"
 
 namespace vbr {
 namespace {
@@ -22,19 +21,17 @@ class ItemText : public testing::Test {
 };
 
 TEST_F(ItemText, CaptionIsTheFirstLineWithAnEllipsisForWhatWasCut) {
-    const std::pair<std::u16string, std::u16string> cases[] = {
-        {u"ab\r\ncd", u"ab…"},
-        {u"\r\n\tab\ncd", u"ab…"},
-        {u"a b\tc", u"a b…"},
-        {u"ab\r\n", u"ab…"},
-        {u"\r\n\t", u""},
-        {kFifty, kFifty},
-        {kFifty + u"y", kFifty + u"…"},
-        {kFifty + u"\r\n", kFifty + u"…"},
-        {kForty + u"123456789😀", kForty + u"123456789…"}};
-    for (const auto& [text, caption] : cases) {
-        EXPECT_EQ(texts_.MenuCaptionText(*TextItem(text)), caption) << Utf16ToUtf8(text);
-    }
+    ExpectTexts(
+        {{u"ab\r\ncd", u"ab…"},
+         {u"\r\n\tab\ncd", u"ab…"},
+         {u"a b\tc", u"a b…"},
+         {u"ab\r\n", u"ab…"},
+         {u"\r\n\t", u""},
+         {kFifty, kFifty},
+         {kFifty + u"y", kFifty + u"…"},
+         {kFifty + u"\r\n", kFifty + u"…"},
+         {kForty + u"123456789😀", kForty + u"123456789…"}},
+        [this](std::u16string_view text) { return texts_.MenuCaptionText(*TextItem(text)); });
     EXPECT_EQ(texts_.ItemText(*TextItem(u"\tab\r\ncd"), 4, false), u"\tab\r…");
 }
 

@@ -203,16 +203,6 @@ TEST(CommandFile, TheFirstOfTwoCounts) {
     EXPECT_EQ(record.SortID, 1U);
 }
 
-TEST(CommandFile, APhraseOfManyMegabytesComesBackWhole) {
-    VBRCommand record;
-    record.Text = u"n";
-    while (record.Cmd.size() < 1'000'000) {
-        record.Cmd += u"a & b < &#x41;\r\n";
-    }
-    const VBRCommand back = Parsed(CommandToXml(record));
-    EXPECT_TRUE(back.Cmd == record.Cmd);
-}
-
 // A phrase that lost its end must not come back as a shorter phrase and be saved so.
 TEST(CommandFile, FileCutAnywhereInTheDocumentIsRefused) {
     const std::size_t end = kHandWritten.rfind('>');
