@@ -15,54 +15,51 @@ using testing::IsEmpty;
 
 constexpr std::uint32_t kAccessViolation = 0xC0000005;
 
-class GuardedSectionsTest : public testing::Test {
+class GuardedSectionsTest : public testing::Test, protected GuardDesk {
   protected:
     FakeAlertBox::Box ErrorBox(const std::u16string& text) {
         return {text, u"Vellumbridge", 0x40010};
     }
-
-    GuardDesk desk_;
-    GuardedSections& sections_ = desk_.Sections;
 };
 
 TEST_F(GuardedSectionsTest, WorkWithoutAFaultGivesItsResultAndNoReport) {
-    const std::unique_ptr<int> result = sections_.Run(kFaultMakeMenu, std::unique_ptr<int>(),
-                                                      [] { return std::make_unique<int>(7); });
+    const std::unique_ptr<int> result = Sections.Run(kFaultMakeMenu, std::unique_ptr<int>(),
+                                                     [] { return std::make_unique<int>(7); });
     ASSERT_TRUE(result);
     EXPECT_EQ(*result, 7);
-    EXPECT_THAT(desk_.Log.Lines, IsEmpty());
-    EXPECT_THAT(desk_.Box.Shown, IsEmpty());
+    EXPECT_THAT(Log.Lines, IsEmpty());
+    EXPECT_THAT(Box.Shown, IsEmpty());
 }
 
 TEST_F(GuardedSectionsTest, AFaultIsReportedWithItsNameAndGivesTheSectionsResult) {
     const int result =
-        sections_.Run(kFaultMeasureItem, 5, []() -> int { throw Fault{kAccessViolation}; });
+        Sections.Run(kFaultMeasureItem, 5, []() -> int { throw Fault{kAccessViolation}; });
     EXPECT_EQ(result, 5);
     const std::u16string report =
         u"ERROR: Exception in IDataNeededHander_MenuSelf::OnMenuMEASUREITEM "
         u"GetExceptionCode=3221225477 status=[EXCEPTION_ACCESS_VIOLATION]";
-    EXPECT_THAT(desk_.Log.Lines, ElementsAre(u"ERROR: " + report));
-    EXPECT_THAT(desk_.Box.Shown, ElementsAre(ErrorBox(report)));
+    EXPECT_THAT(Log.Lines, ElementsAre(u"ERROR: " + report));
+    EXPECT_THAT(Box.Shown, ElementsAre(ErrorBox(report)));
 }
 
 TEST_F(GuardedSectionsTest, ASectionWithoutAResultReportsCodesWithoutANameToo) {
-    sections_.Run(kFaultCleanupMenu, [] { throw Fault{1}; });
-    EXPECT_THAT(desk_.Box.Shown,
+    Sections.Run(kFaultCleanupMenu, [] { throw Fault{1}; });
+    EXPECT_THAT(Box.Shown,
                 ElementsAre(ErrorBox(u"Crash: on IDataNeededHander_MenuSelf::CleanupMenu "
                                      u"GetExceptionCode=1 status=[Not found]")));
 }
 
 TEST_F(GuardedSectionsTest, AFaultWithABoxOfItsOwnStaysOutOfTheLog) {
-    const bool result = sections_.RunWithBox(kFaultShellNotify, false,
-                                             []() -> bool { throw Fault{kAccessViolation}; });
+    const bool result = Sections.RunWithBox(kFaultShellNotify, false,
+                                            []() -> bool { throw Fault{kAccessViolation}; });
     EXPECT_FALSE(result);
-    EXPECT_THAT(desk_.Log.Lines, IsEmpty());
-    EXPECT_THAT(desk_.Box.Shown, ElementsAre(ErrorBox(u"Exception in Shell_Notify")));
+    EXPECT_THAT(Log.Lines, IsEmpty());
+    EXPECT_THAT(Box.Shown, ElementsAre(ErrorBox(u"Exception in Shell_Notify")));
 }
 
 TEST_F(GuardedSectionsTest, ASilentFaultGivesTheFallbackAlone) {
     const auto textOf = [this](bool faulty) {
-        return RunSilently(desk_.Catcher, std::u16string(u"none"), [faulty] {
+        return RunSilently(Catcher, std::u16string(u"none"), [faulty] {
             return faulty ? throw Fault{kAccessViolation} : std::u16string(u"text");
         });
     };

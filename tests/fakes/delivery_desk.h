@@ -1,19 +1,99 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <deque>
+#include <functional>
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
 #include "base/text.h"
 #include "fakes/fake_clipboard_access.h"
 #include "fakes/fake_delivery_host.h"
 #include "fakes/fake_desktop_windows.h"
-#include "fakes/fake_program_starter.h"
-#include "fakes/fake_prompter.h"
-#include "fakes/fake_target_windows.h"
+#include "fakes/journal.h"
 #include "fakes/macro_desk.h"
 #include "fakes/phrase_tree.h"
 #include "fakes/recording_input.h"
 #include "macros/command_delivery.h"
+#include "macros/prompt_dialog.h"
+#include "platform/program_starter.h"
+#include "platform/target_windows.h"
 
 namespace vbr {
+
+// Answers prompts in turn; nothing is Cancel.
+class FakePrompter : public Prompter {
+  public:
+    explicit FakePrompter(Journal& calls) : calls_(calls) {}
+
+    std::deque<std::optional<std::u16string>> Answers;
+    std::vector<std::u16string> Defaults;  // as they were shown
+    std::function<void()> WhileOpen = [] {};
+
+    bool ShowPromptDialog(WindowHandle, std::u16string& inOutText) override {
+        calls_.push_back("prompt");
+        Defaults.push_back(inOutText);
+        WhileOpen();
+        const std::optional<std::u16string> answer = Answers.front();
+        Answers.pop_front();
+        inOutText = answer.value_or(u"");
+        return answer.has_value();
+    }
+
+  private:
+    Journal& calls_;
+};
+
+// Files and folders by their full names, and what was started.
+class FakeProgramStarter : public ProgramStarter {
+  public:
+    struct Failure {
+        WindowHandle Owner = 0;
+        std::u16string Text;
+        std::u16string Title;
+
+        bool operator==(const Failure&) const = default;
+    };
+
+    std::set<std::u16string> Files;
+    std::set<std::u16string> Folders;
+    std::optional<std::uint32_t> Error;
+    std::vector<std::u16string> Started;  // path and parameters, each in brackets
+    std::vector<Failure> Failures;
+    mutable int Asked = 0;
+
+    bool IsFile(std::u16string_view path) const override {
+        ++Asked;
+        return Files.contains(std::u16string(path));
+    }
+    bool IsFolder(std::u16string_view path) const override {
+        ++Asked;
+        return Folders.contains(std::u16string(path));
+    }
+    std::optional<std::uint32_t> Start(std::u16string_view path,
+                                       std::u16string_view parameters) override {
+        Started.push_back(Concat(u"[", path, u"][", parameters, u"]"));
+        return Error;
+    }
+    void TellFailure(WindowHandle owner, std::u16string_view text,
+                     std::u16string_view title) override {
+        Failures.push_back({owner, std::u16string(text), std::u16string(title)});
+    }
+};
+
+// Every window but 0 lives and can be reached.
+class FakeTargetWindows : public TargetWindows {
+  public:
+    std::set<WindowHandle> Own;
+    int Wakes = 0;
+
+    bool IsWindow(WindowHandle window) const override { return window != 0; }
+    bool IsOwnProcess(WindowHandle window) const override { return Own.contains(window); }
+    bool RunsElevated(WindowHandle) const override { return false; }
+    void Wake(WindowHandle) override { ++Wakes; }
+};
 
 class NumberedErrorText : public SystemErrorText {
   public:

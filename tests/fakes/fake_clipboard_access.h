@@ -38,12 +38,8 @@ class FakeClipboardAccess : public ClipboardAccess {
     }
     // A memory block of these bytes.
     static ClipboardBlock Memory(std::uint32_t format, std::string_view bytes) {
-        ClipboardBlock block;
-        block.Format = format;
-        block.Bytes.resize(bytes.size());
-        std::copy_n(reinterpret_cast<const std::byte*>(bytes.data()), bytes.size(),
-                    block.Bytes.begin());
-        return block;
+        const auto* data = reinterpret_cast<const std::byte*>(bytes.data());
+        return {.Format = format, .Bytes = {data, data + bytes.size()}};
     }
     // CF_UNICODETEXT with its terminator.
     static ClipboardBlock Text(std::u16string text) {

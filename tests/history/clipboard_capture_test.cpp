@@ -53,10 +53,7 @@ class FakeBitmaps : public Bitmaps {
 class Capture : public testing::Test {
   protected:
     ClipboardBlock Picture(std::int32_t width) {
-        ClipboardBlock block;
-        block.Format = kClipBitmap;
-        block.Object = std::make_shared<std::int32_t>(width);
-        return block;
+        return {.Format = kClipBitmap, .Object = std::make_shared<std::int32_t>(width)};
     }
     // What was captured: format, text, alternatives and source, or "nothing".
     std::u16string Captured(std::vector<ClipboardBlock> blocks) {

@@ -22,8 +22,7 @@ class FakeSpyDesktop : public SpyDesktop {
     bool HasChain = true;
     WindowHandle First = 0;
     std::uint32_t Sequence = 1;
-    std::function<void(WindowHandle)> OnSent;
-
+    std::function<void(WindowHandle)> OnSent = [](WindowHandle) {};
     bool InUse = false;
     bool ChangesMeanwhile = false;
 
@@ -41,11 +40,11 @@ class FakeSpyDesktop : public SpyDesktop {
     void SendChainChange(WindowHandle to, WindowHandle removed, WindowHandle next) override {
         Note("chain " + std::to_string(to) + " " + std::to_string(removed) + " " +
              std::to_string(next));
-        Sent(to);
+        OnSent(to);
     }
     void SendDraw(WindowHandle to) override {
         Note("draw " + std::to_string(to));
-        Sent(to);
+        OnSent(to);
     }
     void StartCheckTimer() override { Note("timer"); }
     void StopCheckTimer() override { Note("no timer"); }
@@ -60,11 +59,6 @@ class FakeSpyDesktop : public SpyDesktop {
     bool Note(std::string call, bool result = true) {
         Calls.push_back(std::move(call));
         return result;
-    }
-    void Sent(WindowHandle to) {
-        if (OnSent) {
-            OnSent(to);
-        }
     }
 };
 

@@ -10,28 +10,17 @@ namespace {
 
 using Names = std::set<std::string>;
 
-class HistoryFiles : public testing::Test {
+class HistoryFiles : public testing::Test, protected HistoryDesk {
   protected:
     // Writes an ".info" file by hand.
     void WriteInfoFile(const std::string& name, const std::string& lines) {
-        desk_.Folder.Make();
-        desk_.Temp.Write("ClipboardHistory/" + name, "[Files]\r\n" + lines);
+        Folder.Make();
+        Temp.Write("ClipboardHistory/" + name, "[Files]\r\n" + lines);
     }
     void WriteFile(const std::string& name, const std::string& bytes) {
-        desk_.Temp.Write("ClipboardHistory/" + name, bytes);
+        Temp.Write("ClipboardHistory/" + name, bytes);
     }
-    // One second after the other.
-    void AddTexts(std::u16string_view letters) {
-        for (const char16_t letter : letters) {
-            desk_.Add(TextItem({&letter, 1}, ++second_));
-        }
-    }
-    std::string ReadFile(const std::string& name) {
-        return desk_.Temp.Read("ClipboardHistory/" + name);
-    }
-
-    HistoryDesk desk_;
-    std::uint16_t second_ = 0;
+    std::string ReadFile(const std::string& name) { return Temp.Read("ClipboardHistory/" + name); }
 };
 
 TEST_F(HistoryFiles, EveryFormatComesBackAsItWas) {
@@ -41,22 +30,22 @@ TEST_F(HistoryFiles, EveryFormatComesBackAsItWas) {
     item->wndName = u" \"Title\" ";
     item->exeName = u"C:\\Ünder\\ж.exe";
     item->sourceUrl = std::u16string(300, u'u');
-    desk_.Add(std::move(item));
-    desk_.Add(ByteItem(CHF_ANSI_TEXT, "old", 1));
-    desk_.Add(TextItem(u"жук\U0001F600", 2));
-    desk_.Add(ByteItem(CHF_KELPNOTES, std::string_view("k\0\1", 3), 4));
-    desk_.Save();
-    EXPECT_EQ(desk_.FileNames(),
+    Add(std::move(item));
+    Add(ByteItem(CHF_ANSI_TEXT, "old", 1));
+    Add(TextItem(u"жук\U0001F600", 2));
+    Add(ByteItem(CHF_KELPNOTES, std::string_view("k\0\1", 3), 4));
+    Save();
+    EXPECT_EQ(FileNames(),
               (Names{"vellumbridge_cb1.info", "vellumbridge_cb2.info", "vellumbridge_cb3.info",
                      "vellumbridge_cb4.info", "clipboard_history1.rtf", "clipboard_history1.html",
                      "clipboard_history1.txt", "clipboard_history1.knd",
                      "Unicode_clipboard_history1.txt"}));
     EXPECT_EQ(ReadFile("Unicode_clipboard_history1.txt").substr(0, 4), "\xFF\xFE\x36\x04");
 
-    CCHQueue loaded(desk_.Folder);
-    desk_.Folder.Load(loaded);
+    CCHQueue loaded(Folder);
+    Folder.Load(loaded);
     EXPECT_EQ(HistoryDesk::TextsOf(loaded), u"k {\\rtf1 x} жук\U0001F600 old");
-    EXPECT_EQ(loaded.GetItem(0)->Data(), desk_.Queue.GetItem(0)->Data());
+    EXPECT_EQ(loaded.GetItem(0)->Data(), Queue.GetItem(0)->Data());
     const CCHItem& rtf = *loaded.GetItem(1);
     EXPECT_EQ(rtf.time, TimeAt(3));
     EXPECT_EQ(rtf.wndName, u" \"Title\" ");
@@ -68,8 +57,8 @@ TEST_F(HistoryFiles, EveryFormatComesBackAsItWas) {
 }
 
 TEST_F(HistoryFiles, DescriptionEndsWithTheTimeAndNamesTheFiles) {
-    desk_.Add(TextItem(u"a", 1));
-    desk_.Save();
+    Add(TextItem(u"a", 1));
+    Save();
     const std::string bytes = ReadFile("vellumbridge_cb1.info");
     std::u16string text(reinterpret_cast<const char16_t*>(bytes.data()), bytes.size() / 2);
     EXPECT_EQ(text,
@@ -79,79 +68,79 @@ TEST_F(HistoryFiles, DescriptionEndsWithTheTimeAndNamesTheFiles) {
 
 TEST_F(HistoryFiles, NumbersOfDeletedItemsServeAgain) {
     AddTexts(u"abc");
-    desk_.Save();
-    desk_.Queue.Delete({1}, false);
-    EXPECT_EQ(desk_.FileNames().size(), 4U);
-    desk_.Add(TextItem(u"d"));
-    desk_.Save();
-    EXPECT_TRUE(desk_.FileNames().contains("Unicode_clipboard_history2.txt"));
-    EXPECT_EQ(desk_.FileNames().size(), 6U);
+    Save();
+    Queue.Delete({1}, false);
+    EXPECT_EQ(FileNames().size(), 4U);
+    Add(TextItem(u"d"));
+    Save();
+    EXPECT_TRUE(FileNames().contains("Unicode_clipboard_history2.txt"));
+    EXPECT_EQ(FileNames().size(), 6U);
 }
 
 TEST_F(HistoryFiles, TrimDeleteAndClearTakeTheFilesWithThem) {
     AddTexts(u"abc");
-    desk_.Save();
-    desk_.Queue.SetProtected(0, true);
-    EXPECT_EQ(desk_.Reloaded(), u"c! b a");
-    desk_.Queue.Trim(2);
-    EXPECT_EQ(desk_.Reloaded(), u"c! b");
-    desk_.Queue.Clear();
-    EXPECT_EQ(desk_.FileNames(), Names{});
-    desk_.Save();
-    EXPECT_EQ(desk_.Reloaded(), u"c!");
-    desk_.Queue.Undo();
-    desk_.Save();
-    EXPECT_EQ(desk_.Reloaded(), u"c! b");
+    Save();
+    Queue.SetProtected(0, true);
+    EXPECT_EQ(Reloaded(), u"c! b a");
+    Queue.Trim(2);
+    EXPECT_EQ(Reloaded(), u"c! b");
+    Queue.Clear();
+    EXPECT_EQ(FileNames(), Names{});
+    Save();
+    EXPECT_EQ(Reloaded(), u"c!");
+    Queue.Undo();
+    Save();
+    EXPECT_EQ(Reloaded(), u"c! b");
 }
 
 TEST_F(HistoryFiles, EditedItemKeepsItsDescriptionAndGetsNewData) {
-    desk_.Add(TextItem(u"a"));
-    desk_.Save();
-    desk_.Queue.ChangeItem(0, [](CCHItem& item) {
+    Add(TextItem(u"a"));
+    Save();
+    Queue.ChangeItem(0, [](CCHItem& item) {
         item.SetData(TextBytes(u"A"));
         return true;
     });
-    desk_.Save();
-    EXPECT_EQ(desk_.FileNames(), (Names{"vellumbridge_cb1.info", "Unicode_clipboard_history1.txt",
-                                        "Unicode_clipboard_history2.txt"}));
-    EXPECT_EQ(desk_.Reloaded(), u"A");
+    Save();
+    EXPECT_EQ(FileNames(), (Names{"vellumbridge_cb1.info", "Unicode_clipboard_history1.txt",
+                                  "Unicode_clipboard_history2.txt"}));
+    EXPECT_EQ(Reloaded(), u"A");
 }
 
 TEST_F(HistoryFiles, SaveThatWasOvertakenDoesNotCount) {
     AddTexts(u"ab");
-    desk_.Queue.SetProtected(0, true);
-    desk_.Folder.Make();
-    desk_.Folder.Save(desk_.Queue.CopyUnsaved(), [this](const CCHItem& saved) {
+    Queue.SetProtected(0, true);
+    Folder.Make();
+    Folder.Save(Queue.CopyUnsaved(), [this](const CCHItem& saved) {
         if (saved.WideText() == u"a") {
-            desk_.Queue.SetProtected(1, true);
+            Queue.SetProtected(1, true);
         } else {
-            desk_.Queue.Clear();
+            Queue.Clear();
         }
-        desk_.Queue.NoteSaved(saved);
+        Queue.NoteSaved(saved);
     });
-    EXPECT_EQ(desk_.Queue.GetItem(0)->storeState, StoreState::NotStored);
-    EXPECT_EQ(desk_.FileNames(), Names{});
-    desk_.Save();
-    EXPECT_EQ(desk_.Reloaded(), u"b! a!");
+    EXPECT_EQ(Queue.GetItem(0)->storeState, StoreState::NotStored);
+    EXPECT_EQ(FileNames(), Names{});
+    Save();
+    EXPECT_EQ(Reloaded(), u"b! a!");
 }
 
 TEST_F(HistoryFiles, FailedSaveLeavesNothingBehindAndIsTriedAgain) {
-    desk_.Add(TextItem(u"a"));
-    desk_.Files.Broken = SystemError{112, u"the disk is full"};
-    desk_.Save();
-    EXPECT_NE(desk_.Log.Lines.back().find(u"the disk is full"), std::u16string::npos);
-    desk_.Files.Broken.reset();
-    desk_.Store.ReplaceError = SystemError{112, u"the disk is full"};
-    desk_.Save();
-    EXPECT_EQ(desk_.FileNames(), Names{});
-    desk_.Store.ReplaceError.reset();
-    desk_.Save();
-    EXPECT_EQ(desk_.Reloaded(), u"a");
+    Add(TextItem(u"a"));
+    Files.Broken = SystemError{112, u"the disk is full"};
+    Save();
+    EXPECT_NE(Log.Lines.back().find(u"the disk is full"), std::u16string::npos);
+    Files.Broken.reset();
+    Store.ReplaceError = SystemError{112, u"the disk is full"};
+    Save();
+    EXPECT_EQ(FileNames(), Names{});
+    Store.ReplaceError.reset();
+    Save();
+    EXPECT_EQ(Reloaded(), u"a");
 }
 
 TEST_F(HistoryFiles, BadDescriptionsAreSkippedWithALineInTheLog) {
-    desk_.Folder.Make();
-    desk_.Temp.Write("secret.txt", "secret");
+    Folder.Make();
+    Temp.Write("secret.txt", "secret");
     WriteFile("clipboard_history1.txt", "good");
     WriteFile("clipboard_history2.txt", "");
     const std::string bad[] = {
@@ -161,7 +150,7 @@ TEST_F(HistoryFiles, BadDescriptionsAreSkippedWithALineInTheLog) {
         "File0=clipboard_history2.txt\r\n",
         "File0=..\\secret.txt\r\n",
         "File0=../secret.txt\r\n",
-        "File0=" + (desk_.Temp.Path() / "secret.txt").string() + "\r\n",
+        "File0=" + (Temp.Path() / "secret.txt").string() + "\r\n",
         "File0=C:secret.txt\r\n",
         "File0=\\\\127.0.0.1\\share\\secret.txt\r\n",
         "File0=..\r\n",
@@ -172,13 +161,13 @@ TEST_F(HistoryFiles, BadDescriptionsAreSkippedWithALineInTheLog) {
     }
     WriteFile("empty.info", "");
     WriteInfoFile("good.INFO", "File0=clipboard_history1.txt\r\nFile1=..\\secret.txt\r\n");
-    EXPECT_EQ(desk_.Reloaded(), u"good");
-    EXPECT_EQ(desk_.Log.Lines.size(), std::size(bad) + 2);
-    EXPECT_EQ(desk_.FileNames().size(), std::size(bad) + 4);
+    EXPECT_EQ(Reloaded(), u"good");
+    EXPECT_EQ(Log.Lines.size(), std::size(bad) + 2);
+    EXPECT_EQ(FileNames().size(), std::size(bad) + 4);
 }
 
 TEST_F(HistoryFiles, FormatComesFromTheNameAndTimeFromTheFileWithoutTheKey) {
-    desk_.Folder.Make();
+    Folder.Make();
     struct Case {
         std::string Name;
         ItemFormat Format;
@@ -187,21 +176,21 @@ TEST_F(HistoryFiles, FormatComesFromTheNameAndTimeFromTheFileWithoutTheKey) {
                              Case{"a.Rtf", CHF_RTF}, Case{"a.knd", CHF_KELPNOTES},
                              Case{"a.html", CHF_HTML}, Case{"a.dat", CHF_UNICODE_TEXT}}) {
         WriteFile(test.Name, "ab");
-        desk_.Files.Created[(desk_.Folder.Path() / test.Name).string()] = *FileTicksOf(TimeAt(7));
-        const auto item = desk_.Folder.LoadDataFile(Utf8ToUtf16(test.Name));
+        Files.Created[(Folder.Path() / test.Name).string()] = *FileTicksOf(TimeAt(7));
+        const auto item = Folder.LoadDataFile(Utf8ToUtf16(test.Name));
         ASSERT_TRUE(item) << test.Name;
         EXPECT_EQ(item->format, test.Format) << test.Name;
         EXPECT_EQ(item->time.Second, 7) << test.Name;
     }
     WriteFile("Unicode_b.txt", "\xFF\xFE");
-    EXPECT_FALSE(desk_.Folder.LoadDataFile(u"Unicode_b.txt"));
+    EXPECT_FALSE(Folder.LoadDataFile(u"Unicode_b.txt"));
 }
 
 TEST_F(HistoryFiles, FileInTheFoldersPlaceIsNoFolder) {
-    desk_.Temp.Write("ClipboardHistory", "x");
-    EXPECT_FALSE(desk_.Folder.Make());
-    EXPECT_EQ(desk_.Reloaded(), u"");
-    EXPECT_FALSE(desk_.Log.Lines.empty());
+    Temp.Write("ClipboardHistory", "x");
+    EXPECT_FALSE(Folder.Make());
+    EXPECT_EQ(Reloaded(), u"");
+    EXPECT_FALSE(Log.Lines.empty());
 }
 
 }  // namespace

@@ -43,61 +43,50 @@ TEST(HistoryItem, SameMeansEqualContentInOneFormat) {
         {"other widths", PictureItem(4, 1), PictureItem(5, 1), false},
         {"pictures of no size", PictureItem(0, 1), PictureItem(0, 1), false},
     };
-    for (const Case& test : cases) {
+    for (const auto& test : cases) {
         EXPECT_EQ(IsSame(*test.A, *test.B), test.Same) << test.What;
         EXPECT_EQ(IsSame(*test.B, *test.A), test.Same) << test.What;
     }
 }
 
-class HistoryQueue : public testing::Test {
-  protected:
-    void AddTexts(std::u16string_view letters) {
-        for (const char16_t letter : letters) {
-            desk_.Add(TextItem({&letter, 1}));
-        }
-    }
-
-    HistoryDesk desk_;
-    CCHQueue& queue_ = desk_.Queue;
-};
+class HistoryQueue : public testing::Test, protected HistoryDesk {};
 
 TEST_F(HistoryQueue, RepeatMovesToTheFrontAndKeepsIdAndProtection) {
     AddTexts(u"abc");
-    ASSERT_TRUE(queue_.SetProtected(2, true));
-    const std::uint32_t id = queue_.GetItem(2)->id;
+    ASSERT_TRUE(Queue.SetProtected(2, true));
+    const std::uint32_t id = Queue.GetItem(2)->id;
     auto again = TextItem(u"a", 9);
     again->exeName = u"other.exe";
-    desk_.Add(std::move(again), 1);
-    EXPECT_EQ(desk_.Texts(), u"a! c b");
-    EXPECT_EQ(queue_.GetItem(0)->id, id);
-    EXPECT_EQ(queue_.GetItem(0)->exeName, u"other.exe");
-    EXPECT_EQ(queue_.GetItem(0)->time.Second, 9);
+    Add(std::move(again), 1);
+    EXPECT_EQ(Texts(), u"a! c b");
+    EXPECT_EQ(Queue.GetItem(0)->id, id);
+    EXPECT_EQ(Queue.GetItem(0)->exeName, u"other.exe");
+    EXPECT_EQ(Queue.GetItem(0)->time.Second, 9);
 }
 
 TEST_F(HistoryQueue, EditedItemIsFoundByItsNewText) {
     AddTexts(u"ab");
-    queue_.GetItem(1)->menuTip = u"old";
-    EXPECT_TRUE(queue_.ChangeItem(1, [](CCHItem& item) {
+    Queue.GetItem(1)->menuTip = u"old";
+    EXPECT_TRUE(Queue.ChangeItem(1, [](CCHItem& item) {
         item.SetData(TextBytes(u"A"));
         return true;
     }));
-    EXPECT_EQ(queue_.GetItem(1)->menuTip, u"");
+    EXPECT_EQ(Queue.GetItem(1)->menuTip, u"");
     AddTexts(u"aA");
-    EXPECT_EQ(desk_.Texts(), u"A a b");
+    EXPECT_EQ(Texts(), u"A a b");
 }
 
 TEST_F(HistoryQueue, LimitTakesTheOldestThatAreNotProtected) {
-    struct Case {
+    const struct {
         std::set<std::size_t> Protected;
         std::uint32_t Max;
         std::u16string Left;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {{}, 2, u"d c"},       {{3}, 2, u"d c a!"},     {{0}, 1, u"d!"},
         {{1, 2}, 0, u"c! b!"}, {{0, 3}, 2, u"d! c a!"}, {{}, 4, u"d c b a"},
     };
-    for (const Case& test : cases) {
-        CCHQueue queue(desk_.Folder);
+    for (const auto& test : cases) {
+        CCHQueue queue(Folder);
         for (const char16_t* text : {u"a", u"b", u"c", u"d"}) {
             queue.Add(TextItem(text), kNoItemLimit);
         }
@@ -109,61 +98,53 @@ TEST_F(HistoryQueue, LimitTakesTheOldestThatAreNotProtected) {
     }
 }
 
-TEST_F(HistoryQueue, LockedQueueTakesNothing) {
-    queue_.SetLocked(true);
-    EXPECT_FALSE(queue_.Add(TextItem(u"a"), 30));
-    queue_.SetLocked(false);
-    EXPECT_TRUE(queue_.Add(TextItem(u"b"), 30));
-    EXPECT_EQ(desk_.Texts(), u"b");
-}
-
 TEST_F(HistoryQueue, UndoBringsClearedAndDeletedItemsBack) {
     AddTexts(u"abcd");
-    queue_.SetProtected(1, true);
-    EXPECT_TRUE(queue_.Delete({0, 3}, true));
-    EXPECT_EQ(desk_.Texts(), u"c! b");
+    Queue.SetProtected(1, true);
+    EXPECT_TRUE(Queue.Delete({0, 3}, true));
+    EXPECT_EQ(Texts(), u"c! b");
     AddTexts(u"e");
-    EXPECT_TRUE(queue_.Clear());
-    EXPECT_EQ(desk_.Texts(), u"c!");
+    EXPECT_TRUE(Queue.Clear());
+    EXPECT_EQ(Texts(), u"c!");
     AddTexts(u"f");
-    EXPECT_EQ(queue_.GetUndoCount(), 2U);
-    EXPECT_TRUE(queue_.Undo());
-    EXPECT_EQ(desk_.Texts(), u"e c! b");
-    EXPECT_TRUE(queue_.Undo());
-    EXPECT_EQ(desk_.Texts(), u"a d e c! b");
-    EXPECT_FALSE(queue_.Undo());
-    EXPECT_EQ(queue_.GetItem(0)->storeState, StoreState::NotStored);
+    EXPECT_EQ(Queue.GetUndoCount(), 2U);
+    EXPECT_TRUE(Queue.Undo());
+    EXPECT_EQ(Texts(), u"e c! b");
+    EXPECT_TRUE(Queue.Undo());
+    EXPECT_EQ(Texts(), u"a d e c! b");
+    EXPECT_FALSE(Queue.Undo());
+    EXPECT_EQ(Queue.GetItem(0)->storeState, StoreState::NotStored);
 }
 
 TEST_F(HistoryQueue, UndoOfAProtectedItemLeavesNoTwoItemsWithOneKey) {
     AddTexts(u"a");
-    queue_.SetProtected(0, true);
-    EXPECT_TRUE(queue_.Delete({0}, true));
-    EXPECT_TRUE(queue_.Undo());
-    ASSERT_EQ(queue_.GetCount(), 2U);
-    EXPECT_NE(queue_.GetItem(0)->key, queue_.GetItem(1)->key);
+    Queue.SetProtected(0, true);
+    EXPECT_TRUE(Queue.Delete({0}, true));
+    EXPECT_TRUE(Queue.Undo());
+    ASSERT_EQ(Queue.GetCount(), 2U);
+    EXPECT_NE(Queue.GetItem(0)->key, Queue.GetItem(1)->key);
 }
 
 TEST_F(HistoryQueue, NothingToDeleteMakesNoUndo) {
-    EXPECT_FALSE(queue_.Delete({0}, true));
-    EXPECT_FALSE(queue_.Clear());
+    EXPECT_FALSE(Queue.Delete({0}, true));
+    EXPECT_FALSE(Queue.Clear());
     AddTexts(u"a");
-    EXPECT_FALSE(queue_.Delete({}, true));
-    EXPECT_TRUE(queue_.Delete({7}, true));
-    EXPECT_FALSE(queue_.HasUndo());
+    EXPECT_FALSE(Queue.Delete({}, true));
+    EXPECT_TRUE(Queue.Delete({7}, true));
+    EXPECT_FALSE(Queue.HasUndo());
 }
 
 TEST_F(HistoryQueue, MergeSortsByTimeAndKeepsTheNewest) {
-    desk_.Add(TextItem(u"now", 5));
-    CCHQueue loaded(desk_.Folder);
+    Add(TextItem(u"now", 5));
+    CCHQueue loaded(Folder);
     loaded.Add(TextItem(u"older", 3), kNoItemLimit);
     loaded.Add(TextItem(u"oldest", 1), kNoItemLimit);
     loaded.Add(TextItem(u"now", 4), kNoItemLimit);
-    queue_.Merge(loaded, 3);
-    EXPECT_EQ(desk_.Texts(), u"now now older");
+    Queue.Merge(loaded, 3);
+    EXPECT_EQ(Texts(), u"now now older");
     EXPECT_EQ(loaded.GetCount(), 0U);
-    desk_.Add(TextItem(u"older", 6), 3);
-    EXPECT_EQ(desk_.Texts(), u"older now now");
+    Add(TextItem(u"older", 6), 3);
+    EXPECT_EQ(Texts(), u"older now now");
 }
 
 TEST_F(HistoryQueue, CopiesShareNothingThatChanges) {

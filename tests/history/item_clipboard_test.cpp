@@ -27,12 +27,8 @@ class OneObject : public Bitmaps {
 // A picture of two rows whose form can be told.
 class TallBitmap : public Bitmap {
   public:
-    TallBitmap(std::int32_t width, std::int32_t height, std::uint16_t bitCount) {
-        header_.Width = width;
-        header_.Height = height;
-        header_.BitCount = bitCount;
-        header_.Compression = 3;
-    }
+    TallBitmap(std::int32_t width, std::int32_t height, std::uint16_t bitCount)
+        : header_{.Width = width, .Height = height, .BitCount = bitCount, .Compression = 3} {}
     std::optional<BitmapHeader> Header() const override { return header_; }
     std::optional<BitmapBits> Read(const BitmapHeader& header) const override {
         if (header.Compression != 0) {
@@ -56,9 +52,8 @@ std::uint32_t Number(const std::string& bytes, std::size_t at) {
     return number;
 }
 
-class ItemClipboardTest : public testing::Test {
+class ItemClipboardTest : public testing::Test, protected HistoryDesk {
   protected:
-    void Add(std::unique_ptr<CCHItem> item) { desk_.Add(std::move(item)); }
     void AddPicture() {
         auto item = std::make_unique<CCHItem>(CHF_BITMAP, 0, TimeAt(0));
         item->SetPicture(std::make_shared<FakeBitmap>(3, std::byte{1}));
@@ -76,14 +71,13 @@ class ItemClipboardTest : public testing::Test {
     }
 
     const std::string locale_ = std::string(" 16:\x09\x04\0\0", 8);
-    HistoryDesk desk_;
     FakeClipboardAccess access_;
     OneObject pictures_;
     FakeAnsiText ansi_;
     FakeRichTextEngine engine_;
     FakeLocale languages_;
-    ItemTexts texts_{ansi_, engine_, desk_.Log};
-    ItemClipboard clipboard_{{desk_.Queue, access_, pictures_, texts_, languages_, desk_.Log}};
+    ItemTexts texts_{ansi_, engine_, Log};
+    ItemClipboard clipboard_{{Queue, access_, pictures_, texts_, languages_, Log}};
 };
 
 TEST_F(ItemClipboardTest, AnItemReplacesTheContentInItsOwnFormat) {
@@ -113,7 +107,7 @@ TEST_F(ItemClipboardTest, APictureGoesBesideTheContent) {
     EXPECT_EQ(Content(), "1:t 2:object");
     pictures_.Object.reset();
     EXPECT_FALSE(clipboard_.PutOnClipboard(0));
-    EXPECT_EQ(desk_.Log.Lines.size(), 1U);
+    EXPECT_EQ(Log.Lines.size(), 1U);
 }
 
 TEST_F(ItemClipboardTest, FailuresAreLogged) {
@@ -123,19 +117,19 @@ TEST_F(ItemClipboardTest, FailuresAreLogged) {
     EXPECT_FALSE(clipboard_.PutOnClipboard(2));
     EXPECT_FALSE(clipboard_.PutOnClipboard(3));
     EXPECT_FALSE(clipboard_.PutOnClipboardAsPlainText(3));
-    EXPECT_TRUE(desk_.Log.Lines.empty());
+    EXPECT_TRUE(Log.Lines.empty());
     access_.Copy({FakeClipboardAccess::Memory(kClipText, "t")});
     access_.FailingOpens = 2;
     EXPECT_FALSE(clipboard_.PutOnClipboard(0));
     EXPECT_FALSE(clipboard_.PutOnClipboard(1));
     EXPECT_EQ(Content(), "1:t");
-    EXPECT_EQ(desk_.Log.Lines.size(), 2U);
+    EXPECT_EQ(Log.Lines.size(), 2U);
     access_.Refused = {kClipUnicodeText};
     EXPECT_FALSE(clipboard_.PutOnClipboard(1));
     EXPECT_EQ(access_.Find(kClipLocale), nullptr);
     access_.Refused = {kClipLocale};
     EXPECT_TRUE(clipboard_.PutOnClipboard(1));
-    EXPECT_EQ(desk_.Log.Lines.size(), 4U);
+    EXPECT_EQ(Log.Lines.size(), 4U);
 }
 
 TEST(ItemExport, BytesOfTheUsersFileHaveNoTerminatorForTextAndAllBytesForTheRest) {
@@ -153,16 +147,15 @@ TEST(ItemExport, BytesOfTheUsersFileHaveNoTerminatorForTextAndAllBytesForTheRest
 }
 
 TEST(ItemExport, ABitmapFileHasItsHeadsColoursAndRows) {
-    struct Case {
+    const struct {
         TallBitmap Picture;
         std::uint32_t Offset;
         std::uint32_t Colors;
         std::uint32_t SizeImage;
-    };
-    const Case cases[] = {{{3, 2, 1}, 62, 2, 8},           {{3, 2, 8}, 1078, 256, 8},
-                          {{3, 2, 15}, 262198, 65536, 16}, {{3, 2, 16}, 262198, 65536, 16},
-                          {{3, 2, 24}, 54, 0, 24},         {{3, -2, 32}, 54, 0, 24}};
-    for (const Case& one : cases) {
+    } cases[] = {{{3, 2, 1}, 62, 2, 8},           {{3, 2, 8}, 1078, 256, 8},
+                 {{3, 2, 15}, 262198, 65536, 16}, {{3, 2, 16}, 262198, 65536, 16},
+                 {{3, 2, 24}, 54, 0, 24},         {{3, -2, 32}, 54, 0, 24}};
+    for (const auto& one : cases) {
         const auto file = ExportBitmap(one.Picture);
         ASSERT_TRUE(file && file->Head.size() == one.Offset);
         EXPECT_EQ(file->Body.size(), one.SizeImage);

@@ -24,7 +24,7 @@ class CaseLocale : public FakeLocale {
 };
 
 // An edit by its count: u and l turn the case, t trims, j joins.
-class Edits : public testing::Test {
+class Edits : public testing::Test, protected HistoryDesk {
   protected:
     std::size_t Edit(char edit, std::size_t index = 0) {
         switch (edit) {
@@ -42,9 +42,9 @@ class Edits : public testing::Test {
     const CCHItem& Add(std::unique_ptr<CCHItem> item) {
         item->sourceUrl = u"http://a/";
         item->alternatives.push_back(ByteItem(CHF_HTML, "h"));
-        desk_.Add(std::move(item));
-        desk_.Save();
-        return *desk_.Queue.GetItem(0);
+        HistoryDesk::Add(std::move(item));
+        Save();
+        return *Queue.GetItem(0);
     }
     // The RTF after the edit, and behind it the count.
     std::u16string Edited(char edit, std::string_view source) {
@@ -53,28 +53,25 @@ class Edits : public testing::Test {
         return Concat(Utf8ToUtf16(item.ByteText()), u" ", count);
     }
 
-    HistoryDesk desk_;
     FakeAnsiText ansi_;
     CaseLocale locale_;
     FakeRichTextEngine engine_;
     int saves_ = 0;
-    ItemEdits edits_{{desk_.Queue, ansi_, locale_, engine_, desk_.Log, [this] { ++saves_; }}};
+    ItemEdits edits_{{Queue, ansi_, locale_, engine_, Log, [this] { ++saves_; }}};
 };
 
 TEST_F(Edits, TextIsTurnedTrimmedAndJoined) {
-    struct Case {
+    const struct {
         char Edit;
         std::u16string_view Before;
         std::u16string_view After;
         std::size_t Count;
-    };
-    const Case cases[] = {
-        {'u', u"aЖ\r\n1", u"AЖ\r\n1", 1},   {'l', u"ABc", u"abc", 1},
-        {'t', u" \t\na b\t\n ", u"a b", 6}, {'t', u"a\r\n", u"a\r", 1},
-        {'t', u"\ra", u"\ra", 0},           {'t', u" \t", u"", 2},
-        {'j', u"a\r\nb\r\nc", u"a b c", 2}, {'j', u"a\r\n\rb\n\rc", u"a \rb c", 2},
-        {'j', u"a\nb\rc", u"a\nb\rc", 0},   {'j', u"\ta\r\nb\r\n", u"a b", 2}};
-    for (const Case& one : cases) {
+    } cases[] = {{'u', u"aЖ\r\n1", u"AЖ\r\n1", 1},   {'l', u"ABc", u"abc", 1},
+                 {'t', u" \t\na b\t\n ", u"a b", 6}, {'t', u"a\r\n", u"a\r", 1},
+                 {'t', u"\ra", u"\ra", 0},           {'t', u" \t", u"", 2},
+                 {'j', u"a\r\nb\r\nc", u"a b c", 2}, {'j', u"a\r\n\rb\n\rc", u"a \rb c", 2},
+                 {'j', u"a\nb\rc", u"a\nb\rc", 0},   {'j', u"\ta\r\nb\r\n", u"a b", 2}};
+    for (const auto& one : cases) {
         const CCHItem& item = Add(TextItem(one.Before));
         EXPECT_EQ(Edit(one.Edit), one.Count) << one.Edit << Utf16ToUtf8(one.Before);
         EXPECT_EQ(item.WideText(), one.After) << one.Edit << Utf16ToUtf8(one.Before);
@@ -106,9 +103,9 @@ TEST_F(Edits, AChangedItemIsUnsavedAndLosesWhatWasMadeOfItsOldText) {
 
 TEST_F(Edits, RtfKeepsItsBufferAndFormatsWhenItsEndsGo) {
     EXPECT_EQ(Edited('t', "{  \\1a \\2b \n\n}"), u"{\\1a \\2b } 4");  // blanks go first
-    EXPECT_EQ(desk_.Queue.GetItem(0)->Size(), 15U);
-    EXPECT_EQ(desk_.Queue.GetItem(0)->alternatives.size(), 1U);
-    EXPECT_EQ(desk_.Queue.GetItem(0)->sourceUrl, u"http://a/");
+    EXPECT_EQ(Queue.GetItem(0)->Size(), 15U);
+    EXPECT_EQ(Queue.GetItem(0)->alternatives.size(), 1U);
+    EXPECT_EQ(Queue.GetItem(0)->sourceUrl, u"http://a/");
     EXPECT_EQ(Edited('t', "{\t a\t}"), u"{\t a\t} 0");
     EXPECT_EQ(Edited('t', "{ \n }"), u"{} 3");
 }
@@ -124,8 +121,8 @@ TEST_F(Edits, RtfIsTurnedWhetherTheEngineTurnsItOrNot) {
     for (const bool byItself : {true, false}) {
         engine_.CanTurnCase = byItself;
         EXPECT_EQ(Edited('u', "{\\1ab\\2\ncd\\7ef\\8g1h}"), u"{\\0AB\nCD\\7EF\\8G1H} 1");
-        EXPECT_EQ(desk_.Queue.GetItem(0)->Size(), 19U);
-        EXPECT_TRUE(desk_.Queue.GetItem(0)->alternatives.empty());
+        EXPECT_EQ(Queue.GetItem(0)->Size(), 19U);
+        EXPECT_TRUE(Queue.GetItem(0)->alternatives.empty());
     }
     EXPECT_EQ(Edited('l', "{\\7AbC}"), u"{\\7abc} 1");
     engine_.ShowsText = false;
@@ -141,14 +138,14 @@ TEST_F(Edits, WhatCannotBeEditedStays) {
             Add(ByteItem(format, "{ a\r\n}"));
             EXPECT_EQ(Edit(edit), 0U);
         }
-        const auto lines = desk_.Log.Lines.size();
+        const auto lines = Log.Lines.size();
         EXPECT_EQ(Edited(edit, " no\nsource "), u" no\nsource  0");
-        EXPECT_EQ(desk_.Log.Lines.size(), lines + 1);
+        EXPECT_EQ(Log.Lines.size(), lines + 1);
         engine_.CanSave = false;
         EXPECT_EQ(Edited(edit, "{\\0\\0\\0 a\n}"), u"{\\0\\0\\0 a\n} 0");
         engine_.CanSave = true;
-        EXPECT_EQ(desk_.Queue.GetItem(0)->storeState, StoreState::Saved);
-        EXPECT_EQ(desk_.Queue.GetItem(0)->sourceUrl, u"http://a/");
+        EXPECT_EQ(Queue.GetItem(0)->storeState, StoreState::Saved);
+        EXPECT_EQ(Queue.GetItem(0)->sourceUrl, u"http://a/");
     }
     EXPECT_EQ(saves_, 0);
 }

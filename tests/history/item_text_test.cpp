@@ -36,18 +36,17 @@ TEST_F(ItemText, CaptionIsTheFirstLineWithAnEllipsisForWhatWasCut) {
 }
 
 TEST_F(ItemText, EveryFormatHasAText) {
-    struct Case {
+    const struct {
         std::unique_ptr<CCHItem> Item;
         std::u16string_view Full;
         std::u16string_view Plain;
-    };
-    const Case cases[] = {{TextItem(u"Привет\r\n"), u"Привет\r\n", u"Привет\r\n"},
-                          {ByteItem(CHF_ANSI_TEXT, "caf\xE9"), u"café", u"café"},
-                          {ByteItem(CHF_RTF, "{\\1r\ns}"), u"r\r\ns", u"r\r\ns"},
-                          {ByteItem(CHF_KELPNOTES, "{k}"), u"Kelp Notes Document Data", u""},
-                          {std::make_unique<CCHItem>(CHF_BITMAP, 0, TimeAt(0)), u"Bitmap", u""},
-                          {ByteItem(CHF_HTML, "Version:1.0"), u"O-o-ops! Naxer!", u""}};
-    for (const Case& one : cases) {
+    } cases[] = {{TextItem(u"Привет\r\n"), u"Привет\r\n", u"Привет\r\n"},
+                 {ByteItem(CHF_ANSI_TEXT, "caf\xE9"), u"café", u"café"},
+                 {ByteItem(CHF_RTF, "{\\1r\ns}"), u"r\r\ns", u"r\r\ns"},
+                 {ByteItem(CHF_KELPNOTES, "{k}"), u"Kelp Notes Document Data", u""},
+                 {std::make_unique<CCHItem>(CHF_BITMAP, 0, TimeAt(0)), u"Bitmap", u""},
+                 {ByteItem(CHF_HTML, "Version:1.0"), u"O-o-ops! Naxer!", u""}};
+    for (const auto& one : cases) {
         EXPECT_EQ(texts_.FullText(*one.Item), one.Full);
         EXPECT_EQ(texts_.PlainText(*one.Item), one.Plain);
     }

@@ -14,113 +14,109 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-class Delivery : public testing::Test {
+class CommandDeliveryTest : public testing::Test, protected DeliveryDesk {
   protected:
     DeliverResult Deliver(std::uint32_t id, const DeliveryContext& context) {
-        return desk_.Delivery.DeliverCommand(id, 7, context);
+        return Delivery.DeliverCommand(id, 7, context);
     }
     DeliverResult Deliver(std::uint32_t id) {
         return Deliver(id, {.ClipboardText = u"c", .SelText = u"s", .Language = kEnglish});
     }
-    int Uses() const { return desk_.Phrases.Tree.FindCommand(1)->UsageCount; }
-
-    DeliveryDesk desk_;
-    PhraseTree& phrases_ = desk_.Phrases;
+    int Uses() const { return Phrases.Tree.FindCommand(1)->UsageCount; }
 };
 
-TEST_F(Delivery, TypesTheExpandedPhraseAndSavesOneMoreUse) {
-    phrases_.Clock.Utc = {.Year = 2025, .Month = 3, .Day = 5};
-    phrases_.Add("p.vellumbridge", u"%ACTIVATE_KL_EN%%CLIPBOARD_TEXT%%CURSOR_POS%%SELECTED_TEXT%");
+TEST_F(CommandDeliveryTest, TypesTheExpandedPhraseAndSavesOneMoreUse) {
+    Phrases.Clock.Utc = {.Year = 2025, .Month = 3, .Day = 5};
+    Phrases.Add("p.vellumbridge", u"%ACTIVATE_KL_EN%%CLIPBOARD_TEXT%%CURSOR_POS%%SELECTED_TEXT%");
     EXPECT_EQ(Deliver(1, {u"c", u"s", kEnglish, false}), DeliverResult::Phrase);
-    EXPECT_THAT(desk_.Input.Sent, ElementsAre(ElementsAre(KeyEvent{17, 0, 2, 0}),
-                                              PrintEvents(u"cs", 1, desk_.Input)));
-    EXPECT_THAT(desk_.Calls,
-                ElementsAre("sound 0", "own copy begins", "keys", "keys", "own copy ends"));
-    phrases_.Saver.Flush();
+    EXPECT_THAT(Input.Sent,
+                ElementsAre(ElementsAre(KeyEvent{17, 0, 2, 0}), PrintEvents(u"cs", 1, Input)));
+    EXPECT_THAT(Calls, ElementsAre("sound 0", "own copy begins", "keys", "keys", "own copy ends"));
+    Phrases.Saver.Flush();
     VBRCommand saved;
-    ParseCommand(saved, phrases_.Folder.Read("p.vellumbridge"));
+    ParseCommand(saved, Phrases.Folder.Read("p.vellumbridge"));
     EXPECT_EQ(saved.UsageCount, 1);
-    EXPECT_EQ(saved.DateUsage, phrases_.Clock.Utc);
+    EXPECT_EQ(saved.DateUsage, Phrases.Clock.Utc);
 }
 
-TEST_F(Delivery, AnIdThatNothingAnswersToGivesTheClipboardBack) {
-    phrases_.Add("group/p.vellumbridge", u"text");
-    ASSERT_TRUE(phrases_.Tree.FindCommand(1)->IsGroup());
+TEST_F(CommandDeliveryTest, AnIdThatNothingAnswersToGivesTheClipboardBack) {
+    Phrases.Add("group/p.vellumbridge", u"text");
+    ASSERT_TRUE(Phrases.Tree.FindCommand(1)->IsGroup());
     for (const std::uint32_t id : {0U, 1U, 3U, 1999U, 2000U}) {
         EXPECT_EQ(Deliver(id), DeliverResult::Nothing) << id;
     }
-    EXPECT_EQ(desk_.Calls, Journal(5, "restore"));
+    EXPECT_EQ(Calls, Journal(5, "restore"));
 }
 
-TEST_F(Delivery, HistoryItemsGoOutAndStayOnTheClipboardAsTheyStand) {
-    desk_.Host.History = {{0, {kDataTypeText, u"t%SELECTED_TEXT%"}},
-                          {1, {kDataTypeRtf, u"{r%SELECTED_TEXT%}"}}};
+TEST_F(CommandDeliveryTest, HistoryItemsGoOutAndStayOnTheClipboardAsTheyStand) {
+    Host.History = {{0, {kDataTypeText, u"t%SELECTED_TEXT%"}},
+                    {1, {kDataTypeRtf, u"{r%SELECTED_TEXT%}"}}};
     EXPECT_EQ(Deliver(2000), DeliverResult::HistoryItem);
-    EXPECT_EQ(desk_.Typed(), u"ts");
-    EXPECT_EQ(desk_.Clipboard.Find(kClipUnicodeText)->Bytes,
+    EXPECT_EQ(Typed(), u"ts");
+    EXPECT_EQ(Clipboard.Find(kClipUnicodeText)->Bytes,
               FakeClipboardAccess::Text(u"t%SELECTED_TEXT%").Bytes);
     EXPECT_EQ(Deliver(2001), DeliverResult::HistoryItem);
-    const std::uint32_t rich = desk_.Clipboard.RegisterFormat(kRichTextFormat);
-    EXPECT_EQ(desk_.OnClipboard(rich), std::string("{r%SELECTED_TEXT%}") + '\0');
+    const std::uint32_t rich = Clipboard.RegisterFormat(kRichTextFormat);
+    EXPECT_EQ(OnClipboard(rich), std::string("{r%SELECTED_TEXT%}") + '\0');
     EXPECT_EQ(Deliver(2002), DeliverResult::Nothing);
 }
 
-TEST_F(Delivery, PromptsComeInOrderBetweenTextsThatAreAllExpandedBefore) {
-    phrases_.Add("p.vellumbridge",
-                 u"a%SELECTED_TEXT%%PROMPT_TEXT={%DATE%}%b%TIME%%PROMPT_TEXT={}%c");
-    desk_.Macros.Clock.Local.Second = 1;
-    desk_.Prompts.WhileOpen = [this] { desk_.Macros.Clock.Local.Second = 2; };
-    desk_.Prompts.Answers = {u"%x%", std::nullopt};
+TEST_F(CommandDeliveryTest, PromptsComeInOrderBetweenTextsThatAreAllExpandedBefore) {
+    Phrases.Add("p.vellumbridge",
+                u"a%SELECTED_TEXT%%PROMPT_TEXT={%DATE%}%b%TIME%%PROMPT_TEXT={}%c");
+    Macros.Clock.Local.Second = 1;
+    Prompts.WhileOpen = [this] { Macros.Clock.Local.Second = 2; };
+    Prompts.Answers = {u"%x%", std::nullopt};
     EXPECT_EQ(Deliver(1), DeliverResult::Phrase);
-    EXPECT_EQ(desk_.Typed(), u"as%x%b0:0:1c");
-    EXPECT_THAT(desk_.Prompts.Defaults, ElementsAre(u"%DATE%", u""));
-    EXPECT_THAT(desk_.Calls,
+    EXPECT_EQ(Typed(), u"as%x%b0:0:1c");
+    EXPECT_THAT(Prompts.Defaults, ElementsAre(u"%DATE%", u""));
+    EXPECT_THAT(Calls,
                 ElementsAre("sound 0", "own copy begins", "keys", "keys", "prompt", "keys", "keys",
                             "keys", "keys", "prompt", "keys", "keys", "own copy ends"));
     EXPECT_EQ(Uses(), 1);
 }
 
-TEST_F(Delivery, AnEmptyAnswerTouchesNothingOnTheClipboardRoad) {
-    desk_.Settings.Method = 1;
-    phrases_.Add("p.vellumbridge", u"%PROMPT_TEXT={}%");
-    desk_.Prompts.Answers = {u""};
+TEST_F(CommandDeliveryTest, AnEmptyAnswerTouchesNothingOnTheClipboardRoad) {
+    Settings.Method = 1;
+    Phrases.Add("p.vellumbridge", u"%PROMPT_TEXT={}%");
+    Prompts.Answers = {u""};
     Deliver(1);
-    EXPECT_THAT(desk_.Clipboard.Blocks, IsEmpty());
-    EXPECT_THAT(desk_.Input.Sent, IsEmpty());
+    EXPECT_THAT(Clipboard.Blocks, IsEmpty());
+    EXPECT_THAT(Input.Sent, IsEmpty());
 }
 
-TEST_F(Delivery, PhrasesReadAgainUnderAPromptDoNotCountForAnother) {
-    phrases_.Add("p.vellumbridge", u"%PROMPT_TEXT={x}%");
-    desk_.Prompts.WhileOpen = [this] {
-        phrases_.Folder.Write("other.vellumbridge", phrases_.Folder.Read("p.vellumbridge"));
-        std::filesystem::remove(phrases_.Folder.Path() / "p.vellumbridge");
-        phrases_.Tree.LoadTree(phrases_.Folder.Path());
+TEST_F(CommandDeliveryTest, PhrasesReadAgainUnderAPromptDoNotCountForAnother) {
+    Phrases.Add("p.vellumbridge", u"%PROMPT_TEXT={x}%");
+    Prompts.WhileOpen = [this] {
+        Phrases.Folder.Write("other.vellumbridge", Phrases.Folder.Read("p.vellumbridge"));
+        std::filesystem::remove(Phrases.Folder.Path() / "p.vellumbridge");
+        Phrases.Tree.LoadTree(Phrases.Folder.Path());
     };
-    desk_.Prompts.Answers = {u"typed"};
+    Prompts.Answers = {u"typed"};
     EXPECT_EQ(Deliver(1), DeliverResult::Handled);
-    EXPECT_EQ(desk_.Typed(), u"typed");
+    EXPECT_EQ(Typed(), u"typed");
     EXPECT_EQ(Uses(), 0);
 }
 
-TEST_F(Delivery, CommandsGetTheSelectionAsOneLineAndPromptsGoToTheTarget) {
-    phrases_.Add("p.vellumbridge", u"https://x/?q=%SELECTED_TEXT%%CURSOR_POS%%PROMPT_TEXT={d}%",
-                 kDataTypeExec);
-    desk_.Prompts.Answers = {u"answer"};
+TEST_F(CommandDeliveryTest, CommandsGetTheSelectionAsOneLineAndPromptsGoToTheTarget) {
+    Phrases.Add("p.vellumbridge", u"https://x/?q=%SELECTED_TEXT%%CURSOR_POS%%PROMPT_TEXT={d}%",
+                kDataTypeExec);
+    Prompts.Answers = {u"answer"};
     EXPECT_EQ(Deliver(1, {.ClipboardText = u"", .SelText = u"a\r\nb"}), DeliverResult::Phrase);
-    EXPECT_THAT(desk_.Starter.Started, ElementsAre(u"[https://x/?q=a b][]"));
-    EXPECT_EQ(desk_.Typed(), u"answer");
-    EXPECT_EQ(desk_.Calls.front(), "sound 1");
+    EXPECT_THAT(Starter.Started, ElementsAre(u"[https://x/?q=a b][]"));
+    EXPECT_EQ(Typed(), u"answer");
+    EXPECT_EQ(Calls.front(), "sound 1");
 }
 
-TEST_F(Delivery, RichPhrasesArePastedWithTheirMacros) {
-    phrases_.Add("p.vellumbridge", u"{\\1a%SELECTED_TEXT%%CURSOR_POS%bc}", kDataTypeRtf);
+TEST_F(CommandDeliveryTest, RichPhrasesArePastedWithTheirMacros) {
+    Phrases.Add("p.vellumbridge", u"{\\1a%SELECTED_TEXT%%CURSOR_POS%bc}", kDataTypeRtf);
     Deliver(1);
-    const std::uint32_t rich = desk_.Clipboard.RegisterFormat(kRichTextFormat);
-    EXPECT_EQ(desk_.OnClipboard(rich), std::string("{\\1asbc}") + '\0');
-    EXPECT_EQ(desk_.Input.Sent.back(), CursorEvents(1));
+    const std::uint32_t rich = Clipboard.RegisterFormat(kRichTextFormat);
+    EXPECT_EQ(OnClipboard(rich), std::string("{\\1asbc}") + '\0');
+    EXPECT_EQ(Input.Sent.back(), CursorEvents(1));
 }
 
-TEST_F(Delivery, TheLayoutIsSwitchedWhenAnInstalledOneIsAskedFor) {
+TEST_F(CommandDeliveryTest, TheLayoutIsSwitchedWhenAnInstalledOneIsAskedFor) {
     const struct {
         std::u16string_view Text;
         Lcid Language;
@@ -132,14 +128,74 @@ TEST_F(Delivery, TheLayoutIsSwitchedWhenAnInstalledOneIsAskedFor) {
         {u"%ACTIVATE_KL_RU%x", kEnglish, false, false},
         {u"%ACTIVATE_KL_DE%x", kEnglish, true, false},
     };
-    desk_.Macros.Layouts.Languages = {kEnglish, kRussian};
+    Macros.Layouts.Languages = {kEnglish, kRussian};
     for (const auto& c : cases) {
-        desk_.Input.Sent.clear();
-        phrases_.Add("p.vellumbridge", c.Text);
+        Input.Sent.clear();
+        Phrases.Add("p.vellumbridge", c.Text);
         Deliver(1, {u"", u"", c.Language, c.MaySwitch});
-        const auto toggle = LayoutToggleEvents(LayoutToggle::AltShift, desk_.Input);
-        EXPECT_EQ(desk_.Input.Sent.front() == toggle, c.Switches) << Utf16ToUtf8(c.Text);
+        const auto toggle = LayoutToggleEvents(LayoutToggle::AltShift, Input);
+        EXPECT_EQ(Input.Sent.front() == toggle, c.Switches) << Utf16ToUtf8(c.Text);
     }
+}
+
+TEST(SplitCommandLine, FindsTheLongestFrontThatIsAFile) {
+    FakeProgramStarter files;
+    files.Folders = {u"C:", u"C:\\My Files", u"C:\\Dir"};
+    files.Files = {
+        u"C:\\My Files\\a b.exe", u"C:\\My",  u"C:\\Dir\\x.txt", u"C:\\Dir\\x.txt ", u"tool.exe",
+        u"\\\\srv\\share\\t.exe", u"http://", u"https://x/y"};
+    const struct {
+        std::u16string_view Command;
+        CommandParts Parts;
+    } cases[] = {
+        {u"C:\\My Files\\a b.exe", {u"C:\\My Files\\a b.exe", u""}},
+        {u"C:\\My Files\\a b.exe /x \"C:\\Dir\\y\"",
+         {u"C:\\My Files\\a b.exe", u" /x \"C:\\Dir\\y\""}},
+        {u"C:\\My Files\\none.exe 1", {u"C:\\My", u" Files\\none.exe 1"}},
+        {u"C:\\Dir\\x.txt  y", {u"C:\\Dir\\x.txt", u"  y"}},  // a blank ends no name
+        {u"tool.exe/a", {u"tool.exe", u"/a"}},
+        {u"\"tool.exe\" a", {u"\"tool.exe\" a", u""}},
+        {u"\\\\srv\\share\\t.exe -1", {u"\\\\srv\\share\\t.exe", u" -1"}},
+        {u"C:\\gone\\..\\x tool", {u"C:\\gone\\..\\x tool", u""}},
+        {u"HTTPS://x/y z", {u"HTTPS://x/y z", u""}},
+        {u"lt:x tool.exe", {u"lt:x tool.exe", u""}},
+        {u"%windir%\\notepad.exe", {u"%windir%\\notepad.exe", u""}},
+        {u"missing", {u"missing", u""}},
+        {u"", {u"", u""}},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(SplitCommandLine(c.Command, files), c.Parts) << Utf16ToUtf8(c.Command);
+    }
+}
+
+TEST(SplitCommandLine, ALongCommandCostsFewLooksAtTheDisk) {
+    FakeProgramStarter files;
+    files.Folders = {u"C:", u"C:\\d"};
+    files.Files = {u"C:\\d\\t.exe"};
+    std::u16string command = u"C:\\d\\t.exe ";
+    for (int i = 0; i < 10000; ++i) {
+        command += u"C:\\a";
+    }
+    EXPECT_EQ(SplitCommandLine(command, files).Path, u"C:\\d\\t.exe");
+    EXPECT_EQ(SplitCommandLine(std::u16string(40000, u'x'), files).Parameters, u"");
+    EXPECT_LT(files.Asked, 1000);
+}
+
+TEST_F(CommandDeliveryTest, ACommandPlaysASoundOrTellsWhatFailed) {
+    Starter.Files = {u"t.exe"};
+    Commands.ExecuteCommandLine(5, u"t.exe 1");
+    EXPECT_THAT(Starter.Started, ElementsAre(u"[t.exe][ 1]"));
+    EXPECT_THAT(Calls, ElementsAre("sound 1"));
+    EXPECT_THAT(Starter.Failures, IsEmpty());
+    Starter.Error = 2;
+    Commands.ExecuteCommandLine(5, u"t.exe 1");
+    const std::u16string text =
+        u"error 2\n\nCommand: t.exe 1\n\nSource Command: t.exe 1\n\nProcessed Command:\n"
+        u"——————————————————————————————\nPath: [t.exe]\nCommand Line: [ 1]";
+    EXPECT_THAT(Starter.Failures,
+                ElementsAre(FakeProgramStarter::Failure{5, text, u"Vellumbridge"}));
+    EXPECT_EQ(Macros.Log.Lines, std::vector{u"ERROR: " + text});
+    EXPECT_THAT(Calls, ElementsAre("sound 1"));
 }
 
 }  // namespace

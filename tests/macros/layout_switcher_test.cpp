@@ -4,12 +4,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "fakes/fake_clock.h"
-#include "fakes/fake_desktop_windows.h"
-#include "fakes/fake_locale.h"
-#include "fakes/fake_target_windows.h"
-#include "fakes/memory_log.h"
-#include "fakes/recording_input.h"
+#include "fakes/delivery_desk.h"
 
 namespace vbr {
 namespace {

@@ -24,30 +24,28 @@ class PhraseTextsTest : public testing::Test {
 };
 
 TEST_F(PhraseTextsTest, TheCaptionPreviewsWhatAPhraseWouldGive) {
-    struct Case {
+    const struct {
         VBRCommand Record;
         std::u16string_view Caption;
         std::int32_t Cursor;
-    };
-    const Case cases[] = {
-        // Nothing replaced: the title.
-        {Phrase(u"A title", u"text 100%"), u"A title", -1},
-        {Phrase(u"A\ttitle", u""), u"A title", -1},
-        {Phrase(u"A title", u"in %CURSOR_POS%the middle"), u"A title", 3},
-        {Phrase(u"A title", u"%YEAR%"), u"2025", -1},
-        {Phrase(u"A title", u"%YEAR%\r\n\t<%CURSOR_POS%>%CURSOR_POS%"), u"2025¶ < >", 8},
-        {Phrase(u"A title", u"(%SELECTED_TEXT%)"), u"(some words)", -1},
-        // A cursor mark that a value brought in, counted from the end.
-        {Phrase(u"A title", u"%CLIPBOARD_TEXT%<%DAY%>"), u"clip<5>", 2},
-        {Phrase(u"A title", u"%SELECTED_TEXT%%KEYPRESS_TAB%%PROMPT_TEXT={}%x"), u"some words x",
-         -1},
-        {Phrase(u"A title", u"%PROMPT_TEXT={}%"), u"A title", -1},
-        {Phrase(u"Run", u"x %SELECTED_TEXT% %CURSOR_POS%%CLIPBOARD_TEXT%", kDataTypeExec),
-         u"Run [some words] [cl%CURSOR_POS%ip]", 13},
-        {Phrase(u"Run", u"%YEAR%", kDataTypeExec), u"Run", -1},
-        {Phrase(u"A title", u"%YEAR% one two three four five six seven eight nine"),
-         u"2025 one two three…seven eight nine", -1}};
-    for (const Case& c : cases) {
+    } cases[] = {// Nothing replaced: the title.
+                 {Phrase(u"A title", u"text 100%"), u"A title", -1},
+                 {Phrase(u"A\ttitle", u""), u"A title", -1},
+                 {Phrase(u"A title", u"in %CURSOR_POS%the middle"), u"A title", 3},
+                 {Phrase(u"A title", u"%YEAR%"), u"2025", -1},
+                 {Phrase(u"A title", u"%YEAR%\r\n\t<%CURSOR_POS%>%CURSOR_POS%"), u"2025¶ < >", 8},
+                 {Phrase(u"A title", u"(%SELECTED_TEXT%)"), u"(some words)", -1},
+                 // A cursor mark that a value brought in, counted from the end.
+                 {Phrase(u"A title", u"%CLIPBOARD_TEXT%<%DAY%>"), u"clip<5>", 2},
+                 {Phrase(u"A title", u"%SELECTED_TEXT%%KEYPRESS_TAB%%PROMPT_TEXT={}%x"),
+                  u"some words x", -1},
+                 {Phrase(u"A title", u"%PROMPT_TEXT={}%"), u"A title", -1},
+                 {Phrase(u"Run", u"x %SELECTED_TEXT% %CURSOR_POS%%CLIPBOARD_TEXT%", kDataTypeExec),
+                  u"Run [some words] [cl%CURSOR_POS%ip]", 13},
+                 {Phrase(u"Run", u"%YEAR%", kDataTypeExec), u"Run", -1},
+                 {Phrase(u"A title", u"%YEAR% one two three four five six seven eight nine"),
+                  u"2025 one two three…seven eight nine", -1}};
+    for (const auto& c : cases) {
         std::int32_t cursor = 99;
         EXPECT_EQ(desk_.Previews.BuildMenuCaption(
                       c.Record, {u"some words", u"cl%CURSOR_POS%ip", kEnglish}, cursor),
@@ -80,16 +78,6 @@ TEST_F(PhraseTextsTest, TheTipNamesTheKindTheTextAndTheLayout) {
                                               {u"sel", u"cl%ACTIVATE_KL_EN%ip", kEnglish}, nullptr),
                   tip);
     }
-}
-
-TEST_F(PhraseTextsTest, TheTipHandsOutItsPreview) {
-    std::u16string preview = u"left over";
-    desk_.Previews.BuildMenuTip(Phrase(u"", u""), u"Title", {}, &preview);
-    EXPECT_EQ(preview, u"");
-    // Tokens that a value brings in again stand for the texts once more.
-    desk_.Previews.BuildMenuTip(Phrase(u"", u"%SELECTED_TEXT%"), u"Title",
-                                {u"<%CLIPBOARD_TEXT%>", u"clip", kEnglish}, &preview);
-    EXPECT_EQ(preview, u"<clip>");
 }
 
 TEST_F(PhraseTextsTest, AllTextsOfAnItemAreTheSameAsOneByOne) {

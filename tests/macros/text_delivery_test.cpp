@@ -19,13 +19,7 @@ using Events = std::vector<KeyEvent>;
 
 const Events kPasteKeys = {{17, 117, 0, 0}, {86, 186, 0, 0}, {86, 186, 2, 0}, {17, 117, 2, 0}};
 
-class TextDeliveryTest : public testing::Test {
-  protected:
-    DeliveryDesk desk_;
-    TextDelivery& text_ = desk_.Text;
-    FakeClock& clock_ = desk_.Macros.Clock;
-    MemoryLog& log_ = desk_.Macros.Log;
-};
+class TextDeliveryTest : public testing::Test, protected DeliveryDesk {};
 
 TEST(PrintEvents, AreUnicodePairsRealKeysAndCursorSteps) {
     const Events expected = {
@@ -54,59 +48,59 @@ TEST(PasteSettings, ChooseTheRoadByMethodAndLength) {
 }
 
 TEST_F(TextDeliveryTest, WhatTheSystemLeftOverGoesInFurtherCalls) {
-    desk_.Input.MostPerCall = 5;
-    EXPECT_TRUE(text_.PrintText(u"abcdef", 0));
-    EXPECT_THAT(desk_.Input.Sent, ElementsAre(SizeIs(1), SizeIs(5), SizeIs(5), SizeIs(2)));
-    EXPECT_EQ(desk_.Typed(), u"abcdef");
-    EXPECT_TRUE(desk_.Told(u"took 10 of 12"));
+    Input.MostPerCall = 5;
+    EXPECT_TRUE(Text.PrintText(u"abcdef", 0));
+    EXPECT_THAT(Input.Sent, ElementsAre(SizeIs(1), SizeIs(5), SizeIs(5), SizeIs(2)));
+    EXPECT_EQ(Typed(), u"abcdef");
+    EXPECT_TRUE(Told(u"took 10 of 12"));
 }
 
 TEST_F(TextDeliveryTest, ACallThatTakesNothingEndsTheDeliveryAndIsTold) {
-    desk_.Input.MostPerCall = 0;
-    EXPECT_FALSE(text_.PrintText(u"ab", 0));
-    EXPECT_THAT(desk_.Input.Sent, SizeIs(1));
-    EXPECT_TRUE(desk_.Told(u"not sent: 1 of 1"));
+    Input.MostPerCall = 0;
+    EXPECT_FALSE(Text.PrintText(u"ab", 0));
+    EXPECT_THAT(Input.Sent, SizeIs(1));
+    EXPECT_TRUE(Told(u"not sent: 1 of 1"));
 }
 
 TEST_F(TextDeliveryTest, KeysThatTheUserHoldsAreWaitedForASecondAtMost) {
-    desk_.Input.Held = {kVkLeftWin};
-    clock_.WhileAsleep = [this] {
-        if (clock_.Tick >= 300) {
-            desk_.Input.Held.clear();
+    Input.Held = {kVkLeftWin};
+    Macros.Clock.WhileAsleep = [this] {
+        if (Macros.Clock.Tick >= 300) {
+            Input.Held.clear();
         }
     };
-    text_.PrintText(u"a", 0);
-    EXPECT_EQ(clock_.Tick, 300U);
-    EXPECT_THAT(log_.Lines, IsEmpty());
-    desk_.Input.Held = {kVkShift};
-    clock_.WhileAsleep = [] {};
-    text_.PrintText(u"b", 0);
-    EXPECT_EQ(clock_.Tick, 1300U);
-    EXPECT_EQ(desk_.Typed(), u"ab");
-    EXPECT_TRUE(desk_.Told(u"still held"));
+    Text.PrintText(u"a", 0);
+    EXPECT_EQ(Macros.Clock.Tick, 300U);
+    EXPECT_THAT(Macros.Log.Lines, IsEmpty());
+    Input.Held = {kVkShift};
+    Macros.Clock.WhileAsleep = [] {};
+    Text.PrintText(u"b", 0);
+    EXPECT_EQ(Macros.Clock.Tick, 1300U);
+    EXPECT_EQ(Typed(), u"ab");
+    EXPECT_TRUE(Told(u"still held"));
 }
 
 TEST_F(TextDeliveryTest, APastePutsTheTextWithItsTerminatorAndPressesTheKeysLater) {
-    clock_.WhileAsleep = [this] { desk_.Calls.push_back("sleep"); };
-    desk_.Input.States = {kVkMenu, kVkShift};
-    EXPECT_TRUE(text_.PasteText(u"é\xDC00", 2));
-    ASSERT_THAT(desk_.Clipboard.Blocks, SizeIs(2));
-    EXPECT_EQ(desk_.Clipboard.Blocks[0].Bytes, FakeClipboardAccess::Text(u"é\xDC00").Bytes);
-    EXPECT_EQ(desk_.OnClipboard(16), std::string("\x09\x08\0\0", 4));
-    EXPECT_THAT(desk_.Calls,
+    Macros.Clock.WhileAsleep = [this] { Calls.push_back("sleep"); };
+    Input.States = {kVkMenu, kVkShift};
+    EXPECT_TRUE(Text.PasteText(u"é\xDC00", 2));
+    ASSERT_THAT(Clipboard.Blocks, SizeIs(2));
+    EXPECT_EQ(Clipboard.Blocks[0].Bytes, FakeClipboardAccess::Text(u"é\xDC00").Bytes);
+    EXPECT_EQ(OnClipboard(16), std::string("\x09\x08\0\0", 4));
+    EXPECT_THAT(Calls,
                 ElementsAre("keep", "sleep", "keys", "sleep", "keys", "sleep", "keys", "sleep"));
-    EXPECT_THAT(clock_.Sleeps, ElementsAre(400, 100, 1, 1));
+    EXPECT_THAT(Macros.Clock.Sleeps, ElementsAre(400, 100, 1, 1));
     Events first = {{16, 116, 2, 0}, {18, 118, 2, 0}};
     first.insert(first.end(), kPasteKeys.begin(), kPasteKeys.end());
-    EXPECT_THAT(desk_.Input.Sent, ElementsAre(first, CursorEvents(1), CursorEvents(1)));
+    EXPECT_THAT(Input.Sent, ElementsAre(first, CursorEvents(1), CursorEvents(1)));
 }
 
 TEST_F(TextDeliveryTest, AnEmptyTextIsPastedAndNotTyped) {
-    EXPECT_FALSE(text_.PrintText(u"", 3));
-    EXPECT_THAT(desk_.Input.Sent, IsEmpty());
-    EXPECT_TRUE(text_.PasteText(u"", 0));
-    EXPECT_EQ(desk_.OnClipboard(kClipUnicodeText), std::string(2, '\0'));
-    EXPECT_THAT(desk_.Input.Sent, ElementsAre(kPasteKeys));
+    EXPECT_FALSE(Text.PrintText(u"", 3));
+    EXPECT_THAT(Input.Sent, IsEmpty());
+    EXPECT_TRUE(Text.PasteText(u"", 0));
+    EXPECT_EQ(OnClipboard(kClipUnicodeText), std::string(2, '\0'));
+    EXPECT_THAT(Input.Sent, ElementsAre(kPasteKeys));
 }
 
 TEST_F(TextDeliveryTest, CursorStepsOfAPasteComeInPortions) {
@@ -117,40 +111,39 @@ TEST_F(TextDeliveryTest, CursorStepsOfAPasteComeInPortions) {
     } cases[] = {{0, 0, 0},     {3, 3, 3},       {4, 2, 2},       {5, 3, 2},       {11, 3, 2},
                  {100, 25, 25}, {101, 101, 101}, {250, 125, 125}, {1009, 101, 100}};
     for (const auto& c : cases) {
-        desk_.Input.Sent.clear();
-        clock_.Sleeps.clear();
-        EXPECT_TRUE(text_.SendPasteKeys(c.Steps));
+        Input.Sent.clear();
+        Macros.Clock.Sleeps.clear();
+        EXPECT_TRUE(Text.SendPasteKeys(c.Steps));
         std::size_t events = 0;
-        for (const Events& sent : desk_.Input.Sent) {
+        for (const Events& sent : Input.Sent) {
             events += sent.size();
         }
         EXPECT_EQ(events, kPasteKeys.size() + 2 * c.Steps) << c.Steps;
-        EXPECT_EQ(desk_.Input.Sent.size(), 1 + c.Portions) << c.Steps;
-        EXPECT_EQ(clock_.Sleeps.size(), 1 + c.Waits) << c.Steps;
+        EXPECT_EQ(Input.Sent.size(), 1 + c.Portions) << c.Steps;
+        EXPECT_EQ(Macros.Clock.Sleeps.size(), 1 + c.Waits) << c.Steps;
     }
 }
 
 TEST_F(TextDeliveryTest, RichTextGoesAsEightBitsWithItsPlainTextAndLanguage) {
-    EXPECT_TRUE(text_.PasteRich(u"{é\u0416}", 0, kRussian));
-    const std::uint32_t rich = desk_.Clipboard.RegisterFormat(kRichTextFormat);
-    EXPECT_EQ(desk_.OnClipboard(rich), std::string("{{\\uc1\\u233?\\u1046?}}") + '\0');
-    EXPECT_EQ(desk_.Clipboard.Find(kClipUnicodeText)->Bytes,
-              FakeClipboardAccess::Text(u"é\u0416").Bytes);
-    EXPECT_EQ(desk_.OnClipboard(16), std::string("\x19\x04\0\0", 4));
-    EXPECT_TRUE(text_.PasteRich(u"no source", 0, 0));
-    EXPECT_THAT(desk_.Clipboard.Blocks, SizeIs(1));
+    EXPECT_TRUE(Text.PasteRich(u"{é\u0416}", 0, kRussian));
+    const std::uint32_t rich = Clipboard.RegisterFormat(kRichTextFormat);
+    EXPECT_EQ(OnClipboard(rich), std::string("{{\\uc1\\u233?\\u1046?}}") + '\0');
+    EXPECT_EQ(Clipboard.Find(kClipUnicodeText)->Bytes, FakeClipboardAccess::Text(u"é\u0416").Bytes);
+    EXPECT_EQ(OnClipboard(16), std::string("\x19\x04\0\0", 4));
+    EXPECT_TRUE(Text.PasteRich(u"no source", 0, 0));
+    EXPECT_THAT(Clipboard.Blocks, SizeIs(1));
 }
 
 TEST_F(TextDeliveryTest, AClipboardThatIsHeldIsToldAndNothingIsPasted) {
-    desk_.Clipboard.FailingOpens = FakeClipboardAccess::kAlways;
-    EXPECT_FALSE(text_.PasteText(u"x", 0));
-    EXPECT_FALSE(text_.PasteRich(u"{x}", 0, 0));
+    Clipboard.FailingOpens = FakeClipboardAccess::kAlways;
+    EXPECT_FALSE(Text.PasteText(u"x", 0));
+    EXPECT_FALSE(Text.PasteRich(u"{x}", 0, 0));
     EXPECT_THAT(
-        log_.Lines,
+        Macros.Log.Lines,
         ElementsAre(u"DoPaste: x",
                     u"ERROR: CVBRAction_TextCommon::MutiCopy_Impl::Cannot set to clipboard",
                     u"DoPaste: {x}", u"ERROR: Cannot set data to clipboard as MULTI formats"));
-    EXPECT_THAT(desk_.Calls, IsEmpty());
+    EXPECT_THAT(Calls, IsEmpty());
 }
 
 }  // namespace

@@ -22,31 +22,19 @@ class TenPixelFont : public TextWidths {
 };
 
 CMenuItemInfo Phrase(std::u16string label) {
-    CMenuItemInfo info;
-    info.Label = std::move(label);
-    info.CommandId = 1;
-    return info;
+    return {.Label = std::move(label), .CommandId = 1};
 }
 
 CMenuItemInfo Separator(std::u16string caption = {}) {
-    CMenuItemInfo info;
-    info.ItemFlags = kItemSeparator;
-    info.RightText = std::move(caption);
-    return info;
+    return {.RightText = std::move(caption), .ItemFlags = kItemSeparator};
 }
 
 CMenuItemInfo Popup(std::u16string label) {
-    CMenuItemInfo info;
-    info.ItemFlags = kItemPopup;
-    info.Label = std::move(label);
-    return info;
+    return {.Label = std::move(label), .ItemFlags = kItemPopup};
 }
 
 CMenuItemInfo HistoryItem(std::uint32_t index) {
-    CMenuItemInfo info = Phrase(u"abc");
-    info.History = true;
-    info.CommandId = kFirstHistoryItem + index;
-    return info;
+    return {.Label = u"abc", .History = true, .CommandId = kFirstHistoryItem + index};
 }
 
 ItemPicture Paint(const CMenuItemInfo& info, ItemPlace place = {}, int dpi = 96,
@@ -58,10 +46,8 @@ ItemPicture Paint(const CMenuItemInfo& info, ItemPlace place = {}, int dpi = 96,
 }
 
 TEST(MeasureMenuItem, AsksForTheRoomThatItsTextNeeds) {
-    CMenuItemInfo badge = Phrase(u"abcd");
-    badge.RightText = u"+EN";
-    CMenuItemInfo extra = Phrase(u"abcd");
-    extra.CommandId = kCmdSupport;
+    const CMenuItemInfo badge{.Label = u"abcd", .RightText = u"+EN", .CommandId = 1};
+    const CMenuItemInfo extra{.Label = u"abcd", .CommandId = kCmdSupport};
     const std::tuple<CMenuItemInfo, bool, MenuMetrics, MenuSize> cases[] = {
         {Phrase(u""), true, {20, 96}, {129, 24}},
         {Separator(), true, {20, 96}, {129, 12}},
@@ -84,23 +70,19 @@ TEST(MeasureMenuItem, AsksForTheRoomThatItsTextNeeds) {
 }
 
 TEST(PaintMenuItem, RegionsStatesAndStripesHaveTheirColours) {
-    const auto with = [](CMenuItemInfo info, auto&& change) {
-        change(info);
-        return info;
-    };
-    const CMenuItemInfo odd = with(Phrase(u"a"), [](auto& info) { info.Row = 1; });
-    const CMenuItemInfo marked = with(Phrase(u"a"), [](auto& info) { info.Mark = true; });
+    const CMenuItemInfo odd{.Label = u"a", .Row = 1, .CommandId = 1};
+    const CMenuItemInfo marked{.Label = u"a", .Mark = true, .CommandId = 1};
+    const CMenuItemInfo extra{.Label = u"a", .CommandId = kCmdEditPhrases};
     const CMenuItemInfo clip = HistoryItem(1);
-    const CMenuItemInfo extra =
-        with(Phrase(u"a"), [](auto& info) { info.CommandId = kCmdEditPhrases; });
-    struct Case {
+    CMenuItemInfo oddClip = clip;
+    oddClip.Row = 1;
+    const struct {
         CMenuItemInfo Info;
         bool Selected;
         bool Grayed;
         MenuColor Background;
         MenuColor Label;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {Phrase(u"a"), false, false, 0xF0F0F0, 0x000001},
         {Phrase(u"a"), false, true, 0xF0F0F0, 0x6D6D6D},
         {Phrase(u"a"), true, false, 0xFF9933, 0xFFFFFF},
@@ -109,12 +91,12 @@ TEST(PaintMenuItem, RegionsStatesAndStripesHaveTheirColours) {
         {odd, true, false, 0xFF9933, 0xFFFFFF},
         {marked, false, false, 0xF0F0F0, 0x0000FF},
         {clip, false, false, 0xE1FFFF, 0x000002},
-        {with(clip, [](auto& info) { info.Row = 1; }), false, false, 0xDDFBFB, 0x000002},
+        {oddClip, false, false, 0xDDFBFB, 0x000002},
         {extra, false, false, 0xF0F0F0, 0x008000},
         {extra, false, true, 0xF0F0F0, 0x6D6D6D},
         {extra, true, false, 0xFF9933, 0xFFFFFF},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         const ItemPicture picture = Paint(c.Info, {.Selected = c.Selected, .Grayed = c.Grayed});
         EXPECT_EQ(picture.Background, c.Background);
         EXPECT_EQ(picture.Texts.back().Color, c.Label);
@@ -192,8 +174,7 @@ TEST(PaintMenuItem, TheNewestRecentPhraseAndMarkedItemsAreFramed) {
     EXPECT_FALSE(Paint(info).Frame);
     info.RecentIndex = 0;
     EXPECT_EQ(Paint(info).Frame, (MenuRect{18, 100, 300, 124}));
-    CMenuItemInfo group = Popup(u"G");
-    group.Mark = true;
+    const CMenuItemInfo group{.Label = u"G", .ItemFlags = kItemPopup, .Mark = true};
     EXPECT_EQ(Paint(group, {.InRoot = true}).Frame, (MenuRect{24, 100, 300, 124}));
 }
 
@@ -222,14 +203,13 @@ TEST(PaintSideBar, EachItemHasItsPartOfOneBar) {
 }
 
 TEST(MenuLook, FontsAndIconsTellTheKindOfAnItem) {
-    struct Case {
+    const struct {
         std::int32_t DataType;
         std::u16string Label;
         std::u16string Cmd;
         MenuIcon Icon;
         std::size_t Font;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {kDataTypeText, u"Google it", u"http://x", MenuIcon::PlainText, 0},
         {kDataTypeRtf, u"a", u"", MenuIcon::FormattedText, 2},
         {kDataTypeExec, u"in gooGLE or Yandex", u"http://x", MenuIcon::SearchOne, 4},
@@ -238,15 +218,13 @@ TEST(MenuLook, FontsAndIconsTellTheKindOfAnItem) {
         {kDataTypeExec, u"a", u"www.x", MenuIcon::Url, 4},
         {kDataTypeExec, u"a", u"notepad http://x", MenuIcon::Execute, 4},
     };
-    for (const Case& c : cases) {
-        CMenuItemInfo info = Phrase(c.Label);
-        info.DataType = c.DataType;
-        info.PhraseData = c.Cmd;
+    for (const auto& c : cases) {
+        const CMenuItemInfo info{
+            .Label = c.Label, .PhraseData = c.Cmd, .DataType = c.DataType, .CommandId = 1};
         EXPECT_EQ(IconOf(info), c.Icon) << testing::PrintToString(c.Label);
         EXPECT_EQ(IndexOf(FontOf(info)), c.Font);
     }
-    CMenuItemInfo extra = Phrase(u"a");
-    extra.CommandId = kCmdSupport;
+    const CMenuItemInfo extra{.Label = u"a", .CommandId = kCmdSupport};
     EXPECT_EQ(IconOf(extra), MenuIcon::None);
     EXPECT_EQ(IndexOf(FontOf(extra)), 1U);
     EXPECT_EQ(IconOf(Popup(u"a")), MenuIcon::None);

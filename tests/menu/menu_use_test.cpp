@@ -50,14 +50,12 @@ class Typing : public testing::Test {
     std::optional<std::size_t> selected_;
 };
 
-TEST_F(Typing, TheFirstLettersOfALabelMoveToIt) {
+TEST_F(Typing, TheFirstLettersOfALabelMoveToItAndOneLetterAgainMovesOn) {
     EXPECT_EQ(Type(u"ag"), "Address agenda");
     EXPECT_EQ(Type(u"ё"), "Ёлка");
     EXPECT_EQ(Type(u"x"), "-");
     EXPECT_EQ(Type(u"clo"), "clip clip clop");
-}
-
-TEST_F(Typing, TheSameLetterAgainMovesOnAndAround) {
+    clock_.Tick += 1001;
     EXPECT_EQ(Type(u"aaa"), "Address agenda Address");
 }
 
@@ -128,14 +126,13 @@ TEST(TipRules, ATipStandsBesideItsItemOnTheItemsMonitor) {
     constexpr MenuRect kMain = {0, 0, 1000, 800};
     constexpr MenuRect kLeft = {-1200, -100, 0, 924};
     constexpr MenuRect kRight = {1000, 0, 2000, 800};
-    struct Case {
+    const struct {
         MenuRect Item;
         MenuSize Tip;
         MenuRect Screen;
         bool Balloon;
         MenuPoint Expected;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {{100, 100, 300, 124}, {200, 80}, kMain, false, {300, 100}},
         {{700, 100, 850, 124}, {200, 80}, kMain, false, {500, 100}},
         {{700, 100, 850, 124}, {0, 80}, kMain, false, {700, 100}},
@@ -149,7 +146,7 @@ TEST(TipRules, ATipStandsBesideItsItemOnTheItemsMonitor) {
         {{-400, 850, -250, 874}, {200, 80}, kLeft, false, {-250, 794}},
         {{0, 100, 950, 124}, {200, 80}, kMain, false, {0, 100}},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         EXPECT_EQ(PlaceTip({c.Item, c.Tip, c.Screen, 200, 150, 1, c.Balloon}), c.Expected)
             << c.Item.Left << "," << c.Item.Top << " " << c.Tip.Height;
     }
@@ -179,30 +176,23 @@ std::string RightMenuOf(const CMenuItemInfo& info) {
 }
 
 TEST(RightClickMenu, OffersWhatCanBeDoneWithTheItem) {
-    CMenuItemInfo info;
-    info.ExpandedText = u" \tR&D\r\nfor\tall ";
-    EXPECT_EQ(RightMenuOf(info),
+    EXPECT_EQ(RightMenuOf({.ExpandedText = u" \tR&D\r\nfor\tall "}),
               "Copy|Open As URL|-|~Edit|~Open With…|-|Search In Google [R&&D for all]|Search in "
               "Yandex [R&&D for all]|Search in Wikipedia [R&&D for all]|Search in MSDN [R&&D for "
               "all]|");
-    info.History = info.Bitmap = true;
-    info.ExpandedText = std::u16string(71, u'x');
+    const CMenuItemInfo bitmap{
+        .ExpandedText = std::u16string(71, u'x'), .History = true, .Bitmap = true};
     const std::string text = " [" + std::string(70, 'x') + "…]|";
-    EXPECT_EQ(RightMenuOf(info), "Copy|~Open As URL|-|Edit|Open With…|-|~Search In Google" + text +
-                                     "~Search in Yandex" + text + "~Search in Wikipedia" + text +
-                                     "~Search in MSDN" + text);
+    EXPECT_EQ(RightMenuOf(bitmap), "Copy|~Open As URL|-|Edit|Open With…|-|~Search In Google" +
+                                       text + "~Search in Yandex" + text + "~Search in Wikipedia" +
+                                       text + "~Search in MSDN" + text);
 }
 
 TEST(RightClickMenu, ExtraCommandsPopupsAndSeparatorsHaveNone) {
-    CMenuItemInfo info;
-    EXPECT_TRUE(HasRightClickMenu(info));
-    info.CommandId = kCmdSupport;
-    EXPECT_FALSE(HasRightClickMenu(info));
-    for (const std::uint32_t flags : {kItemPopup, kItemSeparator}) {
-        CMenuItemInfo other;
-        other.ItemFlags = flags;
-        EXPECT_FALSE(HasRightClickMenu(other));
-    }
+    EXPECT_TRUE(HasRightClickMenu({}));
+    EXPECT_FALSE(HasRightClickMenu({.CommandId = kCmdSupport}));
+    EXPECT_FALSE(HasRightClickMenu({.ItemFlags = kItemPopup}));
+    EXPECT_FALSE(HasRightClickMenu({.ItemFlags = kItemSeparator}));
 }
 
 }  // namespace

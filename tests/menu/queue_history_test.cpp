@@ -13,21 +13,18 @@
 namespace vbr {
 namespace {
 
-class QueueHistoryTest : public testing::Test {
+class QueueHistoryTest : public testing::Test, protected HistoryDesk {
   protected:
     FakeAnsiText ansi_;
     FakeRichTextEngine engine_;
-    MemoryLog log_;
-    ItemTexts texts_{ansi_, engine_, log_};
-    HistoryDesk desk_;
-    CCHQueue& queue_ = desk_.Queue;
-    QueueHistory history_{queue_, texts_};
+    ItemTexts texts_{ansi_, engine_, Log};
+    QueueHistory history_{Queue, texts_};
 };
 
 TEST_F(QueueHistoryTest, ItemsStandInTheMenuTheNewestFirstAndAreDeliveredByTheirPlace) {
-    queue_.Add(TextItem(u"older\r\nsecond line"), kNoItemLimit);
-    queue_.Add(ByteItem(CHF_RTF, "{\\rtf1 rich}"), kNoItemLimit);
-    queue_.Add(ByteItem(CHF_KELPNOTES, "notes"), kNoItemLimit);
+    Queue.Add(TextItem(u"older\r\nsecond line"), kNoItemLimit);
+    Queue.Add(ByteItem(CHF_RTF, "{\\rtf1 rich}"), kNoItemLimit);
+    Queue.Add(ByteItem(CHF_KELPNOTES, "notes"), kNoItemLimit);
     PhraseMenu menu;
     const EmbeddedStrings strings;
     AddHistoryRegion(history_, {.WithTips = true}, strings, menu);
@@ -44,9 +41,9 @@ TEST_F(QueueHistoryTest, ItemsStandInTheMenuTheNewestFirstAndAreDeliveredByTheir
 
 TEST_F(QueueHistoryTest, WhileTheMenuIsOpenNoItemIsAdded) {
     history_.SetLocked(true);
-    EXPECT_FALSE(queue_.Add(TextItem(u"new"), kNoItemLimit));
+    EXPECT_FALSE(Queue.Add(TextItem(u"new"), kNoItemLimit));
     history_.SetLocked(false);
-    EXPECT_TRUE(queue_.Add(TextItem(u"new"), kNoItemLimit));
+    EXPECT_TRUE(Queue.Add(TextItem(u"new"), kNoItemLimit));
     EXPECT_EQ(history_.GetCount(), 1U);
 }
 

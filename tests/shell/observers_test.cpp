@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "shell/observers.h"
 
+#include <functional>
 #include <gtest/gtest.h>
 
 #include "shell/choice_block.h"
@@ -9,41 +10,31 @@ namespace vbr {
 namespace {
 
 struct Follower : KeepObserver {
-    void OnKeepChanged(bool spyRuns) override {
+    void OnKeepChanged(bool) override {
         ++Calls;
-        Last = spyRuns;
-        if (RemoveOnCall) {
-            List->Remove(*RemoveOnCall);
-        }
+        OnCall();
     }
     int Calls = 0;
-    bool Last = false;
-    ObserverList<KeepObserver>* List = nullptr;
-    KeepObserver* RemoveOnCall = nullptr;
+    std::function<void()> OnCall = [] {};
 };
 
-TEST(Observers, AllButTheSenderAreTold) {
+TEST(Observers, AllAreToldButTheSenderAndThoseWhoLeftMeanwhile) {
     ObserverList<KeepObserver> list;
     Follower first;
     Follower sender;
-    list.Add(first);
-    list.Add(sender);
-    list.Announce([](KeepObserver& o) { o.OnKeepChanged(true); }, &sender);
-    EXPECT_TRUE(first.Last);
+    Follower leaving;
+    for (Follower* follower : {&first, &sender, &leaving}) {
+        list.Add(*follower);
+    }
+    const auto announce = [&] {
+        list.Announce([](KeepObserver& o) { o.OnKeepChanged(true); }, &sender);
+    };
+    announce();
+    first.OnCall = [&] { list.Remove(leaving); };
+    announce();
+    EXPECT_EQ(first.Calls, 2);
     EXPECT_EQ(sender.Calls, 0);
-}
-
-TEST(Observers, OneThatLeavesWhileOthersAreToldIsNotCalledAnyMore) {
-    ObserverList<KeepObserver> list;
-    Follower first;
-    Follower second;
-    list.Add(first);
-    list.Add(second);
-    first.List = &list;
-    first.RemoveOnCall = &second;
-    list.Announce([](KeepObserver& o) { o.OnKeepChanged(false); });
-    EXPECT_EQ(first.Calls, 1);
-    EXPECT_EQ(second.Calls, 0);
+    EXPECT_EQ(leaving.Calls, 1);
 }
 
 TEST(ChoiceBlock, NeedsChoiceAndTarget) {

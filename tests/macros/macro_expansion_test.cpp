@@ -1,0 +1,221 @@
+// SPDX-License-Identifier: MIT
+#include "macros/macro_engine.h"
+
+#include <random>
+#include <span>
+
+#include "fakes/macro_desk.h"
+#include "fakes/text_cases.h"
+#include "macros/macro_tokens.h"
+#include "macros/rich_macros.h"
+#include "macros/url_text.h"
+
+namespace vbr {
+namespace {
+
+class MacroExpansion : public testing::Test, protected MacroDesk {
+  protected:
+    MacroExpansion() { Clock.Local = {2025, 3, 3, 5, 21, 7, 30, 0}; }  // Wednesday, 5 March
+
+    std::u16string Expanded(std::u16string_view text, std::u16string_view selection = {},
+                            std::u16string_view clipboard = {}, Lcid language = kEnglish) {
+        std::u16string expanded(text);
+        outcome_ = Engine.ExpandMacros(expanded, {selection, clipboard, language});
+        return expanded;
+    }
+
+    MacroOutcome outcome_;
+};
+
+TEST_F(MacroExpansion, ValuesStandInPlaceOfTheirTokens) {
+    System.Cursor = ScreenPoint{3, -2};
+    ExpectTexts({{u"<%DAY%|%DAY2%|%MONTHNUMBER%|%MONTHNUMBER2%>", u"<5|05|3|03>"},
+                 {u"%YEAR%|%YEAR2%|%MONTHNAME%|%MONTHNAME_ABBR%", u"2025|25|March|Mar"},
+                 {u"%DATETIME%|%WEEKDAYNAME_ABBR%", u"Wednesday, March 5, 2025 21:7:30|Wed"},
+                 {u"%UPPER_SELTEXT%|%LOWER_SELTEXT%", u"ДВА 2|low Два 2"},
+                 {u"%NUMBERCHARS_SELTEXT%|%NUMBERCHARS_CLIPBOARD%", u"Два два|семь"},
+                 {u"%VBR_VERSION%|%VBR_VERSION_EDITOR%|%VBR_VERSION_DLL%", u"main|editor|library"},
+                 {u"%MOUSEPOS_ASLARAM%", u"-131069"},  // 3 in the low 16 bits, -2 in the high ones
+                 {u"%WINSYSDIR%", u"ERROR on GetSystemDirectory"},
+                 {u"a%PROMPT_TEXT={}%%KEYPRESS_ENTER%%KEYPRESS_TAB%", u"a\r\t"}},
+                [this](std::u16string_view text) { return Expanded(text, u"Два 2", u"7"); });
+}
+
+TEST_F(MacroExpansion, DateWithoutWeekdayHasNoCommaOrBlankLeftOver) {
+    EXPECT_EQ(Expanded(u"%DATE_EX_WD%|%DATETIME_EX_WD%"), u"March 5, 2025|March 5, 2025 21:7:30");
+    EXPECT_EQ(Expanded(u"%DATE%|%DATE_EX_WD%", {}, {}, kRussian),
+              u"5.3.2025 г., среда|5.3.2025 г.");
+}
+
+TEST_F(MacroExpansion, WhatIsNoTokenStaysAndIsNotCounted) {
+    const std::u16string_view text = u"100% %date% %DAY %NO_SUCH% %ACTIVATE_KL_DE%";
+    EXPECT_EQ(Expanded(text), text);
+    EXPECT_EQ(outcome_.Replaced, 0U);
+    Expanded(u"%DAY%%CURSOR_POS%%DAY% %ACTIVATE_KL_EN%%YEAR%");
+    EXPECT_EQ(outcome_.Replaced, 3U);
+}
+
+TEST_F(MacroExpansion, CursorMarkGivesTheStepsBackFromTheEnd) {
+    const struct {
+        std::u16string_view Text;
+        std::u16string_view Expected;
+        std::size_t CursorBack;
+    } cases[] = {{u"end%CURSOR_POS%", u"end", 0},
+                 {u"a\r\nb%CURSOR_POS%c\r\nd", u"a\r\nbc\r\nd", 3},
+                 {u"%CURSOR_POS%%YEAR%", u"2025", 4},
+                 {u"(%CLIPBOARD_TEXT%)", u"(pq)", 2},
+                 // The 12 units of the second mark are among those behind the first.
+                 {u"a%CURSOR_POS%b%CURSOR_POS%c", u"abc", 14}};
+    for (const auto& c : cases) {
+        EXPECT_EQ(Expanded(c.Text, {}, u"p%CURSOR_POS%q"), c.Expected);
+        EXPECT_EQ(outcome_.CursorBack, c.CursorBack) << Utf16ToUtf8(c.Text);
+    }
+}
+
+TEST_F(MacroExpansion, TheLastLayoutInTokenOrderIsAskedFor) {
+    EXPECT_EQ(Expanded(u"%ACTIVATE_KL_RU%a%ACTIVATE_KL_EN%"), u"a");
+    EXPECT_EQ(outcome_.Layout, kRussian);
+    Expanded(u"%ACTIVATE_KL_EN%");
+    EXPECT_EQ(outcome_.Layout, kBritish);  // the last installed one of the language
+}
+
+TEST_F(MacroExpansion, AValueIsWorkedOutOnlyForATokenInTheText) {
+    Expanded(u"100% %SELECTED_TEXT%", u"a");
+    EXPECT_EQ(System.Asked, 0);
+    Expanded(u"%WINDOWS_USERNAME% and %WINDOWS_USERNAME%");
+    EXPECT_EQ(System.Asked, 1);
+}
+
+// Over random texts, from a seed that stays the same.
+class MacroProperties : public MacroExpansion {
+  protected:
+    std::u16string RandomText(std::span<const std::u16string> pieces) {
+        std::u16string text;
+        for (auto i = random_() % 20; i > 0; --i) {
+            text += pieces[random_() % pieces.size()];
+        }
+        return text;
+    }
+
+    // The words of the rule, one token after the other over the whole text.
+    std::u16string TokenByToken(std::u16string text, MacroInput input, std::size_t& replaced) {
+        const std::u16string trimmed = TrimProtocols(input.SelText);
+        if (ReplaceAll(text, kMacroTrimProtocols, u"") > 0) {
+            input.SelText = trimmed;
+        }
+        Engine.StripLayoutMacros(text);
+        for (const std::u16string& token : Engine.GetMacroList()) {
+            if (token != kMacroCursorPos && token != kMacroTrimProtocols) {
+                const std::size_t count = ReplaceAll(text, token, Engine.MacroValue(token, input));
+                replaced += token.starts_with(kMacroLayoutPrefix) ? 0 : count;
+            }
+        }
+        ReplaceAll(text, kMacroCursorPos, u"");
+        return text;
+    }
+
+    std::mt19937 random_{42};
+};
+
+TEST_F(MacroProperties, TokensAreReplacedInTheirOrderWhereverValuesPutThem) {
+    std::vector<std::u16string> pieces(Engine.GetMacroList());
+    for (const char16_t* part : {u"%", u"%DA", u"Y%", u"YEAR", u"TIME", u"KEYPRESS_", u"TAB%",
+                                 u"%PROMPT_TEXT={", u"}%", u"http://", u" ", u"7"}) {
+        pieces.push_back(part);
+    }
+    for (int round = 0; round < 3000; ++round) {
+        const std::u16string text = RandomText(pieces);
+        const std::u16string selection = RandomText(pieces);
+        const std::u16string clipboard = RandomText(pieces);
+        const MacroInput input{selection, clipboard, kEnglish};
+        std::size_t replaced = 0;
+        const std::u16string expected = TokenByToken(text, input, replaced);
+        std::u16string expanded = text;
+        EXPECT_EQ(Engine.ExpandMacros(expanded, input).Replaced, replaced);
+        ASSERT_EQ(expanded, expected) << Utf16ToUtf8(text);
+    }
+}
+
+TEST_F(MacroProperties, NoListedTokenStaysInATextThatHoldsThemAll) {
+    std::u16string text;
+    for (const std::u16string& token : Engine.GetMacroList()) {
+        text += Concat(u"<", token, u">");
+    }
+    const MacroOutcome outcome = Engine.ExpandMacros(text, {u"sel", u"clip", kEnglish});
+    EXPECT_EQ(text.find(u'%'), text.npos) << Utf16ToUtf8(text);
+    EXPECT_EQ(outcome.Layout, kRussian);
+}
+
+class RichMacroExpansion : public MacroExpansion {
+  protected:
+    std::u16string ExpandedRich(std::u16string_view source, std::u16string_view selection = {},
+                                std::u16string_view clipboard = {}) {
+        std::u16string expanded(source);
+        outcome_ = Rich.ExpandMacrosRich(expanded, {selection, clipboard, kEnglish});
+        return expanded;
+    }
+};
+
+TEST_F(RichMacroExpansion, AValueTakesTheColourBeforeItsToken) {
+    ExpectTexts({{u"{\\1a\\2%YEAR%\\3b}", u"{\\1a2025\\3b}"},
+                 {u"{a\\2%YEAR%}", u"{a2025}"},
+                 {u"{\\2%YEAR%\\1b}", u"{\\22025\\1b}"},
+                 {u"{\\1a\\2%DAY%%YEAR%}", u"{\\1a52025}"}},
+                [this](std::u16string_view source) { return ExpandedRich(source); });
+}
+
+TEST_F(RichMacroExpansion, ValuesAreLookedIntoOnlyForTokensThatSortBehindTheirOwn) {
+    EXPECT_EQ(ExpandedRich(u"{%SELECTED_TEXT%-%SELECTED_TEXT%}",
+                           u"%SELECTED_TEXT%\r\n%YEAR% %CLIPBOARD_TEXT%", u"clip"),
+              u"{%SELECTED_TEXT%\n2025 %CLIPBOARD_TEXT%-%SELECTED_TEXT%\n2025 %CLIPBOARD_TEXT%}");
+    EXPECT_EQ(outcome_.Replaced, 4U);
+    EXPECT_EQ(ExpandedRich(u"{%CLIPBOARD_TEXT%}", {}, u"%ACTIVATE_KL_DE%x%CURSOR_POS%y"),
+              u"{%ACTIVATE_KL_DE%xy}");
+    EXPECT_EQ(outcome_.CursorBack, 1U);
+}
+
+TEST_F(RichMacroExpansion, TheSelectionKeepsItsProtocol) {
+    EXPECT_EQ(ExpandedRich(u"{%SELECTED_TEXT%|%TRIM_LEFT_ALLPROTS_FROM_SELTEXT%}", u"http://a.org"),
+              u"{http://a.org|}");
+}
+
+TEST_F(RichMacroExpansion, LayoutAndCursorMacrosAreCountedToo) {
+    EXPECT_EQ(
+        ExpandedRich(u"{%ACTIVATE_KL_RU%%ACTIVATE_KL_EN%a\nb%CURSOR_POS%c\nd%CURSOR_POS%%DAY%}"),
+        u"{a\nbc\nd%CURSOR_POS%5}");
+    EXPECT_EQ(outcome_.Replaced, 4U);
+    EXPECT_EQ(outcome_.Layout, kRussian);
+    EXPECT_EQ(outcome_.CursorBack, 16U);  // the second mark's 12 units are among them
+}
+
+TEST_F(RichMacroExpansion, ASourceWithNothingReplacedOrAFailingEngineStaysAsItIs) {
+    // The engine would write the empty colour change differently.
+    for (const std::u16string_view source :
+         {u"no source %YEAR%", u"{\\1\\2100% %date%}", u"{\\1\\2a}"}) {
+        EXPECT_EQ(ExpandedRich(source), source);
+        EXPECT_EQ(outcome_.Replaced, 0U);
+    }
+    EXPECT_EQ(System.Asked, 0);
+    RichText.CanSave = false;
+    const std::u16string_view source = u"{%ACTIVATE_KL_RU%%CURSOR_POS%%YEAR%}";
+    EXPECT_EQ(ExpandedRich(source), source);
+    EXPECT_EQ(outcome_.Replaced + outcome_.CursorBack + outcome_.Layout, 0U);
+}
+
+TEST_F(RichMacroExpansion, AValueIsWorkedOutOnceForATokenOfTheText) {
+    EXPECT_EQ(ExpandedRich(u"{%WINDOWS_USERNAME% and %WINDOWS_USERNAME%}"), u"{ann and ann}");
+    EXPECT_EQ(System.Asked, 1);
+}
+
+TEST_F(RichMacroExpansion, ASourceThatCannotBeLoadedAsksForNoLayout) {
+    EXPECT_EQ(Rich.StripLayoutMacrosRich(u"{%ACTIVATE_KL_EN%}"), kBritish);
+    EXPECT_EQ(Rich.StripLayoutMacrosRich(u"%ACTIVATE_KL_EN%"), 0U);
+}
+
+TEST_F(RichMacroExpansion, PlainTextOfASourceThatCannotBeLoadedIsEmpty) {
+    EXPECT_EQ(RichToPlainText(u"{a\n\\1b}", RichText), u"a\r\nb");
+    EXPECT_EQ(RichToPlainText(u"a", RichText), u"");
+}
+
+}  // namespace
+}  // namespace vbr
