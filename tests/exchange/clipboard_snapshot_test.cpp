@@ -33,8 +33,7 @@ class ClipboardSnapshotTest : public testing::Test {
 };
 
 TEST_F(ClipboardSnapshotTest, GivesEveryFormatBackInItsOrder) {
-    ClipboardBlock bitmap = FakeClipboardAccess::Memory(kClipBitmap, "");
-    bitmap.Object = std::make_shared<int>(7);
+    const ClipboardBlock bitmap{.Format = kClipBitmap, .Object = std::make_shared<int>(7)};
     const std::vector<ClipboardBlock> content = {
         FakeClipboardAccess::Text(u"mine"),
         clipboard_.Named(u"Rich Text Format", {"{\\rtf1\0\xFF tail", 13}),

@@ -7,6 +7,7 @@
 #include <tinyxml.h>
 
 #include "base/text.h"
+#include "exchange/query_writer.h"
 #include "fakes/memory_log.h"
 
 namespace vbr {
@@ -18,6 +19,12 @@ WPQuery Parsed(std::string_view document) {
     return query;
 }
 
+// All that a query says, to be compared at once.
+auto AllOf(const WPQuery& query) {
+    return std::tuple(query.AppPath, query.WindowClassName, query.TargetWindow, query.GuiThreadInfo,
+                      query.Hkl, query.SelText, query.StateSelText, query.PointX, query.PointY);
+}
+
 TEST(QueryDocument, AllNodesAreReadInAnyOrder) {
     const WPQuery query = Parsed(
         "<?xml version=\"1.0\"?><!-- x --><WPQuery POINT_Y='-7' POINT_X='12' HWND_Active='1' "
@@ -25,23 +32,19 @@ TEST(QueryDocument, AllNodesAreReadInAnyOrder) {
         "<SelText StateSelText='2'> a &lt;b&gt;&#x0D;&#x0A;  \xD0\x94\xF0\x9F\x99\x82 </SelText>"
         "<HKLHoword>2</HKLHoword><HWND>65552</HWND><AppPath>C:\\a&amp;b.exe</AppPath>"
         "<WindowClassName>Edit</WindowClassName><HKLLoword>1</HKLLoword></WPQuery>");
-    EXPECT_EQ(query.GuiThreadInfo, (GuiThreadWindows{1, 4, 2, 5, 3}));
-    EXPECT_EQ(query.PointX, 12);
-    EXPECT_EQ(query.PointY, -7);
-    EXPECT_EQ(query.SelText, u" a <b>\r\n  Д🙂 ");
-    EXPECT_EQ(query.StateSelText, kSelTextExtracted);
-    EXPECT_EQ(query.TargetWindow, 65552U);
-    EXPECT_EQ(query.AppPath, u"C:\\a&b.exe");
-    EXPECT_EQ(query.WindowClassName, u"Edit");
-    EXPECT_EQ(query.Hkl, 0x00010002U);
+    EXPECT_EQ(AllOf(query), AllOf({.AppPath = u"C:\\a&b.exe",
+                                   .WindowClassName = u"Edit",
+                                   .TargetWindow = 65552,
+                                   .GuiThreadInfo = {1, 4, 2, 5, 3},
+                                   .Hkl = 0x00010002,
+                                   .SelText = u" a <b>\r\n  Д🙂 ",
+                                   .StateSelText = kSelTextExtracted,
+                                   .PointX = 12,
+                                   .PointY = -7}));
 }
 
 TEST(QueryDocument, WhatIsMissingKeepsItsInitialValue) {
-    const WPQuery query = Parsed("<WPQuery/>");
-    EXPECT_EQ(query.PointX, -1);
-    EXPECT_EQ(query.PointY, -1);
-    EXPECT_EQ(query.Hkl, 0U);
-    EXPECT_EQ(query.StateSelText, kSelTextNone);
+    EXPECT_EQ(AllOf(Parsed("<WPQuery/>")), AllOf({}));
     EXPECT_EQ(Parsed("<WPQuery><SelText/></WPQuery>").StateSelText, -1);
     EXPECT_EQ(Parsed("<WPQuery><HKLLoword>1</HKLLoword></WPQuery>").Hkl, 0U);
     EXPECT_EQ(Parsed("<WPQuery><HKLLoword>1</HKLLoword><HKLHoword/></WPQuery>").Hkl, 0U);
@@ -52,13 +55,12 @@ TEST(QueryDocument, NumbersThatCannotBeAreAsIfMissing) {
         "<WPQuery POINT_X='99999999999' POINT_Y='x' HWND_Focus='-2' HWND_Caret='9999999999'>"
         "<HWND>99999999999999999999999</HWND><HKLLoword>65537</HKLLoword>"
         "<HKLHoword>-1</HKLHoword><SelText StateSelText='7'>a</SelText></WPQuery>");
-    EXPECT_EQ(query.PointX, -1);
-    EXPECT_EQ(query.PointY, 0);
-    EXPECT_EQ(query.GuiThreadInfo.Focus, 0xFFFFFFFEU);
-    EXPECT_EQ(query.GuiThreadInfo.Caret, 0U);
-    EXPECT_EQ(query.TargetWindow, 0U);
-    EXPECT_EQ(query.Hkl, 0x0001FFFFU);
-    EXPECT_EQ(query.StateSelText, 7);
+    EXPECT_EQ(AllOf(query), AllOf({.GuiThreadInfo = {.Focus = 0xFFFFFFFE},
+                                   .Hkl = 0x0001FFFF,
+                                   .SelText = u"a",
+                                   .StateSelText = 7,
+                                   .PointX = -1,
+                                   .PointY = 0}));
 }
 
 TEST(QueryDocument, ACutDocumentTellsWhatStandsBeforeTheCut) {
@@ -136,6 +138,76 @@ TEST(AnswerDocument, TextsAreCutAndNoColumnsLeaveTheElementOut) {
     ASSERT_TRUE(command);
     EXPECT_EQ(std::count(command->GetText(), std::strchr(command->GetText(), 0), 'a'), 119);
     EXPECT_EQ(command->FirstChildElement("ToolTipText")->GetText(), std::string(1024, 't'));
+}
+
+// What the program reads of what the library writes.
+WPQuery ReadBack(const QueryFacts& facts, std::size_t size = kQueryDocumentMax) {
+    std::vector<char> room(size, 'x');
+    WPQuery query;
+    EXPECT_TRUE(WriteQueryDocument(facts, room.data(), room.size()));
+    EXPECT_TRUE(ParseQuery(room.data(), query));
+    return query;
+}
+
+WPQuery ReadBackSelection(std::u16string_view text, std::size_t size = kQueryDocumentMax) {
+    return ReadBack({.SelText = text, .StateSelText = kSelTextExtracted}, size);
+}
+
+TEST(QueryWriter, EveryFactArrives) {
+    const WPQuery query = ReadBack({.AppPath = u"C:\\A & B\\<Прил>.exe",
+                                    .WindowClassName = u"Edit",
+                                    .Target = 0x10010,
+                                    .GuiThreadInfo = {1, 2, 3, 4, 0xFFFFFFFE},
+                                    .Hkl = 0xF0020419,
+                                    .PointX = -1900,
+                                    .PointY = 0});
+    EXPECT_EQ(AllOf(query), AllOf({.AppPath = u"C:\\A & B\\<Прил>.exe",
+                                   .WindowClassName = u"Edit",
+                                   .TargetWindow = 0x10010,
+                                   .GuiThreadInfo = {1, 2, 3, 4, 0xFFFFFFFE},
+                                   .Hkl = 0xF0020419,
+                                   .StateSelText = kSelTextNone,
+                                   .PointX = -1900,
+                                   .PointY = 0}));
+}
+
+TEST(QueryWriter, SelectedTextArrivesAsItIs) {
+    for (const std::u16string_view text :
+         {u"one two", u" ", u"  a  b  ", u"a \r\n b", u"\r\n", u"\t", u"<a href=\"x\">&amp;</a>",
+          u"]]>", u"&#65;", u"Ж߿ࠀ€🙂"}) {
+        const WPQuery query = ReadBackSelection(text);
+        EXPECT_EQ(query.SelText, text);
+        EXPECT_EQ(query.StateSelText, kSelTextExtracted);
+    }
+}
+
+TEST(QueryWriter, WhatIsNoCharacterIsReplacedOrLeftOut) {
+    constexpr char16_t kText[] = {'a', 0xD800, 'b', 0xDC00, 'c', 0xFFFF,
+                                  'd', 1,      'e', 0,      'f', 0xD83D};
+    EXPECT_EQ(ReadBackSelection({kText, std::size(kText)}).SelText,
+              u"a\uFFFDb\uFFFDc\uFFFDdef\uFFFD");
+}
+
+TEST(QueryWriter, ASelectionThatDoesNotFitIsToldAsUnknownAndNotCut) {
+    const std::u16string text(1000, u'x');
+    std::vector<char> room(4096);
+    const QueryFacts facts{.SelText = text, .StateSelText = kSelTextExtracted};
+    ASSERT_TRUE(WriteQueryDocument(facts, room.data(), room.size()));
+    const std::size_t whole = std::string_view(room.data()).size() + 1;
+    EXPECT_EQ(ReadBackSelection(text, whole).SelText, text);
+    const WPQuery tight = ReadBackSelection(text, whole - 1);
+    EXPECT_EQ(tight.SelText, u"");
+    EXPECT_EQ(tight.StateSelText, kSelTextFailed);
+}
+
+TEST(QueryWriter, RoomThatIsTooSmallIsNeverOverrun) {
+    const std::u16string path(100, u'p');
+    const QueryFacts facts{.AppPath = path};
+    for (std::size_t size = 0; size < 300; ++size) {
+        // The sanitizer guards the end.
+        const auto room = std::make_unique<char[]>(size);
+        EXPECT_FALSE(WriteQueryDocument(facts, room.get(), size)) << size;
+    }
 }
 
 }  // namespace

@@ -114,19 +114,18 @@ TEST_F(WaitQuery, AnAreaThatCannotBeReadLetsTheHookSideGoOn) {
 }
 
 TEST_F(WaitQuery, OnlyATextThatTheHookSideFailedToGetIsExtractedHere) {
-    struct Case {
+    const struct {
         std::string State;
         std::string Text;
         std::u16string Copied;
         std::u16string SelText;
         std::int32_t StateSelText;
-    };
-    const Case cases[] = {{"1", "", u"copied", u"copied", 2},
-                          {"1", "", u"", u"", 1},
-                          {"1", "given", u"copied", u"given", 1},
-                          {"0", "", u"copied", u"", 0},
-                          {"-1", "", u"copied", u"", -1}};
-    for (const Case& c : cases) {
+    } cases[] = {{"1", "", u"copied", u"copied", 2},
+                 {"1", "", u"", u"", 1},
+                 {"1", "given", u"copied", u"given", 1},
+                 {"0", "", u"copied", u"", 0},
+                 {"-1", "", u"copied", u"", -1}};
+    for (const auto& c : cases) {
         Lay("<WPQuery><HWND>9</HWND><SelText StateSelText='" + c.State + "'>" + c.Text +
             "</SelText></WPQuery>");
         Clock.WhileAsleep = [&] { Clipboard.Content = c.Copied; };
