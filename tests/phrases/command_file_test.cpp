@@ -37,19 +37,6 @@ TEST(CommandFile, HandWrittenFileSurvivesReadAndWriteByteForByte) {
     EXPECT_EQ(CommandToXml(Parsed(kHandWritten)), kHandWritten);
 }
 
-TEST(CommandFile, FieldsAreRead) {
-    const VBRCommand record = Parsed(kHandWritten);
-    EXPECT_EQ(record.Text, u"  Привет,  \"мир\" & co 🙂 ");
-    EXPECT_EQ(record.Cmd, u"\r\none  two\t<b>\r\n'&#x41;'");
-    EXPECT_EQ(record.ToolTipText, u"  a hint  ");
-    EXPECT_FALSE(record.IsEnabled());
-    EXPECT_EQ(record.UsageCount, 7);
-    EXPECT_EQ(record.SortID, 4294967295U);
-    EXPECT_EQ(record.FlagsMenu, kSeparatorBefore | kSeparatorAfter);
-    EXPECT_EQ(record.DateUsage.Day, 29);
-    EXPECT_EQ(record.DateUsage.Second, 9);
-}
-
 TEST(CommandFile, EveryTextComesBackUnitForUnit) {
     std::u16string controls;
     for (char16_t c = 1; c < 0x100; ++c) {
@@ -70,21 +57,20 @@ TEST(CommandFile, EveryTextComesBackUnitForUnit) {
 }
 
 TEST(CommandFile, NumbersAndWordsOutOfRangeAreCorrected) {
-    struct Case {
+    const struct {
         std::string Attributes;
         std::string DataType;
         bool Enabled;
         std::int32_t UsageCount;
         std::int32_t Kind;
         bool DateIsSet;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"UsageCount=\"-5\" Excluded=\"2\"", "exec", false, 0, kDataTypeExec, false},
         {"UsageCount=\"99999999999\" Excluded=\"0\"", "Rtf", true, 2147483647, kDataTypeRtf, false},
         {"DateUsage=\"0|1|1|1|1|1\"", "HTML", true, 0, kDataTypeText, false},
         {"DateUsage=\"2020\" UsageCount=\"x\"", "", true, 0, kDataTypeText, true},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         const VBRCommand record = Parsed(Document(
             c.Attributes, "<MenuName>n</MenuName><DataType>" + c.DataType + "</DataType>"));
         EXPECT_EQ(record.IsEnabled(), c.Enabled) << c.Attributes;
@@ -192,15 +178,6 @@ TEST(CommandFile, AReferenceThatIsNoneStaysAsItWasWritten) {
         EXPECT_EQ(record.Cmd, expected) << text;
         EXPECT_EQ(Parsed(CommandToXml(record)).Cmd, expected) << text;
     }
-}
-
-TEST(CommandFile, TheFirstOfTwoCounts) {
-    const VBRCommand record =
-        Parsed(Document("SortID='1'", "<MenuName>a</MenuName><Cmd>1</Cmd><Cmd>2</Cmd><MenuName/>") +
-               Document("SortID='2'", "<MenuName>b</MenuName>") + std::string(512, '\0'));
-    EXPECT_EQ(record.Text, u"a");
-    EXPECT_EQ(record.Cmd, u"1");
-    EXPECT_EQ(record.SortID, 1U);
 }
 
 // A phrase that lost its end must not come back as a shorter phrase and be saved so.

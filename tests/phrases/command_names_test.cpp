@@ -11,12 +11,11 @@ namespace vbr {
 namespace {
 
 TEST(SafeFileName, HoldsNothingThatAFileNameCannot) {
-    struct Case {
+    const struct {
         std::u16string_view Title;
         bool BlanksToo;
         std::u16string_view Name;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {u" \tplain title\t ", false, u"plain title"},
         {u"a?b:c\\d\"e!f/g<h>i.j\tk*l|m{n}o=p(q)r's", false,
          u"a_b_c_d_e_f_g_h_i_j_k_l_m_n_o_p_q_r_s"},
@@ -27,7 +26,7 @@ TEST(SafeFileName, HoldsNothingThatAFileNameCannot) {
         {u"?!...", false, u""},
         {u"Дата — сегодня", true, u"Дата_—_сегодня"},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         EXPECT_EQ(MakeSafeFileName(c.Title, c.BlanksToo), c.Name) << Utf16ToUtf8(c.Title);
     }
     EXPECT_EQ(MakeSafeFileName(u"a/b c", true, u"-"), u"a-b-c");

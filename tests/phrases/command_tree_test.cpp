@@ -27,11 +27,30 @@ class CommandTree : public testing::Test, protected PhraseTree {
         Folder.Write(path + "/FOLDER_SELF.vellumbridge", "<VBRCommand " + attributes + " />");
     }
 
-    std::vector<std::u16string> Titles(const std::vector<VBRCommand>& list) const {
-        std::vector<std::u16string> titles;
-        std::transform(list.begin(), list.end(), std::back_inserter(titles),
-                       [](const VBRCommand& record) { return record.Text; });
-        return titles;
+    // "group/title" of each record, in the order of a walk that `last` cuts short.
+    std::u16string Walk(std::u16string_view last = {}) {
+        std::u16string walk;
+        const std::size_t visited =
+            Tree.WalkCommands([&walk, last](const VBRCommand& record, const VBRCommand* parent) {
+                walk += Concat(u" ", parent ? parent->Text : u"", u"/", record.Text);
+                return record.Text != last;
+            });
+        EXPECT_EQ(visited, static_cast<std::size_t>(std::count(walk.begin(), walk.end(), u'/')));
+        return walk;
+    }
+
+    // The files of all phrases below the folder.
+    std::vector<std::u16string> Files() {
+        Tree.LoadTree(Folder.Path());
+        std::vector<std::u16string> files;
+        Tree.WalkCommands([&](const VBRCommand& record, const VBRCommand*) {
+            if (!record.IsGroup()) {
+                files.push_back(record.FilePath.lexically_relative(Folder.Path()).u16string());
+            }
+            return true;
+        });
+        std::sort(files.begin(), files.end());
+        return files;
     }
 
     using TitleList = std::vector<std::u16string>;
@@ -46,30 +65,9 @@ TEST_F(CommandTree, GroupsStandBeforePhrasesEachBySortId) {
     AddPhrase("early group/y.vellumbridge", 0);
     Folder.Write("readme.txt", "not a phrase");
     Tree.LoadTree(Folder.Path());
-    EXPECT_EQ(Titles(Tree.Commands()),
-              (TitleList{u"early group", u"late group", u"first", u"last"}));
-    EXPECT_EQ(Titles(*Tree.Commands()[0].Commands), (TitleList{u"y", u"z"}));
+    EXPECT_EQ(Walk(),
+              u" /early group early group/y early group/z /late group late group/a /first /last");
     EXPECT_TRUE(Log.Lines.empty());
-}
-
-TEST_F(CommandTree, IdsRunFrom1WithoutGapsAndFindTheirRecords) {
-    for (int i = 0; i < 20; ++i) {
-        AddPhrase("g" + std::to_string(i % 3) + "/sub/p" + std::to_string(i) + ".vellumbridge", 1);
-    }
-    Folder.Write("g0/bad.vellumbridge", "<VBRCommand>");
-    Tree.LoadTree(Folder.Path());
-    const CommandCounts counts = Tree.CountCommands();
-    EXPECT_EQ(counts.Total, 26U);
-    EXPECT_EQ(Tree.NextCommandId(), 27U);
-    std::set<std::u16string> paths;
-    for (std::uint32_t id = 1; id <= 26; ++id) {
-        ASSERT_NE(Tree.FindCommand(id), nullptr);
-        EXPECT_EQ(Tree.FindCommand(id)->CMDID, id);
-        paths.insert(Tree.FindCommand(id)->FilePath.u16string());
-    }
-    EXPECT_EQ(paths.size(), 26U);
-    EXPECT_EQ(Tree.FindCommand(0), nullptr);
-    EXPECT_EQ(Tree.FindCommand(27), nullptr);
 }
 
 TEST_F(CommandTree, GroupIsEnabledByAnyRecordBelowIt) {
@@ -131,14 +129,7 @@ TEST_F(CommandTree, AWalkSeesParentsFirstAndEndsOneListAtATime) {
         {u"h", u" /g g/h /e"},
         {u"g", u" /g"}};
     for (const auto& [last, expected] : cases) {
-        std::u16string walk;
-        const std::size_t visited =
-            Tree.WalkCommands([&walk, last](const VBRCommand& record, const VBRCommand* parent) {
-                walk += Concat(u" ", parent ? parent->Text : u"", u"/", record.Text);
-                return record.Text != last;
-            });
-        EXPECT_EQ(walk, expected);
-        EXPECT_EQ(visited, static_cast<std::size_t>(std::count(walk.begin(), walk.end(), u' ')));
+        EXPECT_EQ(Walk(last), expected);
     }
 }
 
@@ -163,7 +154,7 @@ TEST_F(CommandTree, BadFilesAreSkippedWithALineEach) {
     Folder.Write("g/FOLDER_SELF.vellumbridge", "<broken");
     Folder.Write("untitled.vellumbridge", "<VBRCommand><Cmd>x</Cmd></VBRCommand>");
     Tree.LoadTree(Folder.Path());
-    EXPECT_EQ(Titles(Tree.Commands()), (TitleList{u"g", u"good"}));
+    EXPECT_EQ(Walk(), u" /g /good");
     ASSERT_EQ(Log.Lines.size(), 3U);
     for (const std::u16string_view file : {u"empty.v", u"FOLDER_SELF.v", u"untitled.v"}) {
         EXPECT_TRUE(std::any_of(Log.Lines.begin(), Log.Lines.end(),
@@ -178,7 +169,7 @@ TEST_F(CommandTree, MissingFolderEmptiesTheTreeAndAnEmptyArgumentMeansTheLastOne
     EXPECT_TRUE(Tree.Commands().empty());
     EXPECT_EQ(Tree.NextCommandId(), 1U);
     Tree.LoadTree({});
-    EXPECT_EQ(Titles(Tree.Commands()), TitleList{u"p"});
+    EXPECT_EQ(Walk(), u" /p");
 }
 
 TEST_F(CommandTree, UsageIsCountedStampedAndSaved) {
@@ -207,6 +198,56 @@ TEST_F(CommandTree, RecordWithoutFileGetsAnUnusedNameInItsGroupsFolder) {
     EXPECT_EQ(record->FilePath, Folder.Path() / "g/same_title2.vellumbridge");
     EXPECT_EQ(Folder.Read("g/same_title.vellumbridge"), "taken");
     EXPECT_EQ(Folder.Read("g/same_title2.vellumbridge"), CommandToXml(*record));
+}
+
+TEST_F(CommandTree, AFolderThatLeadsBackToOneAboveItEndsThere) {
+    Add("a/b/p.vellumbridge", u"text");
+    std::filesystem::create_directory_symlink(Folder.Path() / "a", Folder.Path() / "a/b/loop");
+    std::filesystem::create_directory_symlink(Folder.Path() / "a/b", Folder.Path() / "again");
+    EXPECT_EQ(Files(),
+              (std::vector<std::u16string>{u"a/b/p.vellumbridge", u"again/p.vellumbridge"}));
+    EXPECT_TRUE(std::all_of(Log.Lines.begin(), Log.Lines.end(), [](const std::u16string& line) {
+        return line.find(u"leads back") != line.npos;
+    }));
+    EXPECT_EQ(Log.Lines.size(), 2U);
+}
+
+TEST_F(CommandTree, OddNamesAreNamesLikeOthers) {
+    const std::vector<std::u16string> names = {u"Sign/p.vellumbridge", u"end ./p.vellumbridge",
+                                               u"end./p.vellumbridge", u"end/ .vellumbridge",
+                                               u"sign/p.vellumbridge"};
+    for (const std::u16string& name : names) {
+        Folder.Write(name, "<VBRCommand><MenuName>n</MenuName></VBRCommand>");
+    }
+    EXPECT_EQ(Files(), names);
+    EXPECT_TRUE(Log.Lines.empty());
+}
+
+// Has one name that no path can hold, and a folder that it doesn't list.
+class OddStore : public NativeFileStore {
+  public:
+    std::optional<SystemError> List(const std::filesystem::path& folder,
+                                    std::vector<FolderEntry>& entries) override {
+        if (folder.filename() == "shut") {
+            return SystemError{5, u"Access denied."};
+        }
+        if (folder.filename() == "open") {
+            entries.push_back({u"\xD800.vellumbridge", PathKind::File});
+        }
+        return NativeFileStore::List(folder, entries);
+    }
+};
+
+TEST_F(CommandTree, WhatCannotBeListedOrNamedIsLoggedAndTheOthersLoad) {
+    Add("open/p.vellumbridge", u"text");
+    Add("shut/p.vellumbridge", u"text");
+    OddStore store;
+    CommandFiles files(store, Log);
+    CVBRCommandTree tree(files, Saver, Clock, Log);
+    tree.LoadTree(Folder.Path());
+    EXPECT_EQ(tree.CountCommands().Total, 3U);
+    ASSERT_EQ(Log.Lines.size(), 2U);
+    EXPECT_NE(Log.Lines[1].find(u"shut: Access denied."), std::u16string::npos);
 }
 
 }  // namespace
