@@ -2,7 +2,9 @@
 #include "base/profile_text.h"
 
 #include <array>
-#include <gtest/gtest.h>
+
+#include "fakes/native_profile_store.h"
+#include "fakes/profile_cases.h"
 
 namespace vbr {
 namespace {
@@ -68,6 +70,8 @@ TEST(ProfileText, DeleteTakesOneLineAndSaysWhetherItWasThere) {
     EXPECT_FALSE(text.Delete(u"S", u"Key"));
     EXPECT_EQ(text.Bytes(), other);
 }
+
+INSTANTIATE_TYPED_TEST_SUITE_P(Native, ProfileStoreTest, NativeProfileStore);
 
 TEST(ProfileStruct, BytesAreHexadecimalWithTheirSum) {
     const std::array<std::uint8_t, 4> bytes = {0x01, 0xAB, 0xFF, 0x00};

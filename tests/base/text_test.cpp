@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "base/text.h"
 
-#include <gtest/gtest.h>
+#include "fakes/text_cases.h"
 
 namespace vbr {
 namespace {
@@ -56,33 +56,25 @@ TEST(FindNoCase, SearchesFromThePosition) {
 }
 
 TEST(ParseDecimal, ReadsTheLeadingNumber) {
-    struct Case {
-        std::u16string_view Text;
-        std::int64_t Value;
-    };
-    for (const Case& c : std::initializer_list<Case>{{u" \t-12x", -12},
-                                                     {u"+7", 7},
-                                                     {u"", 0},
-                                                     {u"x1", 0},
-                                                     {u"- 1", 0},
-                                                     {u"99999999999999999999", INT64_MAX}}) {
-        EXPECT_EQ(ParseDecimal(c.Text), c.Value) << Utf16ToUtf8(c.Text);
+    const std::pair<std::u16string_view, std::int64_t> cases[] = {
+        {u" \t-12x", -12}, {u"+7", 7},  {u"", 0},
+        {u"x1", 0},        {u"- 1", 0}, {u"99999999999999999999", INT64_MAX}};
+    for (const auto& [text, value] : cases) {
+        EXPECT_EQ(ParseDecimal(text), value) << Utf16ToUtf8(text);
     }
 }
 
 TEST(ReplaceAll, KeepsWhatStandsBetweenWhateverTheLengths) {
-    for (const std::u16string_view with : {u"", u"1", u"12", u"12345"}) {
-        const std::u16string one(with);
-        for (const auto& [before, after] :
-             std::initializer_list<std::pair<std::u16string_view, std::u16string>>{
-                 {u"ab", one},
-                 {u"xabyab", u"x" + one + u"y" + one},
-                 {u"ababz", one + one + u"z"},
-                 {u"aab b", u"a" + one + u" b"}}) {
-            std::u16string text(before);
-            ReplaceAll(text, u"ab", with);
-            EXPECT_EQ(text, after) << Utf16ToUtf8(before);
-        }
+    for (const std::u16string with : {u"", u"1", u"12", u"12345"}) {
+        ExpectTexts({{u"ab", with},
+                     {u"xabyab", u"x" + with + u"y" + with},
+                     {u"ababz", with + with + u"z"},
+                     {u"aab b", u"a" + with + u" b"}},
+                    [&with](std::u16string_view before) {
+                        std::u16string text(before);
+                        ReplaceAll(text, u"ab", with);
+                        return text;
+                    });
     }
 }
 

@@ -8,29 +8,14 @@
 
 #include "base/version.h"
 #include "fakes/memory_log.h"
+#include "fakes/native_profile_store.h"
+#include "fakes/temp_folder.h"
 #include "web/link_language.h"
 
 namespace vbr {
 namespace {
 
 using testing::ElementsAre;
-
-// A language file with one prefix or none.
-class LanguageFile : public ProfileStore {
-  public:
-    std::optional<std::u16string> Prefix;
-
-    std::optional<std::u16string> ReadString(const std::filesystem::path& file,
-                                             std::u16string_view section,
-                                             std::u16string_view key) const override {
-        const bool known = file == u"My.lng" && section == u"Main" && key == u"LangPrefix";
-        return known ? Prefix : std::nullopt;
-    }
-    bool WriteString(const std::filesystem::path&, std::u16string_view, std::u16string_view,
-                     std::u16string_view) override {
-        return false;
-    }
-};
 
 class RecordingShell : public ShellOpener {
   public:
@@ -50,22 +35,25 @@ class VBRUrl : public testing::Test {
 };
 
 TEST_F(VBRUrl, TheLanguageFilesPrefixChoosesTheForm) {
-    const struct {
-        std::optional<std::u16string> Prefix;
-        bool Russian;
-    } kCases[] = {
-        {u"En", false},         {u"ru", true},   {u"RU", true},   {u"Et", true},
-        {u"ru        ", true},  {u" ru", false}, {u"rus", false}, {u"r", false},
-        {u"ru        x", true},  // behind the tenth character
-        {std::nullopt, false},
+    const std::pair<std::string, bool> cases[] = {
+        {"LangPrefix=En", false},
+        {"LangPrefix=ru", true},
+        {"LangPrefix=RU", true},
+        {"LangPrefix=Et", true},
+        {"LangPrefix=\"ru        \"", true},
+        {"LangPrefix=\" ru\"", false},
+        {"LangPrefix=rus", false},
+        {"LangPrefix=r", false},
+        {"LangPrefix=ru        x", true},  // behind the tenth character
+        {"", false},
     };
-    LanguageFile file;
-    for (const auto& [prefix, russian] : kCases) {
-        SCOPED_TRACE(Utf16ToUtf8(prefix.value_or(u"none")));
-        file.Prefix = prefix;
-        SetUseRuUrls(file, u"My.lng", log_);
-        EXPECT_EQ(CVBRUrl::GetNewsUrl().ends_with(u"/Rus/news_ru.xml"), russian);
-        EXPECT_EQ(CVBRUrl::GetNewsUrl().ends_with(u"/news_en.xml"), !russian);
+    const TempFolder folder;
+    const NativeProfileStore profile;
+    for (const auto& [line, russian] : cases) {
+        folder.Write("My.lng", "[Main]\r\n" + line + "\r\n");
+        SetUseRuUrls(profile, (folder.Path() / "My.lng").u16string(), log_);
+        EXPECT_EQ(CVBRUrl::GetNewsUrl().ends_with(u"/Rus/news_ru.xml"), russian) << line;
+        EXPECT_EQ(CVBRUrl::GetNewsUrl().ends_with(u"/news_en.xml"), !russian) << line;
     }
 }
 
