@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include "exchange/session_notices.h"
 #include "fakes/journal.h"
 #include "fakes/memory_log.h"
 
@@ -81,6 +82,32 @@ TEST_F(SessionWatchTest, OnceStoppedBySessionEachReturnStartsTheHistory) {
     Change(kLogoff);
     Change(kLogon);
     EXPECT_EQ(Change(kLogon), (Journal{"start", "icon", "announce 5"}));
+}
+
+class FakeNotices : public SessionNotices {
+  public:
+    WindowHandle Registered = 0;
+
+    bool Register(WindowHandle window, bool thisSessionOnly) override {
+        Registered = thisSessionOnly ? window : 0;
+        return Registered != 0;
+    }
+    bool Unregister(WindowHandle, bool forget) override {
+        Registered = forget ? 0 : Registered;
+        return true;
+    }
+    bool IsRegistered(WindowHandle window) const override { return Registered == window; }
+};
+
+TEST(SessionNotices, AreOfThisSessionAndEndForTheirWindowAlone) {
+    FakeNotices notices;
+    MemoryLog log;
+    BeginSessionNotices(notices, 66, log);
+    EXPECT_EQ(notices.Registered, 66U);
+    EndSessionNotices(notices, 67, log);
+    EXPECT_EQ(notices.Registered, 66U);
+    EndSessionNotices(notices, 66, log);
+    EXPECT_EQ(notices.Registered, 0U);
 }
 
 }  // namespace

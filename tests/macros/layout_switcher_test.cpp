@@ -85,6 +85,7 @@ TEST_F(Switching, TheShortcutIsThatOfTheSystemsSettings) {
         {{true, u"2x"}, LayoutToggle::CtrlShift, 162, 16, u""},
         {{true, u"3"}, LayoutToggle::None, 164, 16, u"ERROR: Cannot detect"},
         {{true, u"4"}, LayoutToggle::GraveAccent, 0, 192, u"Warning: keyboard layout switch"},
+        {{true, u"5"}, LayoutToggle::Unknown, 164, 16, u"ERROR: Cannot detect"},
         {{true, u""}, LayoutToggle::Unknown, 164, 16, u"ERROR: Cannot detect"},
         {{false, u"1"}, LayoutToggle::Unknown, 164, 16, u"ERROR: Cannot detect"},
     };
