@@ -57,7 +57,7 @@ TEST(InputDesktop, IsActiveWhenItIsTheThreadsDesktopByHandleOrByName) {
         {kDefault, {2, {true, u"Winlogon"}}, false},
         {{7, {}}, {7, {}}, true},  // one handle needs no names
         {{1, unreadable}, {2, unreadable}, false},
-        {kDefault, {}, false},
+        {kDefault, {}, false},  // it can't be opened
         {{}, kDefault, false},
     };
     for (const auto& c : cases) {

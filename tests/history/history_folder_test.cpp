@@ -168,19 +168,17 @@ TEST_F(HistoryFiles, BadDescriptionsAreSkippedWithALineInTheLog) {
 
 TEST_F(HistoryFiles, FormatComesFromTheNameAndTimeFromTheFileWithoutTheKey) {
     Folder.Make();
-    struct Case {
-        std::string Name;
-        ItemFormat Format;
-    };
-    for (const Case& test : {Case{"a.TXT", CHF_ANSI_TEXT}, Case{"unicode_a.txt", CHF_UNICODE_TEXT},
-                             Case{"a.Rtf", CHF_RTF}, Case{"a.knd", CHF_KELPNOTES},
-                             Case{"a.html", CHF_HTML}, Case{"a.dat", CHF_UNICODE_TEXT}}) {
-        WriteFile(test.Name, "ab");
-        Files.Created[(Folder.Path() / test.Name).string()] = *FileTicksOf(TimeAt(7));
-        const auto item = Folder.LoadDataFile(Utf8ToUtf16(test.Name));
-        ASSERT_TRUE(item) << test.Name;
-        EXPECT_EQ(item->format, test.Format) << test.Name;
-        EXPECT_EQ(item->time.Second, 7) << test.Name;
+    const std::pair<std::string, ItemFormat> cases[] = {
+        {"a.TXT", CHF_ANSI_TEXT}, {"unicode_a.txt", CHF_UNICODE_TEXT},
+        {"a.Rtf", CHF_RTF},       {"a.knd", CHF_KELPNOTES},
+        {"a.html", CHF_HTML},     {"a.dat", CHF_UNICODE_TEXT}};
+    for (const auto& [name, format] : cases) {
+        WriteFile(name, "ab");
+        Files.Created[(Folder.Path() / name).string()] = *FileTicksOf(TimeAt(7));
+        const auto item = Folder.LoadDataFile(Utf8ToUtf16(name));
+        ASSERT_TRUE(item) << name;
+        EXPECT_EQ(item->format, format) << name;
+        EXPECT_EQ(item->time.Second, 7) << name;
     }
     WriteFile("Unicode_b.txt", "\xFF\xFE");
     EXPECT_FALSE(Folder.LoadDataFile(u"Unicode_b.txt"));

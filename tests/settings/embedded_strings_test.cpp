@@ -46,7 +46,9 @@ TEST(EmbeddedStringsTest, ACommandIsFoundAnywhereInItsMenuAndNamedAsTheMenuShows
         {kMenuTray, kCmdAbout, u"About Vellumbridge"},
         {kMenuHistoryRow, kCmdOpenWith, u"Open With"},           // in a sub-menu
         {kMenuHistoryRow, kCmdShowAllItems, u"Show All Items"},  // behind one
+        {kMenuTray, kCmdEditPhrases, u"Edit Phrases\\Settings"},
         {kMenuTray, kCmdOpenWith, u""},
+        {kMenuHistoryRow, kCmdExit, u""},
         {0, kCmdExit, u""}};
     const EmbeddedStrings strings;
     for (const auto& [menu, command, text] : cases) {
@@ -63,6 +65,7 @@ TEST(CleanCommandTextTest, OneAmpersandAndAnEllipsisAtTheEndGo) {
                  {u"Open&", u"Open"},
                  {u"&Save…", u"Save"},
                  {u"Wait… for it", u"Wait… for it"},
+                 {u"Save...", u"Save..."},
                  {u"", u""}},
                 CleanCommandText);
 }
