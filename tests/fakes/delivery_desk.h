@@ -83,15 +83,17 @@ class FakeProgramStarter : public ProgramStarter {
     }
 };
 
-// Every window but 0 lives and can be reached.
+// Every window but 0 lives, until it is named as gone.
 class FakeTargetWindows : public TargetWindows {
   public:
+    std::set<WindowHandle> Gone = {0};
     std::set<WindowHandle> Own;
+    std::set<WindowHandle> Elevated;
     int Wakes = 0;
 
-    bool IsWindow(WindowHandle window) const override { return window != 0; }
+    bool IsWindow(WindowHandle window) const override { return !Gone.contains(window); }
     bool IsOwnProcess(WindowHandle window) const override { return Own.contains(window); }
-    bool RunsElevated(WindowHandle) const override { return false; }
+    bool RunsElevated(WindowHandle window) const override { return Elevated.contains(window); }
     void Wake(WindowHandle) override { ++Wakes; }
 };
 

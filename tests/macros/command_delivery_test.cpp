@@ -43,6 +43,13 @@ TEST_F(CommandDeliveryTest, AnIdThatNothingAnswersToGivesTheClipboardBack) {
     EXPECT_EQ(Calls, Journal(5, "restore"));
 }
 
+TEST_F(CommandDeliveryTest, AnEmptyPhraseTypesNothingAndIsCounted) {
+    Phrases.Add("p.vellumbridge", u"");
+    EXPECT_EQ(Deliver(1), DeliverResult::Phrase);
+    EXPECT_THAT(Input.Sent, IsEmpty());
+    EXPECT_EQ(Uses(), 1);
+}
+
 TEST_F(CommandDeliveryTest, HistoryItemsGoOutAndStayOnTheClipboardAsTheyStand) {
     Host.History = {{0, {kDataTypeText, u"t%SELECTED_TEXT%"}},
                     {1, {kDataTypeRtf, u"{r%SELECTED_TEXT%}"}}};
@@ -131,6 +138,18 @@ TEST_F(CommandDeliveryTest, TheLayoutIsSwitchedWhenAnInstalledOneIsAskedFor) {
         const auto toggle = LayoutToggleEvents(LayoutToggle::AltShift, Input);
         EXPECT_EQ(Input.Sent.front() == toggle, c.Switches) << Utf16ToUtf8(c.Text);
     }
+}
+
+TEST_F(CommandDeliveryTest, ATargetThatIsGoneOrOutOfReachIsToldAndTheTextGoesOut) {
+    Phrases.Add("p.vellumbridge", u"%PROMPT_TEXT={}%x");
+    Targets.Elevated = {7};
+    Prompts.Answers = {std::nullopt, std::nullopt};
+    Deliver(1);
+    EXPECT_TRUE(Told(u"administrator"));
+    Targets.Gone = {7};
+    Deliver(1);
+    EXPECT_TRUE(Told(u"gone"));
+    EXPECT_EQ(Typed(), u"xx");
 }
 
 TEST(SplitCommandLine, FindsTheLongestFrontThatIsAFile) {

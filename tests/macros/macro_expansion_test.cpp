@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "macros/macro_engine.h"
-
 #include <random>
 #include <span>
 
 #include "fakes/macro_desk.h"
 #include "fakes/text_cases.h"
+#include "macros/macro_engine.h"
 #include "macros/macro_tokens.h"
 #include "macros/rich_macros.h"
 #include "macros/url_text.h"
@@ -207,8 +206,9 @@ TEST_F(RichMacroExpansion, AValueIsWorkedOutOnceForATokenOfTheText) {
     EXPECT_EQ(System.Asked, 1);
 }
 
-TEST_F(RichMacroExpansion, ASourceThatCannotBeLoadedAsksForNoLayout) {
+TEST_F(RichMacroExpansion, OnlyAnInstalledLayoutOfASourceThatLoadsIsAskedFor) {
     EXPECT_EQ(Rich.StripLayoutMacrosRich(u"{%ACTIVATE_KL_EN%}"), kBritish);
+    EXPECT_EQ(Rich.StripLayoutMacrosRich(u"{%ACTIVATE_KL_DE%}"), 0U);  // not installed
     EXPECT_EQ(Rich.StripLayoutMacrosRich(u"%ACTIVATE_KL_EN%"), 0U);
 }
 

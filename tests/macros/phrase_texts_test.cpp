@@ -16,11 +16,9 @@ VBRCommand Phrase(std::u16string_view title, std::u16string_view cmd,
     return record;
 }
 
-class PhraseTextsTest : public testing::Test {
+class PhraseTextsTest : public testing::Test, protected MacroDesk {
   protected:
-    PhraseTextsTest() { desk_.Clock.Local = {2025, 3, 3, 5, 21, 7, 30, 0}; }
-
-    MacroDesk desk_;
+    PhraseTextsTest() { Clock.Local = {2025, 3, 3, 5, 21, 7, 30, 0}; }
 };
 
 TEST_F(PhraseTextsTest, TheCaptionPreviewsWhatAPhraseWouldGive) {
@@ -47,8 +45,8 @@ TEST_F(PhraseTextsTest, TheCaptionPreviewsWhatAPhraseWouldGive) {
                   u"2025 one two three…seven eight nine", -1}};
     for (const auto& c : cases) {
         std::int32_t cursor = 99;
-        EXPECT_EQ(desk_.Previews.BuildMenuCaption(
-                      c.Record, {u"some words", u"cl%CURSOR_POS%ip", kEnglish}, cursor),
+        EXPECT_EQ(Previews.BuildMenuCaption(c.Record,
+                                            {u"some words", u"cl%CURSOR_POS%ip", kEnglish}, cursor),
                   c.Caption);
         EXPECT_EQ(cursor, c.Cursor) << Utf16ToUtf8(c.Record.Cmd);
     }
@@ -58,7 +56,7 @@ TEST_F(PhraseTextsTest, ATitleOnlyPhraseShowsNoPreview) {
     VBRCommand record = Phrase(u"A title\r\nof two lines", u"%YEAR%%CURSOR_POS%");
     record.UseTitleOnly = true;
     std::int32_t cursor = 99;
-    EXPECT_EQ(desk_.Previews.BuildMenuCaption(record, {}, cursor), u"A title");
+    EXPECT_EQ(Previews.BuildMenuCaption(record, {}, cursor), u"A title");
     EXPECT_EQ(cursor, -1);
 }
 
@@ -74,10 +72,20 @@ TEST_F(PhraseTextsTest, TheTipNamesTheKindTheTextAndTheLayout) {
         // A layout macro that a value brings in isn't asked for, nor shown.
         {Phrase(u"", u"a%CLIPBOARD_TEXT%"), u"Insert plain text » Title\nChars: 5\r\n\r\naclip"}};
     for (const auto& [record, tip] : cases) {
-        EXPECT_EQ(desk_.Previews.BuildMenuTip(record, u"Title",
-                                              {u"sel", u"cl%ACTIVATE_KL_EN%ip", kEnglish}, nullptr),
+        EXPECT_EQ(Previews.BuildMenuTip(record, u"Title",
+                                        {u"sel", u"cl%ACTIVATE_KL_EN%ip", kEnglish}, nullptr),
                   tip);
     }
+}
+
+TEST_F(PhraseTextsTest, TheTipHandsOutItsPreview) {
+    std::u16string preview = u"left over";
+    Previews.BuildMenuTip(Phrase(u"", u""), u"Title", {}, &preview);
+    EXPECT_EQ(preview, u"");
+    // Tokens that a value brings in again stand for the texts once more.
+    Previews.BuildMenuTip(Phrase(u"", u"%SELECTED_TEXT%"), u"Title",
+                          {u"<%CLIPBOARD_TEXT%>", u"clip", kEnglish}, &preview);
+    EXPECT_EQ(preview, u"<clip>");
 }
 
 TEST_F(PhraseTextsTest, AllTextsOfAnItemAreTheSameAsOneByOne) {
@@ -88,13 +96,12 @@ TEST_F(PhraseTextsTest, AllTextsOfAnItemAreTheSameAsOneByOne) {
         for (int kind = 0; kind < 6; ++kind) {
             VBRCommand record = Phrase(u"A title", cmd, kind % 3);
             record.UseTitleOnly = kind >= 3;
-            const PhraseMenuTexts texts = desk_.Previews.BuildMenuTexts(record, input);
+            const PhraseMenuTexts texts = Previews.BuildMenuTexts(record, input);
             std::int32_t cursor = 99;
             std::u16string preview;
-            EXPECT_EQ(texts.Caption, desk_.Previews.BuildMenuCaption(record, input, cursor));
+            EXPECT_EQ(texts.Caption, Previews.BuildMenuCaption(record, input, cursor));
             EXPECT_EQ(texts.CursorIndex, cursor);
-            EXPECT_EQ(texts.Tip,
-                      desk_.Previews.BuildMenuTip(record, texts.Caption, input, &preview));
+            EXPECT_EQ(texts.Tip, Previews.BuildMenuTip(record, texts.Caption, input, &preview));
             EXPECT_EQ(texts.Preview, preview);
         }
     }
@@ -104,29 +111,28 @@ TEST_F(PhraseTextsTest, FormattedPhrasesShowTheirPlainText) {
     const VBRCommand record =
         Phrase(u"A title", u"{Year  %YEAR%,%CURSOR_POS% %ACTIVATE_KL_RU%\nend}", kDataTypeRtf);
     std::int32_t cursor = 99;
-    EXPECT_EQ(desk_.Previews.BuildMenuCaption(record, {}, cursor), u"Year 2025, end");
+    EXPECT_EQ(Previews.BuildMenuCaption(record, {}, cursor), u"Year 2025, end");
     EXPECT_EQ(cursor, -1);
     std::u16string preview;
-    EXPECT_EQ(desk_.Previews.BuildMenuTip(record, u"Title", {}, &preview),
+    EXPECT_EQ(Previews.BuildMenuTip(record, u"Title", {}, &preview),
               u"Insert formatted text » Title\nChars: 17\r\n\r\nYear  2025, \r\nend"
               u"\r\n+ Activate keyboard layout   РУССКИЙ");
     EXPECT_EQ(preview, u"Year  2025, \r\nend");
-    EXPECT_EQ(
-        desk_.Previews.BuildMenuCaption(Phrase(u"A title", u"no RTF", kDataTypeRtf), {}, cursor),
-        u"A title");
+    EXPECT_EQ(Previews.BuildMenuCaption(Phrase(u"A title", u"no RTF", kDataTypeRtf), {}, cursor),
+              u"A title");
 }
 
 TEST_F(PhraseTextsTest, TheBadgeNamesAnInstalledLayoutThatThePhraseAsksFor) {
     ExpectTexts({{u"text", u""},
                  {u"%ACTIVATE_KL_DE%", u""},  // not installed
                  {u"%ACTIVATE_KL_RU% %ACTIVATE_KL_EN%", u"Ru"}},
-                [this](std::u16string_view text) { return desk_.Previews.LayoutBadge(text); });
+                [this](std::u16string_view text) { return Previews.LayoutBadge(text); });
 }
 
 TEST_F(PhraseTextsTest, TheLengthForStatisticsIsOfTheExpandedPlainText) {
-    EXPECT_EQ(desk_.Previews.ExpandedLength(Phrase(u"", u"%YEAR%%SELECTED_TEXT%!")), 5U);
-    EXPECT_EQ(desk_.Previews.ExpandedLength(Phrase(u"", u"{%YEAR%!}", kDataTypeRtf)), 5U);
-    EXPECT_EQ(desk_.Previews.ExpandedLength(Phrase(u"", u"")), 0U);
+    EXPECT_EQ(Previews.ExpandedLength(Phrase(u"", u"%YEAR%%SELECTED_TEXT%!")), 5U);
+    EXPECT_EQ(Previews.ExpandedLength(Phrase(u"", u"{%YEAR%!}", kDataTypeRtf)), 5U);
+    EXPECT_EQ(Previews.ExpandedLength(Phrase(u"", u"")), 0U);
 }
 
 }  // namespace

@@ -180,6 +180,15 @@ TEST(CommandFile, AReferenceThatIsNoneStaysAsItWasWritten) {
     }
 }
 
+TEST(CommandFile, TheFirstOfTwoCounts) {
+    const VBRCommand record =
+        Parsed(Document("SortID='1'", "<MenuName>a</MenuName><Cmd>1</Cmd><Cmd>2</Cmd><MenuName/>") +
+               Document("SortID='2'", "<MenuName>b</MenuName>") + std::string(512, '\0'));
+    EXPECT_EQ(record.Text, u"a");
+    EXPECT_EQ(record.Cmd, u"1");
+    EXPECT_EQ(record.SortID, 1U);
+}
+
 // A phrase that lost its end must not come back as a shorter phrase and be saved so.
 TEST(CommandFile, FileCutAnywhereInTheDocumentIsRefused) {
     const std::size_t end = kHandWritten.rfind('>');

@@ -227,6 +227,19 @@ TEST_F(SettingsTest, WritesGoToTheChosenFileAlone) {
               "[Settings_Agent]\r\nFloatPaneRect_TOPLEFT_x=4\r\nFloatPaneRect_TOPLEFT_y=-5\r\n");
 }
 
+TEST_F(SettingsTest, ASaveKeepsWhatIsNotItsOwn) {
+    folder_.Write("local.ini",
+                  "; mine\r\n[Other]\r\nKey=1\r\n\r\n[settings]\r\n; hot\r\nhotkey = 5\r\n"
+                  "Future_Key=x\r\nDirectoryForSave=C:\\\r\n");
+    CVBRSettings settings = Make();
+    settings.Load();
+    settings.Save();
+    EXPECT_TRUE(folder_.Read("local.ini")
+                    .starts_with("; mine\r\n[Other]\r\nKey=1\r\n\r\n[settings]\r\n; hot\r\n"
+                                 "hotkey =5\r\nFuture_Key=x\r\nDirectoryForSave=C:\\\r\n"
+                                 "VBRVersion=VBR_150\r\n"));
+}
+
 TEST_F(SettingsTest, AVersionStampOfThisFormatIsNotNew) {
     EXPECT_TRUE(Make().IsNewVersion());
     for (const auto& [local, user, isNew] :

@@ -21,10 +21,9 @@ TEST(TrayTip, LosesWholeLinesFromTheEndUntilItFits) {
 
 TEST(TrayTexts, TellStateHotKeyAndFolder) {
     const EmbeddedStrings strings;
-    TrayState state;
-    state.HotkeyName = u"Ctrl+F5";
-    state.PhrasesFolder = u"C:\\P\\";
-    state.Phrases = {.Total = 5, .Enabled = 4};
+    TrayState state{.HotkeyName = u"Ctrl+F5",
+                    .PhrasesFolder = u"C:\\P\\",
+                    .Phrases = {.Total = 5, .Enabled = 4}};
     EXPECT_TRUE(TrayFirstLine(state, strings).ends_with(u" - OFF"));
     EXPECT_TRUE(GetTrayInfoText(state, strings)
                     .starts_with(u"Hot key: Ctrl+F5\nFolder: C:\\P [4/5]\nRight click"));
