@@ -1,6 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "shell/command_line.h"
-
 #include <algorithm>
 #include <gtest/gtest.h>
 
@@ -10,6 +8,7 @@
 #include "fakes/memory_log.h"
 #include "platform/object_names.h"
 #include "settings/embedded_strings.h"
+#include "shell/command_line.h"
 #include "shell/instance_control.h"
 
 namespace vbr {
