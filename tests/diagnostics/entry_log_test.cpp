@@ -79,6 +79,19 @@ TEST_F(EntryLogTest, QueuedLinesKeepTheirDatesAndAreWrittenAgainAtEachFlush) {
     EXPECT_THAT(log_.Entries, ElementsAre(both, both));
 }
 
+TEST_F(EntryLogTest, WindowsAreDescribedWithAndWithoutAHead) {
+    const WindowState gone{0xFFFFFFFF, false, u""};
+    LogWindow(log_, u"", {66, true, u"Notepad"});
+    LogWindow(log_, u"target", gone);
+    LogWindowState(log_, gone, u"Menu");
+    log_.Write(u"after");
+    EXPECT_THAT(log_.Entries, ElementsAre(u"IsWindow HWND=66 ? 1; CLASSNAME: [Notepad]\r\n",
+                                          u"target: IsWindow HWND=-1 ? 0; CLASSNAME: []\r\n",
+                                          u"Menu: [03/04/26 05:06:07] IsWindow=0\r\n",
+                                          u"Menu: [03/04/26 05:06:07] classname=[]\r\n",
+                                          u"EXE_Agent: [03/04/26 05:06:07] after\r\n"));
+}
+
 TEST_F(EntryLogTest, NothingIsWrittenOrKeptWhileTheLogIsOff) {
     log_.On = false;
     log_.Write(u"text");

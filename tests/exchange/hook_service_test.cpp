@@ -82,6 +82,15 @@ TEST_F(HookService, AQueryTellsTheTargetWithOrWithoutASelection) {
     }
 }
 
+TEST_F(HookService, EachQueryNamesItsTargetInTheLog) {
+    Install();
+    Library.Target = 50;
+    Service.SendMessageToTargetWindow(0, query_);
+    EXPECT_EQ(Log.Lines.at(0),
+              u"SendMessageToTargetWindow: HWND =50 IsWindow(hwnd)=1 classname=[class 50] PID=52 "
+              u"exe=[program 52] GetBinaryType=[1], dwType b64=[1], b32=[1]");
+}
+
 TEST_F(HookService, OnThePostedRoadTheTargetGetsTheMessageAndTheQueryStaysEmpty) {
     PostedRoad road(Windows, Selection, 777, Log);
     CVBRDLLService service(Library, Objects, Windows, road, u"L:\\lib.dll", Log);

@@ -240,6 +240,20 @@ TEST_F(SettingsTest, ASaveKeepsWhatIsNotItsOwn) {
                                  "VBRVersion=VBR_150\r\n"));
 }
 
+TEST_F(SettingsTest, AFileThatCannotBeReadOrWrittenLeavesTheDefaults) {
+    Make().Save();
+    const std::string defaults = folder_.Read("local.ini");
+    std::filesystem::remove(local_);
+    folder_.Write("local.ini/inner.txt", "x");
+    CVBRSettings settings = Make();
+    settings.Load();
+    settings.Save();
+    EXPECT_EQ(folder_.Read("local.ini/inner.txt"), "x");
+    std::filesystem::remove_all(local_);
+    settings.Save();
+    EXPECT_EQ(folder_.Read("local.ini"), defaults);
+}
+
 TEST_F(SettingsTest, AVersionStampOfThisFormatIsNotNew) {
     EXPECT_TRUE(Make().IsNewVersion());
     for (const auto& [local, user, isNew] :
