@@ -40,10 +40,9 @@ std::u16string_view ExtensionOf(ItemFormat format) {
 }
 
 ItemFormat FormatOfFile(std::u16string_view name) {
-    const auto* row = std::find_if(std::begin(kExtensions), std::end(kExtensions),
-                                   [name](const FormatExtension& known) {
-                                       return EndsWithNoCase(name, known.Extension);
-                                   });
+    const auto* row = std::find_if(
+        std::begin(kExtensions), std::end(kExtensions),
+        [name](const FormatExtension& known) { return EndsWithNoCase(name, known.Extension); });
     const bool isPlain = row != std::end(kExtensions) && row->Format == CHF_UNICODE_TEXT &&
                          !StartsWithNoCase(name, kUnicodePrefix);
     if (isPlain) {
