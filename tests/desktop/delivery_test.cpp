@@ -3,19 +3,11 @@
 
 #include <fstream>
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
-#include <iostream>
-#include <iterator>
 
-#include "base/text.h"
 #include "desktop/driver/clipboard.h"
 #include "desktop/driver/hanging_target.h"
-#include "desktop/driver/keyboard.h"
-#include "desktop/driver/menus.h"
-#include "desktop/driver/notepad.h"
-#include "desktop/driver/program.h"
-#include "desktop/driver/waiting.h"
 #include "desktop/driver/wordpad.h"
+#include "desktop/program_test.h"
 #include "platform/win32/wide.h"
 #include "resources/resource_ids.h"
 
@@ -23,11 +15,6 @@ namespace vbr::desktop {
 namespace {
 
 using testing::HasSubstr;
-
-std::string FileBytes(const std::filesystem::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
 
 std::wstring TextOf(HWND window) {
     std::wstring text(static_cast<std::size_t>(SendMessageW(window, WM_GETTEXTLENGTH, 0, 0)) + 1,
@@ -63,34 +50,16 @@ HWND WaitForPrompt() {
 }
 
 // The program with phrases in its menu.
-class DeliveryTest : public testing::Test {
+class DeliveryTest : public ProgramTest {
   protected:
-    void TearDown() override {
-        if (HasFailure()) {
-            std::cout << Utf16ToUtf8(program_.Log()) << '\n';
-        }
-    }
     void AddPhrase(const std::string& xmlCmd, const std::string& dataType = "TEXT") {
         ++phrases_;
         program_.AddPhrase("Phrase " + std::to_string(phrases_), phrases_, xmlCmd, dataType);
     }
     void Start(int pasteMethod) {
-        program_.WriteSettings("WriteLog=1\nTextPasteMethod_v150=" + std::to_string(pasteMethod));
-        ASSERT_TRUE(program_.StartResident());
-    }
-    void Choose(const EditWindow& target, int position = 0) {
-        ASSERT_TRUE(WaitUntil([&] { return target.BringToFront(); }));
-        PressHotkey();
-        ASSERT_TRUE(WaitForMenu());
-        ChooseMenuItem(position);
-    }
-    // What the log holds behind the end of the program.
-    std::u16string EndedLog() {
-        EXPECT_EQ(program_.End(), 0U);
-        return program_.Log();
+        ProgramTest::Start("TextPasteMethod_v150=" + std::to_string(pasteMethod));
     }
 
-    Program program_;
     int phrases_ = 0;
 };
 
@@ -245,16 +214,11 @@ TEST_F(DeliveryTest, AClipboardThatIsHeldLosesThatTextAloneAndIsTold) {
     AddPhrase("then");
     Start(1);
     const Notepad notepad;
-    ASSERT_TRUE(WaitUntil([&] { return notepad.BringToFront(); }));
-    PressHotkey();
-    ASSERT_TRUE(WaitForMenu());
+    OpenMenu(notepad);
     ASSERT_TRUE(WaitUntil([] { return OpenClipboard(nullptr) != 0; }));
     ChooseMenuItem(0);
     ASSERT_TRUE(WaitForNoMenu());
-    EXPECT_TRUE(WaitUntil([this] {
-        return program_.Log().find(u"MutiCopy_Impl::Cannot set to clipboard") !=
-               std::u16string::npos;
-    }));
+    EXPECT_TRUE(WaitForLog(u"MutiCopy_Impl::Cannot set to clipboard"));
     CloseClipboard();
     Choose(notepad, 1);
     EXPECT_EQ(notepad.WaitForText(u"then"), u"then");
@@ -283,8 +247,7 @@ TEST_F(DeliveryTest, AHungTargetHoldsNobodyUp) {
     EXPECT_TRUE(WaitForMenu());
     ChooseMenuItem(0);
     EXPECT_TRUE(WaitForNoMenu());
-    EXPECT_TRUE(WaitUntil(
-        [this] { return program_.Log().find(u"DoPrint: text") != std::u16string::npos; }));
+    EXPECT_TRUE(WaitForLog(u"DoPrint: text"));
     EXPECT_TRUE(WaitUntilReady());
     const Notepad notepad;
     Choose(notepad);
@@ -296,12 +259,12 @@ TEST_F(DeliveryTest, ATargetThatClosesUnderTheMenuIsTold) {
     Start(1);
     {
         const Notepad notepad;
-        PressHotkey();
-        ASSERT_TRUE(WaitForMenu());
+        OpenMenu(notepad);
     }
     ChooseMenuItem(0);
     ASSERT_TRUE(WaitForNoMenu());
-    EXPECT_NE(EndedLog().find(u"The target window is gone"), std::u16string::npos);
+    EXPECT_EQ(program_.End(), 0U);
+    EXPECT_EQ(CountInLog(u"The target window is gone"), 1);
 }
 
 }  // namespace

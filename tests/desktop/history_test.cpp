@@ -3,19 +3,11 @@
 
 #include "platform/win32/windows.h"
 
-#include <fstream>
-#include <gtest/gtest.h>
-#include <iostream>
 #include <psapi.h>
 #include <wtsapi32.h>
 
-#include "base/text.h"
 #include "desktop/driver/clipboard.h"
-#include "desktop/driver/keyboard.h"
-#include "desktop/driver/menus.h"
-#include "desktop/driver/notepad.h"
-#include "desktop/driver/program.h"
-#include "desktop/driver/waiting.h"
+#include "desktop/program_test.h"
 #include "platform/win32/handle.h"
 #include "shell/tray_messages.h"
 
@@ -36,25 +28,21 @@ std::size_t ItemCountDigits() {
     return length - around.size();
 }
 
-class History : public testing::Test {
+class History : public ProgramTest {
   protected:
-    // What there is to see of a failure stands here and in the log.
     void TearDown() override {
-        if (!HasFailure()) {
-            return;
+        if (HasFailure()) {
+            for (const StoredItem& item : ReadStoredHistory(program_.Folder())) {
+                std::cout << item.Info.Time << ' ' << Utf16ToUtf8(item.Info.Files[0]) << ' '
+                          << Utf16ToUtf8(item.Text) << '\n';
+            }
         }
-        for (const StoredItem& item : ReadStoredHistory(program_.Folder())) {
-            std::cout << item.Info.Time << ' ' << Utf16ToUtf8(item.Info.Files[0]) << ' '
-                      << Utf16ToUtf8(item.Text) << '\n';
-        }
-        std::cout << Utf16ToUtf8(program_.Log()) << '\n';
+        ProgramTest::TearDown();
     }
     // A text is on the clipboard at the start, which becomes the first item.
     void Start(const std::string& settings = "") {
-        program_.WriteSettings("ShowHistoryPaneOnStart=0\nWriteLog=1\n" + settings);
-        program_.AddPhrase("Only phrase", 1, "phrase");
         copier_.CopyText(u"start");
-        ASSERT_TRUE(program_.StartResident());
+        StartWithPhrase("phrase", "ShowHistoryPaneOnStart=0\n" + settings);
         ASSERT_TRUE(WaitForNewest({u"start"}));
     }
     Texts Newest(std::size_t count) { return NewestTexts(program_.Folder(), count); }
@@ -62,7 +50,7 @@ class History : public testing::Test {
         return copier_.WaitUntil([&] { return Newest(texts.size()) == texts; });
     }
     bool WaitForLog(std::u16string_view line) {
-        return copier_.WaitUntil([&] { return program_.Log().find(line) != std::u16string::npos; });
+        return copier_.WaitUntil([&] { return CountInLog(line) > 0; });
     }
     // Copies texts until one is taken, as it is some time after the program used the clipboard.
     std::u16string WaitUntilCaptures() {
@@ -75,7 +63,6 @@ class History : public testing::Test {
         return Newest(1).empty() ? u"" : Newest(1)[0];
     }
 
-    Program program_;
     Copier copier_;
 };
 
@@ -91,6 +78,7 @@ TEST_F(History, EveryKindOfCopyIsKeptAsItsKind) {
     EXPECT_EQ(web.Info.Url, u"http://h/");
     EXPECT_EQ(web.Info.Files.size(), 2U);
     EXPECT_EQ(web.Info.WndName, u"Copying program");
+    EXPECT_TRUE(EndsWithNoCase(web.Info.ExeName, u"vellumbridge_desktop_tests.exe"));
     // Neither a private format, nor a bitmap while that is off, nor a secret makes an item.
     copier_.Copy({{Format(L"Some private format"), "x"s}});
     EXPECT_TRUE(WaitForLog(u"it gives nothing that is kept"));
@@ -105,30 +93,12 @@ TEST_F(History, EveryKindOfCopyIsKeptAsItsKind) {
     EXPECT_EQ(program_.End(), 0U);
 }
 
-TEST_F(History, TheSettingsChooseWhatIsKept) {
-    using namespace std::string_literals;
-    program_.WriteSettings(
-        "ShowHistoryPaneOnStart=0\nWriteLog=1\nClipboardFormats0=0\nClipboardFormats4=0");
-    ASSERT_TRUE(program_.StartResident());
-    copier_.CopyText(u"text alone");
-    ASSERT_TRUE(WaitForLog(u"its format is off"));
-    copier_.Copy({{CF_UNICODETEXT, "p\0\0\0"s},
-                  {Format(L"HTML Format"), "Version:0.9\r\n<b>p\0"s},
-                  {Format(L"Rich Text Format"), "{\\rtf1 p}\0"s}});
-    ASSERT_TRUE(WaitForNewest({u"{\\rtf1 p}"}));
-    const auto items = ReadStoredHistory(program_.Folder());
-    ASSERT_EQ(items.size(), 1U);
-    EXPECT_EQ(items[0].Info.Files.size(), 1U) << "HTML is off";
-}
-
 TEST_F(History, AChosenItemArrivesAndStaysOnTheClipboardWithoutANewItem) {
     Start("TextPasteMethod_v150=0");
     copier_.CopyText(u"second");
     ASSERT_TRUE(WaitForNewest({u"second", u"start"}));
     const Notepad notepad;
-    ASSERT_TRUE(copier_.WaitUntil([&] { return notepad.BringToFront(); }));
-    PressHotkey();
-    ASSERT_TRUE(WaitForMenu());
+    OpenMenu(notepad);
     ClickMenuLine(FindMenuLine(u"start"), MouseButton::Left);
     EXPECT_EQ(notepad.WaitForText(u"start"), u"start");
     EXPECT_TRUE(copier_.WaitUntil([] {
@@ -190,41 +160,13 @@ TEST_F(History, TheChainOfViewersServesTooWithAnotherViewerInIt) {
     EXPECT_TRUE(WaitForNewest({u"alone again", u"with another", u"alone", u"start"}));
 }
 
-TEST_F(History, ARepeatComesToTheFrontAndStaysProtected) {
-    Start();
-    copier_.CopyText(u"second");
-    ASSERT_TRUE(WaitForNewest({u"second", u"start"}));
-    program_.Resident().Terminate();
-    for (const auto& entry :
-         std::filesystem::directory_iterator(program_.Folder() / L"ClipboardHistory")) {
-        if (entry.path().extension() == L".info") {
-            std::ifstream file(entry.path(), std::ios::binary);
-            std::string bytes(std::istreambuf_iterator<char>(file), {});
-            file.close();
-            std::ofstream(entry.path(), std::ios::binary) << WithProtection(bytes, true);
-        }
-    }
-    ASSERT_TRUE(program_.StartResident());
-    const auto isTakenAgain = [this] {
-        const auto items = ReadStoredHistory(program_.Folder());
-        return items.size() == 4 && items[0].Text == u"start" && items[0].Info.Protected;
-    };
-    ASSERT_TRUE(copier_.WaitUntil([this] { return Newest(2) == Texts{u"second", u"second"}; }));
-    copier_.CopyText(u"start");
-    EXPECT_TRUE(copier_.WaitUntil(isTakenAgain));
-}
-
 TEST_F(History, NothingOfAQueryIsKept) {
     Start();
     const Notepad notepad;
-    ASSERT_TRUE(notepad.IsOpen());
     notepad.SetText(u"selected");
     notepad.Select(0, 8);
-    ASSERT_TRUE(copier_.WaitUntil([&] { return notepad.BringToFront(); }));
-    PressHotkey();
-    ASSERT_TRUE(WaitForMenu());
-    PressKeys({VK_ESCAPE});
-    ASSERT_TRUE(WaitForNoMenu());
+    OpenMenu(notepad);
+    CloseMenu();
     ASSERT_NE(WaitUntilCaptures(), u"");
     // What was copied within three seconds is not kept either.
     for (const std::u16string& text : Newest(99)) {
@@ -285,17 +227,6 @@ TEST_F(History, AClipOf50MegabytesIsInMemoryTwiceAtMost) {
     EXPECT_LT(grown, (2 * text.size() + text.size() / 5) * sizeof(char16_t));
 }
 
-TEST_F(History, CopiesAtFullSpeedLeaveItResponsiveWithTheLastOne) {
-    Start();
-    for (int i = 0; i < 1000; ++i) {
-        copier_.CopyText(Concat(u"fast ", i));
-    }
-    DWORD_PTR ignored = 0;
-    EXPECT_TRUE(
-        SendMessageTimeoutW(TrayWindow(), WM_NULL, 0, 0, SMTO_NORMAL, kPatienceMs, &ignored));
-    EXPECT_TRUE(WaitForNewest({u"fast 999"}));
-}
-
 TEST_F(History, NothingIsKeptWhileTheSessionIsLocked) {
     Start();
     SendMessageW(TrayWindow(), WM_WTSSESSION_CHANGE, WTS_SESSION_LOCK, 0);
@@ -311,22 +242,10 @@ TEST_F(History, NothingIsKeptWhileTheSessionIsLocked) {
 }
 
 TEST_F(History, AStartThatFailsIsTriedAgainAndHoldsNobodyUp) {
-    program_.WriteSettings("WriteLog=1\nClipboardSpyMethod_v2_22=5");
-    ASSERT_TRUE(program_.StartResident());
+    ProgramTest::Start("ClipboardSpyMethod_v2_22=5");
     EXPECT_TRUE(WaitForLog(u"No clipboard spy method has the number 5"));
     EXPECT_TRUE(WaitForLog(u"Try to delyaed install clipboard spy: success 0, try#2"));
     EXPECT_EQ(program_.End(), 0U);
-}
-
-TEST_F(History, AFileInThePlaceOfTheFolderLeavesTheRestWorking) {
-    program_.WriteSettings("ShowHistoryPaneOnStart=0\nWriteLog=1");
-    program_.AddPhrase("Only phrase", 1, "phrase");
-    std::ofstream(program_.Folder() / L"ClipboardHistory") << "x";
-    ASSERT_TRUE(program_.StartResident());
-    ASSERT_TRUE(copier_.CopyUntilTaken(u"text"));
-    EXPECT_EQ(program_.End(), 0U);
-    const std::u16string log = program_.Log();
-    EXPECT_NE(log.find(u"No folder for the clipboard history"), log.npos);
 }
 
 }  // namespace

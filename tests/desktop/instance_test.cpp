@@ -1,11 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/win32/windows.h"
 
-#include <gtest/gtest.h>
-
-#include "desktop/driver/process.h"
-#include "desktop/driver/program.h"
-#include "desktop/driver/waiting.h"
+#include "desktop/program_test.h"
 #include "platform/object_names.h"
 #include "platform/win32/wide.h"
 
@@ -41,10 +37,7 @@ bool CloseMessageBox(DWORD process) {
     });
 }
 
-class Instance : public testing::Test {
-  protected:
-    Program program_;
-};
+class Instance : public ProgramTest {};
 
 TEST_F(Instance, SecondStartEndsWith1AndTheFirstGoesOn) {
     ASSERT_TRUE(program_.StartResident());
@@ -60,22 +53,11 @@ TEST_F(Instance, ExitWithNothingRunningEndsWith1AndStartsNothing) {
     EXPECT_FALSE(EventExists(kEventInstance));
 }
 
-TEST_F(Instance, InstanceEventThatCannotBeMadeEndsWith2) {
-    const UniqueHandle taken(CreateMutexW(nullptr, FALSE, Wide(kEventInstance.data())));
-    EXPECT_EQ(ExitCode(program_.Start()), 2U);
-}
-
 TEST_F(Instance, HelpShowsTheKeysAndEndsWith0) {
     const Process help = program_.Start(L"/?");
     EXPECT_TRUE(CloseMessageBox(help.Id()));
     EXPECT_EQ(ExitCode(help), 0U);
     EXPECT_FALSE(EventExists(kEventInstance));
-}
-
-TEST_F(Instance, EditReachesTheRunningInstanceAndEndsWith0) {
-    ASSERT_TRUE(program_.StartResident());
-    EXPECT_EQ(ExitCode(program_.Start(L"-EDIT")), 0U);
-    EXPECT_EQ(program_.End(), 0U);
 }
 
 TEST_F(Instance, PlainStartReleasesTheAutostartDelayAndEndsWith12) {
@@ -88,13 +70,6 @@ TEST_F(Instance, PlainStartReleasesTheAutostartDelayAndEndsWith12) {
     EXPECT_FALSE(EventExists(kEventAutoLoadWait));
     EXPECT_EQ(ExitCode(program_.Start(L"/exit")), 1U);
     EXPECT_EQ(ExitCode(delayed), 0U);
-}
-
-TEST_F(Instance, AutostartWithoutDelayIsResidentAtOnce) {
-    program_.WriteSettings("DelayAutoLoadSeconds_NextRelease=0");
-    ASSERT_TRUE(program_.StartResident(L"/autoload"));
-    EXPECT_TRUE(EventExists(kEventInstance));
-    EXPECT_EQ(program_.End(), 0U);
 }
 
 TEST_F(Instance, UaDeletesTheAutostartValueAndEndsTheRunningInstance) {
@@ -126,10 +101,7 @@ TEST_F(Instance, ShowMenuAndUpdateCheckSignalTheirOwnEvents) {
     EXPECT_EQ(WaitForSingleObject(listener.get(), kPatienceMs), WAIT_OBJECT_0);
     EXPECT_FALSE(IsSet(updates));
     EXPECT_EQ(ExitCode(program_.Start(L"/showmenu")), 1U);
-    EXPECT_TRUE(WaitUntil([] {
-        const HWND menu = FindWindowW(L"#32768", nullptr);
-        return menu && IsWindowVisible(menu);
-    }));
+    EXPECT_TRUE(WaitForMenu());
     EXPECT_EQ(program_.End(), 0U);
 }
 
@@ -144,13 +116,6 @@ TEST_F(Instance, TakeOverWaitsUntilTheFirstInstanceHasEnded) {
     EXPECT_TRUE(WaitUntilReady());
     EXPECT_EQ(ExitCode(program_.Start(L"/exit")), 1U);
     EXPECT_EQ(ExitCode(elevated), 0U);
-}
-
-TEST_F(Instance, TakenHotKeyLeavesTheProgramRunning) {
-    ASSERT_TRUE(RegisterHotKey(nullptr, 1, MOD_CONTROL | MOD_ALT, VK_RETURN));
-    EXPECT_TRUE(program_.StartResident());
-    UnregisterHotKey(nullptr, 1);
-    EXPECT_EQ(program_.End(), 0U);
 }
 
 }  // namespace

@@ -1,15 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/win32/windows.h"
 
-#include <gtest/gtest.h>
-
-#include "base/text.h"
 #include "desktop/driver/clipboard.h"
-#include "desktop/driver/keyboard.h"
-#include "desktop/driver/menus.h"
-#include "desktop/driver/notepad.h"
-#include "desktop/driver/program.h"
-#include "desktop/driver/waiting.h"
+#include "desktop/program_test.h"
 
 namespace vbr::desktop {
 namespace {
@@ -20,23 +13,18 @@ std::u16string ClipboardText() {
 }
 
 // The program with the phrases that a test adds, and Notepad in front of it.
-class PhraseMenuOnDesktop : public testing::Test {
+class PhraseMenuOnDesktop : public ProgramTest {
   protected:
     void Add(const std::string& name, const std::string& text) {
         std::filesystem::create_directories((program_.Phrases() / name).parent_path());
         program_.AddPhrase(name, ++sortId_, text);
     }
     void Start(const std::string& settings = "") {
-        program_.WriteSettings("InsertCHIntoMenu=0\n" + settings);
-        ASSERT_TRUE(program_.StartResident());
-        ASSERT_TRUE(notepad_.IsOpen());
-        ASSERT_TRUE(WaitUntil([this] { return notepad_.BringToFront(); }));
+        ProgramTest::Start("InsertCHIntoMenu=0\n" + settings);
     }
     void OpenMenu(POINT mouse = {200, 100}) {
-        ASSERT_TRUE(WaitUntil([this] { return notepad_.BringToFront(); }));
         SetCursorPos(mouse.x, mouse.y);
-        PressHotkey();
-        ASSERT_TRUE(WaitForMenu());
+        ProgramTest::OpenMenu(notepad_);
     }
     // "a [G: b] -Caption- ~c": grayed "~".
     static std::string Picture(const std::vector<MenuLine>& lines) {
@@ -62,8 +50,7 @@ class PhraseMenuOnDesktop : public testing::Test {
     }
 
     int sortId_ = 0;
-    Program program_;
-    Notepad notepad_;
+    const Notepad notepad_;
 };
 
 TEST_F(PhraseMenuOnDesktop, ScreenReadersFindEveryItemOfEveryRegion) {
@@ -75,17 +62,7 @@ TEST_F(PhraseMenuOnDesktop, ScreenReadersFindEveryItemOfEveryRegion) {
     EXPECT_EQ(shown,
               "Alpha -- Group [Group/Inner ] -Clipboard History [Skipped]- Edit "
               "menu\\settings ~Selection into Phrase -Visit to us- Technical Support ");
-    PressKeys({VK_ESCAPE});
-    EXPECT_TRUE(WaitForNoMenu());
-}
-
-TEST_F(PhraseMenuOnDesktop, TheMouseChooses) {
-    Add("Alpha", "one");
-    Add("Beta", "two");
-    Start();
-    OpenMenu();
-    ClickMenuLine(FindMenuLine(u"Beta"), MouseButton::Left);
-    EXPECT_EQ(notepad_.WaitForText(u"two"), u"two");
+    CloseMenu();
 }
 
 TEST_F(PhraseMenuOnDesktop, TypingMovesAndEnterChooses) {
@@ -125,8 +102,7 @@ TEST_F(PhraseMenuOnDesktop, TheLastThreePhrasesStandFirst) {
     OpenMenu();
     EXPECT_EQ(Picture(ReadMenu(TopMenuWindow())).substr(0, 46),
               "Beta Gamma Delta -Other commands- Alpha -Clipb");
-    PressKeys({VK_ESCAPE});
-    EXPECT_TRUE(WaitForNoMenu());
+    CloseMenu();
 }
 
 TEST_F(PhraseMenuOnDesktop, ARightClickCopiesAndTheMenuStaysOpen) {
@@ -143,8 +119,7 @@ TEST_F(PhraseMenuOnDesktop, ARightClickCopiesAndTheMenuStaysOpen) {
     ClickMenuLine(FindMenuLine(u"Copy"), MouseButton::Left);
     ASSERT_TRUE(WaitUntil([] { return ClipboardText() == u"[sel] & more"; }));
     EXPECT_TRUE(WaitUntil([] { return FindMenuLine(u"[sel] & more").Label != u""; }));
-    PressKeys({VK_ESCAPE});
-    ASSERT_TRUE(WaitForNoMenu());
+    CloseMenu();
     ASSERT_TRUE(WaitUntil([this] { return notepad_.BringToFront(); }));
     EXPECT_EQ(program_.End(), 0U);
     EXPECT_EQ(ClipboardText(), u"[sel] & more");
@@ -171,8 +146,7 @@ TEST_F(PhraseMenuOnDesktop, TheKeyboardOpensTheRightClickMenuToo) {
             const HWND top = TopMenuWindow();
             return top && top != menu && top != rightMenu;
         }));
-        PressKeys({VK_ESCAPE});
-        ASSERT_TRUE(WaitForNoMenu());
+        CloseMenu();
     }
 }
 
@@ -185,8 +159,7 @@ TEST_F(PhraseMenuOnDesktop, ARightClickOnAnExtraCommandOpensNothing) {
     PressKeys({'A'});
     EXPECT_TRUE(WaitUntil([this] { return SelectedLabel() == u"Alpha"; }));
     EXPECT_EQ(TopMenuWindow(), menu);
-    PressKeys({VK_ESCAPE});
-    EXPECT_TRUE(WaitForNoMenu());
+    CloseMenu();
 }
 
 TEST_F(PhraseMenuOnDesktop, TheMenuStaysOnTheScreenAndSoDoesItsTip) {
@@ -221,8 +194,7 @@ TEST_F(PhraseMenuOnDesktop, TheMenuStaysOnTheScreenAndSoDoesItsTip) {
             InflateRect(&menuRect, -4, 0);
             return isOnScreen(tip) && !IntersectRect(&common, &menuRect, &tipRect);
         })) << "The tip hides the menu.";
-        PressKeys({VK_ESCAPE});
-        ASSERT_TRUE(WaitForNoMenu());
+        CloseMenu();
     }
 }
 

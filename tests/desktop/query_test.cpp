@@ -2,16 +2,10 @@
 #include "platform/win32/windows.h"
 
 #include <cstring>
-#include <gtest/gtest.h>
 
-#include "base/text.h"
 #include "desktop/driver/clipboard.h"
-#include "desktop/driver/keyboard.h"
-#include "desktop/driver/menus.h"
-#include "desktop/driver/notepad.h"
-#include "desktop/driver/program.h"
-#include "desktop/driver/waiting.h"
 #include "desktop/driver/wordpad.h"
+#include "desktop/program_test.h"
 #include "platform/object_names.h"
 #include "platform/win32/handle.h"
 #include "platform/win32/wide.h"
@@ -26,48 +20,30 @@ UniqueHandle OpenNamedEvent(std::u16string_view name) {
     return UniqueHandle(OpenEventW(SYNCHRONIZE | EVENT_MODIFY_STATE, FALSE, Wide(name.data())));
 }
 
-class Query : public testing::Test {
-  protected:
-    void Start(const std::string& xmlCmd, const std::string& settings = "") {
-        program_.AddPhrase("Only phrase", 1, xmlCmd);
-        program_.WriteSettings(settings);
-        ASSERT_TRUE(program_.StartResident());
-    }
-    void ChooseTheOnlyPhrase() {
-        ASSERT_TRUE(WaitForMenu());
-        ChooseMenuItem(0);
-    }
-
-    Program program_;
-};
+class Query : public ProgramTest {};
 
 TEST_F(Query, ACancelledMenuGivesTheClipboardBackInAllItsFormats) {
-    Start("never");
+    StartWithPhrase("never");
     const Notepad notepad;
     notepad.SetText(u"selected");
     notepad.Select(0, 8);
     const ClipboardContent before = FillClipboard();
     ASSERT_GE(before.size(), 6U);
     const DWORD untouched = GetClipboardSequenceNumber();
-    ASSERT_TRUE(notepad.BringToFront());
-    PressHotkey();
-    ASSERT_TRUE(WaitForMenu());
+    OpenMenu(notepad);
     EXPECT_NE(GetClipboardSequenceNumber(), untouched);
     EXPECT_EQ(ReadClipboard()[L"13"].substr(0, 2), std::string("s\0", 2));
-    PressKeys({VK_ESCAPE});
-    ASSERT_TRUE(WaitForNoMenu());
+    CloseMenu();
     EXPECT_TRUE(WaitUntil([&] { return ReadClipboard() == before; }));
 }
 
 TEST_F(Query, ASelectionInWordPadReachesThePhrase) {
-    Start("[%SELECTED_TEXT%]");
+    StartWithPhrase("[%SELECTED_TEXT%]");
     const WordPad wordpad;
     ASSERT_TRUE(wordpad.IsOpen());
     wordpad.SetText(u"one two three");
     wordpad.Select(4, 7);
-    ASSERT_TRUE(WaitUntil([&] { return wordpad.BringToFront(); }));
-    PressHotkey();
-    ChooseTheOnlyPhrase();
+    Choose(wordpad);
     EXPECT_EQ(wordpad.WaitForText(u"one [two] three"), u"one [two] three");
 }
 
@@ -84,7 +60,7 @@ LRESULT CALLBACK RefuseAll(HWND window, UINT message, WPARAM wParam, LPARAM lPar
 }
 
 TEST_F(Query, TheMenuOpensOverAWindowThatRefusesEverything) {
-    Start("text");
+    StartWithPhrase("text");
     WNDCLASSW refusing{};
     refusing.lpfnWndProc = RefuseAll;
     refusing.lpszClassName = L"Refusing";
@@ -101,13 +77,12 @@ TEST_F(Query, TheMenuOpensOverAWindowThatRefusesEverything) {
         }
         return IsMenuOpen();
     }));
-    PressKeys({VK_ESCAPE});
-    EXPECT_TRUE(WaitForNoMenu());
+    CloseMenu();
     DestroyWindow(window);
 }
 
 TEST_F(Query, APressCountsOnlyWithASecondOneWhenTheSettingsAskForTwo) {
-    Start("text", "Hotkey_Doubled=1");
+    StartWithPhrase("text", "Hotkey_Doubled=1");
     const Notepad notepad;
     PressHotkey();
     Sleep(kApartMs);
@@ -118,18 +93,16 @@ TEST_F(Query, APressCountsOnlyWithASecondOneWhenTheSettingsAskForTwo) {
     PressHotkey();
     PressHotkey();
     EXPECT_TRUE(WaitForMenu());
-    PressKeys({VK_ESCAPE});
-    EXPECT_TRUE(WaitForNoMenu());
+    CloseMenu();
 }
 
 TEST_F(Query, AKeyThatAnotherProgramOwnsLeavesTheServiceOffAndIsNamed) {
     ASSERT_TRUE(RegisterHotKey(nullptr, 7, MOD_CONTROL | MOD_ALT, VK_RETURN));
-    Start("text", "WriteLog=1");
+    StartWithPhrase("text");
     EXPECT_FALSE(OpenNamedEvent(kEventDataNeeded));
     EXPECT_EQ(program_.End(), 0U);
     UnregisterHotKey(nullptr, 7);
-    EXPECT_NE(program_.Log().find(u"ERROR: Cannot register hot key Ctrl+Alt+"),
-              std::u16string::npos);
+    EXPECT_EQ(CountInLog(u"ERROR: Cannot register hot key Ctrl+Alt+"), 1);
 }
 
 // This process stands for the hook library in a target.
@@ -147,7 +120,7 @@ class HookSide : public Query {
 };
 
 TEST_F(HookSide, AQueryFromAnotherProcessOpensTheMenuWhereItSays) {
-    Start("[%SELECTED_TEXT%]");
+    StartWithPhrase("[%SELECTED_TEXT%]");
     const Notepad notepad;
     ASSERT_TRUE(notepad.BringToFront());
     const DWORD clipboard = GetClipboardSequenceNumber();
@@ -156,7 +129,7 @@ TEST_F(HookSide, AQueryFromAnotherProcessOpensTheMenuWhereItSays) {
         "</HWND><SelText StateSelText='2'>sel</SelText></WPQuery>");
     ASSERT_TRUE(WaitForMenu());
     RECT menu;
-    ASSERT_TRUE(GetWindowRect(FindWindowW(L"#32768", nullptr), &menu));
+    ASSERT_TRUE(GetWindowRect(TopMenuWindow(), &menu));
     EXPECT_EQ(menu.left, 300);
     EXPECT_EQ(menu.top, 200);
     ChooseMenuItem(0);
@@ -164,17 +137,8 @@ TEST_F(HookSide, AQueryFromAnotherProcessOpensTheMenuWhereItSays) {
     EXPECT_EQ(GetClipboardSequenceNumber(), clipboard);
 }
 
-TEST_F(HookSide, AQueryThatNamesADeadWindowOpensTheMenuToo) {
-    Start("text");
-    const Notepad notepad;
-    Lay("<WPQuery><HWND>7</HWND><SelText StateSelText='1'/></WPQuery>");
-    EXPECT_TRUE(WaitForMenu());
-    PressKeys({VK_ESCAPE});
-    EXPECT_TRUE(WaitForNoMenu());
-}
-
 TEST_F(HookSide, WhatIsNoQueryIsAnsweredAtOnceAndOpensNothing) {
-    Start("text");
+    StartWithPhrase("text");
     const UniqueHandle completed = OpenNamedEvent(kEventDataCompleted);
     Lay("<WPQue");
     EXPECT_EQ(WaitForSingleObject(completed.get(), kPatienceMs), WAIT_OBJECT_0);

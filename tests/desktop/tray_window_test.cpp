@@ -2,31 +2,18 @@
 #include "platform/win32/windows.h"
 
 #include <algorithm>
-#include <atomic>
-#include <fstream>
-#include <gtest/gtest.h>
-#include <iterator>
-#include <regex>
-#include <thread>
-#include <tinyxml.h>
 #include <vector>
 
-#include "desktop/driver/notepad.h"
-#include "desktop/driver/program.h"
-#include "desktop/driver/waiting.h"
+#include "desktop/program_test.h"
 #include "menu/extra_commands.h"
 #include "platform/object_names.h"
 #include "platform/win32/wide.h"
 #include "resources/resource_ids.h"
+#include "settings/shared_settings.h"
 #include "shell/tray_messages.h"
 
 namespace vbr::desktop {
 namespace {
-
-std::string FileBytes(const std::filesystem::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
 
 LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
     DWORD_PTR result = 0;
@@ -55,7 +42,7 @@ class RemoteBuffer {
     void* address_;
 };
 
-class TrayWindowTest : public testing::Test {
+class TrayWindowTest : public ProgramTest {
   protected:
     std::wstring Setting(const wchar_t* section, const wchar_t* key) const {
         wchar_t value[512];
@@ -63,46 +50,29 @@ class TrayWindowTest : public testing::Test {
                                  (program_.Folder() / L"Settings.ini").c_str());
         return value;
     }
-
-    Program program_;
 };
 
-TEST_F(TrayWindowTest, ToggleWritesEveryKeyTheStampsAndTheVersion) {
+TEST_F(TrayWindowTest, ACommandOfTheTrayMenuWritesTheSettings) {
     ASSERT_TRUE(program_.StartResident());
     EXPECT_EQ(Setting(L"Settings", L"VBRVersion"), L"<missing>");
-    Send(WM_COMMAND, kCmdSounds);
+    for (const wchar_t* sounds : {L"0", L"1"}) {
+        Send(WM_COMMAND, kCmdSounds);
+        EXPECT_EQ(Setting(L"Settings", L"SoundOnEventsV094"), sounds);
+    }
     EXPECT_EQ(Setting(L"Settings", L"VBRVersion"), L"VBR_150");
-    EXPECT_EQ(Setting(L"Settings", L"SoundOnEventsV094"), L"0");
-    EXPECT_EQ(Setting(L"Settings", L"Hotkey"), L"196621");
-    EXPECT_EQ(Setting(L"Settings", L"ExtMenuCommand__SUPPORT"), L"1");
     EXPECT_EQ(Setting(L"Settings", L"FontForMenu").size(), 2 * (92U + 1));
     EXPECT_EQ(Setting(L"A_SETTINGS", L"WRITED_TO"),
               (program_.Folder() / L"Settings.ini").wstring());
     EXPECT_EQ(Setting(L"A_SETTINGS", L"WRITED_WHO"), L"Vellumbridge.exe");
-    EXPECT_NE(Setting(L"A_SETTINGS", L"WRITED_WHEN"), L"<missing>");
-    wchar_t keys[8192];
-    DWORD length = GetPrivateProfileStringW(L"Settings", nullptr, L"", keys, 8192,
-                                            (program_.Folder() / L"Settings.ini").c_str());
-    EXPECT_EQ(std::count(keys, keys + length, L'\0'), 37) << "keys of the section";
-    Send(WM_COMMAND, kCmdSounds);
-    EXPECT_EQ(Setting(L"Settings", L"SoundOnEventsV094"), L"1");
 }
 
 TEST_F(TrayWindowTest, SharedAreaTellsTheEditorTheHotKey) {
-    program_.WriteSettings("Hotkey_Doubled=1");
-    ASSERT_TRUE(program_.StartResident());
+    Start("Hotkey_Doubled=1");
     const UniqueHandle area(OpenFileMappingW(FILE_MAP_READ, FALSE, Wide(kAreaSettings.data())));
     const auto* text = static_cast<const char*>(MapViewOfFile(area.get(), FILE_MAP_READ, 0, 0, 0));
     ASSERT_NE(text, nullptr);
-    TiXmlDocument document;
-    document.Parse(text, nullptr, TIXML_ENCODING_UTF8);
+    EXPECT_EQ(text, SharedSettingsText(VK_RETURN, 3, true, u""));
     UnmapViewOfFile(text);
-    const TiXmlElement* root = document.FirstChildElement("VellumbridgeSettings");
-    ASSERT_NE(root, nullptr);
-    EXPECT_STREQ(root->Attribute("HotKey_Key"), "13");
-    EXPECT_STREQ(root->Attribute("HotKey_Mod"), "3");
-    EXPECT_STREQ(root->Attribute("Double"), "1");
-    EXPECT_EQ(root->FirstChild(), nullptr);
 }
 
 TEST_F(TrayWindowTest, PaneTitleIsGivenAndABadBufferIsSurvived) {
@@ -132,30 +102,21 @@ TEST_F(TrayWindowTest, EveryPrivateMessageOfAnOutsiderIsSurvived) {
 
 // What an extra command of the phrase menu asks of the tray window; the rooms behind it tell.
 TEST_F(TrayWindowTest, ExtraCommandsOfTheMenuReachTheirRooms) {
-    program_.WriteSettings("WriteLog=1\nShowHistoryPaneOnStart=0\nClipboardHistory=0");
-    ASSERT_TRUE(program_.StartResident());
-    const auto timesTold = [this](std::u16string_view line) {
-        const std::u16string log = program_.Log();
-        int count = 0;
-        for (std::size_t at = 0; (at = log.find(line, at)) != log.npos; ++at) {
-            ++count;
-        }
-        return count;
-    };
+    Start("ShowHistoryPaneOnStart=0\nClipboardHistory=0");
     const std::pair<std::int32_t, std::u16string_view> cases[] = {
         {kResultEditPhrases, u"Phrase editor is off"},
         {kResultHistoryPane, u"History pane is off"},
         {kResultSelectionIntoPhrase, u"Phrase editor is off"}};
     for (const auto& [choice, line] : cases) {
-        const int before = timesTold(line);
+        const int before = CountInLog(line);
         Send(kMsgCommandFromSelf, static_cast<WPARAM>(choice));
-        EXPECT_TRUE(WaitUntil([&] { return timesTold(line) == before + 1; })) << choice;
+        EXPECT_TRUE(WaitUntil([&] { return CountInLog(line) == before + 1; })) << choice;
     }
     // A menu that was left without a choice asks for nothing.
-    const auto told = timesTold(u" is off");
+    const int told = CountInLog(u" is off");
     Send(kMsgCommandFromSelf, 0);
     EXPECT_EQ(program_.End(), 0U);
-    EXPECT_EQ(timesTold(u" is off"), told);
+    EXPECT_EQ(CountInLog(u" is off"), told);
 }
 
 TEST_F(TrayWindowTest, InstanceSignalEndsTheProgram) {
@@ -167,37 +128,9 @@ TEST_F(TrayWindowTest, InstanceSignalEndsTheProgram) {
     EXPECT_EQ(program_.Resident().WaitForExit(kPatienceMs), 0U);
 }
 
-TEST_F(TrayWindowTest, WindowAnswersWhileSignalsRainDown) {
-    ASSERT_TRUE(program_.StartResident());
-    std::atomic<bool> done = false;
-    std::thread signals([&] {
-        for (int i = 0; i < 200; ++i) {
-            const UniqueHandle event(
-                OpenEventW(EVENT_MODIFY_STATE, FALSE, Wide(kEventAlreadyWork.data())));
-            SetEvent(event.get());
-            Sleep(5);
-        }
-        done = true;
-    });
-    int asked = 0;
-    int answered = 0;
-    while (!done) {
-        DWORD_PTR ignored = 0;
-        answered += SendMessageTimeoutW(TrayWindow(), WM_NULL, 0, 0, SMTO_NORMAL, kPatienceMs,
-                                        &ignored) != 0;
-        ++asked;
-        Sleep(10);
-    }
-    signals.join();
-    EXPECT_GT(asked, 0);
-    EXPECT_EQ(answered, asked);
-    EXPECT_EQ(program_.End(), 0U);
-}
-
 TEST_F(TrayWindowTest, ChoiceOfAnotherProcessIsTyped) {
     program_.AddPhrase("Only", 1, "sent by data");
-    Notepad notepad;
-    ASSERT_TRUE(notepad.IsOpen());
+    const Notepad notepad;
     ASSERT_TRUE(program_.StartResident());
     ASSERT_TRUE(WaitUntil([&] { return notepad.BringToFront(); }));
     BYTE block[138]{};
@@ -228,48 +161,6 @@ TEST_F(TrayWindowTest, ExitLeavesNoEventAreaOrFile) {
     EXPECT_EQ(files, (std::vector<std::wstring>{L"ClipboardHistory", L"Only.vellumbridge",
                                                 L"Settings.ini", L"UserPhrases",
                                                 L"Vellumbridge.dll", L"Vellumbridge.exe"}));
-}
-
-TEST_F(TrayWindowTest, LogIsUtf16WithOneMarkAndWholeLines) {
-    program_.WriteSettings("WriteLog=1");
-    for (int run = 0; run < 2; ++run) {
-        ASSERT_TRUE(program_.StartResident());
-        ASSERT_EQ(program_.End(), 0U);
-    }
-    const std::string bytes = FileBytes(program_.Folder() / L"LogReport.txt");
-    std::wstring text(reinterpret_cast<const wchar_t*>(bytes.data()),
-                      bytes.size() / sizeof(wchar_t));
-    ASSERT_FALSE(text.empty());
-    EXPECT_EQ(text[0], L'\xFEFF');
-    EXPECT_EQ(text.find(L'\xFEFF', 1), text.npos);
-    EXPECT_TRUE(std::regex_search(
-        text, std::wregex(L"\r\nEXE_Agent: \\[\\d\\d/\\d\\d/\\d\\d \\d\\d:\\d\\d:\\d\\d\\] "
-                          L"Automode not found\\. Continue\r\n")));
-    EXPECT_TRUE(std::regex_search(text, std::wregex(L"===End Vellum Bridge=== [^\r\n]+\r\n$")));
-}
-
-TEST_F(TrayWindowTest, StartsWithSettingsThatCannotBeRead) {
-    std::string garbage = "\xFF\x01[Sett";
-    for (int i = 0; i < 5000; ++i) {
-        garbage += static_cast<char>(i * 37);
-    }
-    const std::filesystem::path file = program_.Folder() / L"Settings.ini";
-    std::ofstream(file, std::ios::binary) << garbage;
-    ASSERT_TRUE(program_.StartResident());
-    EXPECT_EQ(program_.End(), 0U);
-    std::filesystem::remove(file);
-    std::filesystem::create_directory(file);
-    ASSERT_TRUE(program_.StartResident());
-    Send(WM_COMMAND, kCmdSounds);
-    EXPECT_EQ(program_.End(), 0U);
-    EXPECT_TRUE(std::filesystem::is_directory(file));
-}
-
-TEST_F(TrayWindowTest, StartsWithALogThatCannotBeWritten) {
-    program_.WriteSettings("WriteLog=1");
-    std::filesystem::create_directory(program_.Folder() / L"LogReport.txt");
-    ASSERT_TRUE(program_.StartResident());
-    EXPECT_EQ(program_.End(), 0U);
 }
 
 }  // namespace

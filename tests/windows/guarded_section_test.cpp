@@ -1,18 +1,13 @@
 // SPDX-License-Identifier: MIT
-#include "diagnostics/guarded_section.h"
-
 #include "platform/win32/windows.h"
 
 #include <array>
 #include <gtest/gtest.h>
-#include <memory>
+#include <optional>
 #include <stdexcept>
 #include <thread>
 
-#include "fakes/fake_alert_box.h"
-#include "fakes/memory_log.h"
 #include "platform/win32/win_fault_catcher.h"
-#include "settings/embedded_strings.h"
 
 namespace vbr {
 namespace {
@@ -83,23 +78,6 @@ TEST(GuardedSection, AStackOverflowIsSurvivedAndTheNextOneToo) {
     }).join();
     EXPECT_EQ(codes[0], 0xC00000FD);
     EXPECT_EQ(codes[1], 0xC00000FD);
-}
-
-TEST(GuardedSection, AFaultIsReportedAndGivesTheSectionsResult) {
-    MemoryLog log;
-    const EmbeddedStrings strings;
-    FakeAlertBox box;
-    ErrorReport report(log, strings, box);
-    WinFaultCatcher catcher;
-    GuardedSections sections(catcher, report);
-    const std::unique_ptr<int> menu = sections.Run(kFaultMakeMenu, std::unique_ptr<int>(), [] {
-        auto made = std::make_unique<int>(1);
-        AccessViolation();
-        return made;
-    });
-    EXPECT_EQ(menu, nullptr);
-    ASSERT_EQ(box.Shown.size(), 1U);
-    EXPECT_TRUE(box.Shown[0].Text.ends_with(u" status=[EXCEPTION_ACCESS_VIOLATION]"));
 }
 
 TEST(GuardedSection, TheInnermostSectionTakesTheFaultAndTheOuterGoesOn) {

@@ -97,86 +97,37 @@ TEST_F(HookAnswerTest, TheTargetAndItsCaretAreTold) {
     EXPECT_EQ(query->PointY, below.y);
 }
 
-// A COM interface has no destructor.
-#pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
-// The caret of a program that draws its own and tells of it.
-class DrawnCaret : public IAccessible {
-  public:
-    static constexpr LONG kLeft = 123, kTop = 234, kHeight = 17;
-
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override {
-        const bool known =
-            id == __uuidof(IUnknown) || id == __uuidof(IDispatch) || id == __uuidof(IAccessible);
-        *object = known ? this : nullptr;
-        return known ? S_OK : E_NOINTERFACE;
-    }
-    ULONG STDMETHODCALLTYPE AddRef() override { return 2; }
-    ULONG STDMETHODCALLTYPE Release() override { return 1; }
-    HRESULT STDMETHODCALLTYPE accLocation(LONG* left, LONG* top, LONG* width, LONG* height,
-                                          VARIANT) override {
-        *left = kLeft;
-        *top = kTop;
-        *width = 1;
-        *height = kHeight;
-        return S_OK;
-    }
-
-#define VBR_NOT_ASKED(Method, ...)                           \
-    HRESULT STDMETHODCALLTYPE Method(__VA_ARGS__) override { \
-        return E_NOTIMPL;                                    \
-    }
-    VBR_NOT_ASKED(GetTypeInfoCount, UINT*)
-    VBR_NOT_ASKED(GetTypeInfo, UINT, LCID, ITypeInfo**)
-    VBR_NOT_ASKED(GetIDsOfNames, REFIID, LPOLESTR*, UINT, LCID, DISPID*)
-    VBR_NOT_ASKED(Invoke, DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*, UINT*)
-    VBR_NOT_ASKED(get_accParent, IDispatch**)
-    VBR_NOT_ASKED(get_accChildCount, LONG*)
-    VBR_NOT_ASKED(get_accChild, VARIANT, IDispatch**)
-    VBR_NOT_ASKED(get_accName, VARIANT, BSTR*)
-    VBR_NOT_ASKED(get_accValue, VARIANT, BSTR*)
-    VBR_NOT_ASKED(get_accDescription, VARIANT, BSTR*)
-    VBR_NOT_ASKED(get_accRole, VARIANT, VARIANT*)
-    VBR_NOT_ASKED(get_accState, VARIANT, VARIANT*)
-    VBR_NOT_ASKED(get_accHelp, VARIANT, BSTR*)
-    VBR_NOT_ASKED(get_accHelpTopic, BSTR*, VARIANT, LONG*)
-    VBR_NOT_ASKED(get_accKeyboardShortcut, VARIANT, BSTR*)
-    VBR_NOT_ASKED(get_accFocus, VARIANT*)
-    VBR_NOT_ASKED(get_accSelection, VARIANT*)
-    VBR_NOT_ASKED(get_accDefaultAction, VARIANT, BSTR*)
-    VBR_NOT_ASKED(accSelect, LONG, VARIANT)
-    VBR_NOT_ASKED(accNavigate, LONG, VARIANT, VARIANT*)
-    VBR_NOT_ASKED(accHitTest, LONG, LONG, VARIANT*)
-    VBR_NOT_ASKED(accDoDefaultAction, VARIANT)
-    VBR_NOT_ASKED(put_accName, VARIANT, BSTR)
-    VBR_NOT_ASKED(put_accValue, VARIANT, BSTR)
-#undef VBR_NOT_ASKED
-};
-
-#pragma GCC diagnostic pop
-
-DrawnCaret g_drawnCaret;
-
+// The system's object for the window in the place of one for a caret that the program draws itself.
 LRESULT CALLBACK TellOfDrawnCaret(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message == WM_GETOBJECT && static_cast<LONG>(lParam) == OBJID_CARET) {
-        return LresultFromObject(__uuidof(IAccessible), wParam, &g_drawnCaret);
+    IAccessible* caret = nullptr;
+    if (message != WM_GETOBJECT || static_cast<LONG>(lParam) != OBJID_CARET ||
+        FAILED(CreateStdAccessibleObject(window, OBJID_CLIENT, __uuidof(IAccessible),
+                                         reinterpret_cast<void**>(&caret)))) {
+        return TargetThread::CallOriginal(window, message, wParam, lParam);
     }
-    return TargetThread::CallOriginal(window, message, wParam, lParam);
+    const LRESULT told = LresultFromObject(__uuidof(IAccessible), wParam, caret);
+    caret->Release();
+    return told;
 }
 
 TEST_F(HookAnswerTest, ACaretThatTheProgramDrawsItselfIsFoundByItsAccessibleObject) {
     const TargetThread target(L"Button", 0, TellOfDrawnCaret);
     const auto query = desk_.Ask(target.Window());
     ASSERT_TRUE(query);
-    EXPECT_EQ(query->PointX, DrawnCaret::kLeft);
-    EXPECT_EQ(query->PointY, DrawnCaret::kTop + DrawnCaret::kHeight);
+    RECT client{};
+    GetClientRect(target.Window(), &client);
+    POINT below = {client.left, client.bottom};
+    ClientToScreen(target.Window(), &below);
+    EXPECT_EQ(query->PointX, below.x);
+    EXPECT_EQ(query->PointY, below.y);
 }
 
 HANDLE g_blocked;
 
-// Holds its thread until the test lets it go.
-LRESULT CALLBACK BlockOnSelection(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message == EM_GETSEL) {
+// Holds its thread at that message until the test lets it go.
+template <UINT Held>
+LRESULT CALLBACK BlockOn(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == Held) {
         WaitForSingleObject(g_blocked, INFINITE);
     }
     return TargetThread::CallOriginal(window, message, wParam, lParam);
@@ -185,7 +136,7 @@ LRESULT CALLBACK BlockOnSelection(HWND window, UINT message, WPARAM wParam, LPAR
 TEST_F(HookAnswerTest, AControlThatNeverAnswersDoesNotHoldTheAnswerUp) {
     const UniqueHandle blocked(CreateEventW(nullptr, TRUE, FALSE, nullptr));
     g_blocked = blocked.get();
-    const TargetThread target(L"Edit", 0, BlockOnSelection);
+    const TargetThread target(L"Edit", 0, BlockOn<EM_GETSEL>);
     const auto query = desk_.Ask(target.Window());
     SetEvent(g_blocked);
     ASSERT_TRUE(query);
@@ -200,17 +151,10 @@ TEST_F(HookAnswerTest, AControlThatNeverAnswersDoesNotHoldTheAnswerUp) {
     EXPECT_EQ(next->SelText, u"one");
 }
 
-LRESULT CALLBACK BlockOnUser(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message == WM_USER) {
-        WaitForSingleObject(g_blocked, INFINITE);
-    }
-    return TargetThread::CallOriginal(window, message, wParam, lParam);
-}
-
 TEST_F(HookAnswerTest, AMessageThatWaitedInAHungProgramIsNotAnsweredAnyMore) {
     const UniqueHandle blocked(CreateEventW(nullptr, TRUE, FALSE, nullptr));
     g_blocked = blocked.get();
-    const TargetThread target(L"Button", 0, BlockOnUser);
+    const TargetThread target(L"Button", 0, BlockOn<WM_USER>);
     PostMessageW(target.Window(), WM_USER, 0, 0);
     ASSERT_TRUE(desk_.Post(target.Window()));
     Sleep(hook::kFreshMs + 100);

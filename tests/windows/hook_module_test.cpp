@@ -33,18 +33,6 @@ class HookModuleTest : public testing::Test {
     HookModule library_{(ProgramFolder() / "Vellumbridge.dll").u16string()};
 };
 
-TEST_F(HookModuleTest, TheFourFunctionsAreFoundByTheirNames) {
-    ASSERT_TRUE(library_.Load());
-    HMODULE module = GetModuleHandleW(L"Vellumbridge.dll");
-    ASSERT_TRUE(module);
-    for (const char* name :
-         {"WP_Install", "WP_Uninstall", "WP_GetTargetWindow", "WP_GetTargetWindowOther"}) {
-        EXPECT_TRUE(GetProcAddress(module, name)) << name;
-    }
-    library_.Unload();
-    EXPECT_FALSE(GetModuleHandleW(L"Vellumbridge.dll"));
-}
-
 TEST_F(HookModuleTest, InstallWantsTheNamesOfAllObjects) {
     ASSERT_TRUE(library_.Load());
     for (const auto name : {&WPInstallParams::DataNeededName, &WPInstallParams::DataCompletedName,

@@ -7,6 +7,8 @@
 #include <string>
 #include <tlhelp32.h>
 
+#include "desktop/driver/notepad.h"
+#include "desktop/driver/waiting.h"
 #include "platform/win32/handle.h"
 #include "windows/hook_desk.h"
 #include "windows/target_thread.h"
@@ -16,13 +18,8 @@ namespace {
 
 constexpr int kRounds = 200;
 
-template <typename Condition>
-bool WaitUntil(Condition holds) {
-    for (int i = 0; i < 1000 && !holds(); ++i) {
-        Sleep(20);
-    }
-    return holds();
-}
+using desktop::Notepad;
+using desktop::WaitUntil;
 
 bool BringToFront(HWND window) {
     return WaitUntil([window] {
@@ -31,92 +28,37 @@ bool BringToFront(HWND window) {
     });
 }
 
-// Notepad as another program, with its edit control.
-class Target {
-  public:
-    Target() {
-        STARTUPINFOW startup{};
-        startup.cb = sizeof startup;
-        PROCESS_INFORMATION process{};
-        wchar_t command[] = L"notepad.exe";
-        EXPECT_TRUE(CreateProcessW(nullptr, command, nullptr, nullptr, FALSE, 0, nullptr, nullptr,
-                                   &startup, &process));
-        CloseHandle(process.hThread);
-        process_.reset(process.hProcess);
-        EXPECT_TRUE(WaitUntil([&] { return FindEdit(process.dwProcessId); }));
-    }
-    ~Target() {
-        TerminateProcess(process_.get(), 0);
-        WaitForSingleObject(process_.get(), INFINITE);
-    }
-
-    HWND Window() const { return window_; }
-    HWND Edit() const { return edit_; }
-
-    bool HasHookLibrary() const {
-        const UniqueHandle modules(
-            CreateToolhelp32Snapshot(TH32CS_SNAPMODULE, GetProcessId(process_.get())));
-        MODULEENTRY32W module{};
-        module.dwSize = sizeof module;
-        bool any = false;
-        for (BOOL more = Module32FirstW(modules.get(), &module); more;
-             more = Module32NextW(modules.get(), &module)) {
-            any = true;
-            if (std::wstring(module.szModule) == L"Vellumbridge.dll") {
-                return true;
-            }
+bool HasHookLibrary(const Notepad& target) {
+    DWORD process = 0;
+    GetWindowThreadProcessId(target.Window(), &process);
+    const UniqueHandle modules(CreateToolhelp32Snapshot(TH32CS_SNAPMODULE, process));
+    MODULEENTRY32W module{};
+    module.dwSize = sizeof module;
+    bool any = false;
+    for (BOOL more = Module32FirstW(modules.get(), &module); more;
+         more = Module32NextW(modules.get(), &module)) {
+        any = true;
+        if (std::wstring(module.szModule) == L"Vellumbridge.dll") {
+            return true;
         }
-        EXPECT_TRUE(any);
-        return false;
     }
-
-  private:
-    bool FindEdit(DWORD process) {
-        HWND window = nullptr;
-        while (!edit_ && (window = FindWindowExW(nullptr, window, L"Notepad", nullptr))) {
-            DWORD owner = 0;
-            GetWindowThreadProcessId(window, &owner);
-            if (owner == process && IsWindowVisible(window)) {
-                window_ = window;
-                edit_ = FindWindowExW(window, nullptr, L"Edit", nullptr);
-            }
-        }
-        return edit_ != nullptr;
-    }
-
-    UniqueHandle process_;
-    HWND window_ = nullptr;
-    HWND edit_ = nullptr;
-};
+    EXPECT_TRUE(any);
+    return false;
+}
 
 TEST(HookTargetTest, NothingStaysInATargetHoweverOftenTheLibraryWasThere) {
-    const Target target;
+    const Notepad target;
     for (int round = 0; round < kRounds; ++round) {
         HookDesk desk;
         ASSERT_TRUE(desk.Install(QueryRoadChoice::Posted)) << round;
         ASSERT_TRUE(desk.Ask(target.Edit())) << round;
         ASSERT_TRUE(desk.Uninstall()) << round;
-        ASSERT_TRUE(WaitUntil([&] { return !target.HasHookLibrary(); })) << round;
+        ASSERT_TRUE(WaitUntil([&] { return !HasHookLibrary(target); })) << round;
     }
-}
-
-TEST(HookTargetTest, AHundredQueriesInARowAreAnsweredInFull) {
-    const Target target;
-    HookDesk desk;
-    ASSERT_TRUE(desk.Install(QueryRoadChoice::Posted));
-    for (int i = 0; i < 100; ++i) {
-        const std::wstring text = L"text " + std::to_wstring(i);
-        SendMessageW(target.Edit(), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text.c_str()));
-        SendMessageW(target.Edit(), EM_SETSEL, 0, -1);
-        const auto query = desk.Ask(target.Edit());
-        ASSERT_TRUE(query) << i;
-        EXPECT_EQ(query->SelText, FromWide(text.c_str()));
-    }
-    EXPECT_TRUE(target.HasHookLibrary());
 }
 
 TEST(HookTargetTest, OnTheLocalRoadNothingEntersOtherPrograms) {
-    const Target target;
+    const Notepad target;
     for (const QueryRoadChoice road : {QueryRoadChoice::Local, QueryRoadChoice::OfSystem}) {
         HookDesk desk;
         ASSERT_TRUE(desk.Install(road));
@@ -125,7 +67,7 @@ TEST(HookTargetTest, OnTheLocalRoadNothingEntersOtherPrograms) {
         ASSERT_TRUE(desk.Post(target.Edit()));
         SendMessageW(target.Edit(), WM_NULL, 0, 0);
         EXPECT_FALSE(desk.WaitForAnswer(0));
-        EXPECT_FALSE(target.HasHookLibrary());
+        EXPECT_FALSE(HasHookLibrary(target));
     }
 }
 
@@ -144,9 +86,9 @@ TEST(HookTargetTest, TheTargetIsTheFocusInFrontAndTheOtherIsTheLastProgramInFron
     HookModule& library = desk.Library();
     const TargetThread own(L"Edit", 0);
     {
-        const Target first;
+        const Notepad first;
         {
-            const Target second;
+            const Notepad second;
             ASSERT_TRUE(BringToFront(first.Window()));
             EXPECT_TRUE(
                 WaitUntil([&] { return library.GetTargetWindow() == number(first.Edit()); }));
@@ -163,24 +105,6 @@ TEST(HookTargetTest, TheTargetIsTheFocusInFrontAndTheOtherIsTheLastProgramInFron
         // The last one is gone; its number is good for nothing.
         EXPECT_NE(library.GetTargetWindowOther(), number(GetForegroundWindow()));
     }
-}
-
-TEST(HookTargetTest, TheFocusCanBeGivenBackToTheOtherWindow) {
-    HookDesk desk;
-    ASSERT_TRUE(desk.Install(QueryRoadChoice::Local));
-    const Target target;
-    ASSERT_TRUE(BringToFront(target.Window()));
-    const TargetThread own(L"Edit", 0);
-    ASSERT_TRUE(BringToFront(own.Window()));
-    Pump();
-    const HWND other = reinterpret_cast<HWND>(desk.Library().GetTargetWindowOther());
-    const DWORD thread = GetWindowThreadProcessId(other, nullptr);
-    ASSERT_TRUE(AttachThreadInput(GetCurrentThreadId(), thread, TRUE));
-    SetActiveWindow(other);
-    SetForegroundWindow(other);
-    SetFocus(other);
-    AttachThreadInput(GetCurrentThreadId(), thread, FALSE);
-    EXPECT_TRUE(WaitUntil([&] { return GetForegroundWindow() == target.Window(); }));
 }
 
 TEST(HookTargetTest, TheLibraryNeedsNothingButTheSystem) {

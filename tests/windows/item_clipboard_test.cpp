@@ -12,17 +12,13 @@
 #include "platform/win32/win_clipboard_access.h"
 #include "platform/win32/win_locale.h"
 #include "platform/win32/win_rich_text_engine.h"
+#include "windows/message_window.h"
 
 namespace vbr {
 namespace {
 
 class WinItemClipboard : public testing::Test {
   protected:
-    WinItemClipboard()
-        : owner_(CreateWindowExW(0, L"STATIC", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr,
-                                 nullptr)) {}
-    ~WinItemClipboard() override { DestroyWindow(owner_); }
-
     void AddPicture(std::shared_ptr<void> bitmap) {
         auto item = std::make_unique<CCHItem>(CHF_BITMAP, 0, TimeAt(0));
         item->SetPicture(pictures_.FromObject(std::move(bitmap)));
@@ -33,14 +29,14 @@ class WinItemClipboard : public testing::Test {
         return clipboard ? clipboard->Read(format) : std::nullopt;
     }
 
-    HWND owner_;
+    MessageWindow owner_;
     HistoryDesk desk_;
     CCHQueue& queue_ = desk_.Queue;
     WinAnsiText ansi_;
     WinBitmaps pictures_;
     WinLocale locale_;
     WinRichTextEngine engine_{desk_.Log};
-    WinClipboardAccess access_{owner_};
+    WinClipboardAccess access_{owner_.Get()};
     ItemTexts texts_{ansi_, engine_, desk_.Log};
     ItemClipboard clipboard_{{queue_, access_, pictures_, texts_, locale_, desk_.Log}};
 };

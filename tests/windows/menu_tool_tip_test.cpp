@@ -9,6 +9,7 @@
 #include "platform/object_names.h"
 #include "platform/win32/menu_handle.h"
 #include "platform/win32/wide.h"
+#include "windows/message_window.h"
 
 namespace vbr {
 namespace {
@@ -39,13 +40,12 @@ class PlainTip : public CMenuToolTipTracked {
 
 class MenuTip : public testing::Test {
   protected:
-    MenuTip() : menu_(CreatePopupMenu()), window_(MakeWindow()) {
+    MenuTip() : menu_(CreatePopupMenu()) {
         SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
         SetWindowLongPtrW(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&Answer));
         AppendMenuW(menu_.get(), MF_STRING, kItem, L"An item");
         tip_.CreateTip(window_, u"default", TTS_NOPREFIX, u"");
     }
-    ~MenuTip() override { DestroyWindow(window_); }
 
     std::u16string TextAfterRest() {
         tip_.OnMenuSelect(kItem, 0, menu_.get());
@@ -58,14 +58,11 @@ class MenuTip : public testing::Test {
     std::uint32_t askedFor_ = 0;
     FakeClock clock_;
     UniqueMenu menu_;
-    HWND window_;
+    MessageWindow owner_;
+    HWND window_ = owner_.Get();
     PlainTip tip_{clock_};
 
   private:
-    static HWND MakeWindow() {
-        return CreateWindowExW(0, L"Static", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr,
-                               nullptr);
-    }
     static LRESULT CALLBACK Answer(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
         auto& test = *reinterpret_cast<MenuTip*>(GetWindowLongPtrW(window, GWLP_USERDATA));
         if (message != RegisterWindowMessageW(Wide(kMessageMenuTip.data())) || !test.given_) {

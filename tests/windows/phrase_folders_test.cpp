@@ -3,8 +3,8 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <set>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "fakes/fake_clock.h"
@@ -25,7 +25,7 @@ class PhraseFoldersOnDisk : public testing::Test {
   protected:
     ~PhraseFoldersOnDisk() override {
         saver_.Flush();
-        Remove(Verbatim(folder_.Path()));
+        Remove(folder_.Path());
     }
 
     // The tests' own way to paths that plain calls don't reach.
@@ -36,8 +36,6 @@ class PhraseFoldersOnDisk : public testing::Test {
         return parent / name;
     }
 
-    void Load() { tree_.LoadTree(folder_.Path()); }
-
     TempFolder folder_;
     WinFileStore store_;
     MemoryLog log_;
@@ -47,65 +45,66 @@ class PhraseFoldersOnDisk : public testing::Test {
     CVBRCommandTree tree_{files_, saver_, clock_, log_};
 
   private:
-    static void Remove(const std::wstring& folder) {
-        WIN32_FIND_DATAW entry{};
-        const HANDLE search = FindFirstFileW((folder + L"\\*").c_str(), &entry);
-        do {
-            const std::wstring_view name = entry.cFileName;
-            const std::wstring full = folder + L"\\" + entry.cFileName;
-            if ((entry.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0) {
-                DeleteFileW(full.c_str());
-            } else if (name != L"." && name != L"..") {
-                Remove(full);
+    void Remove(const path& folder) {
+        std::vector<FolderEntry> entries;
+        store_.List(folder, entries);
+        for (const FolderEntry& entry : entries) {
+            if (entry.Kind == PathKind::Folder) {
+                Remove(folder / entry.Name);
+            } else {
+                DeleteFileW(Verbatim(folder / entry.Name).c_str());
             }
-        } while (FindNextFileW(search, &entry));
-        FindClose(search);
-        RemoveDirectoryW(folder.c_str());
+        }
+        RemoveDirectoryW(Verbatim(folder).c_str());
     }
 };
 
-TEST_F(PhraseFoldersOnDisk, APhraseBeyondTheOldPathLimitLoadsAndIsSaved) {
-    path folder = folder_.Path();
-    while (folder.native().size() < 400) {
-        folder = MakeFolder(folder, std::wstring(60, L'f'));
+TEST_F(PhraseFoldersOnDisk, APhraseIsLoadedAndSavedUnderNamesThatPlainCallsDoNotReach) {
+    path deep = folder_.Path();
+    while (deep.native().size() < 400) {
+        deep = MakeFolder(deep, std::wstring(60, L'f'));
     }
-    const path file = folder / "p.vellumbridge";
-    ASSERT_FALSE(store_.Replace(file, kPhrase));
-    Load();
-    const auto id = tree_.NextCommandId() - 1;
-    ASSERT_NE(tree_.FindCommand(id), nullptr);
-    EXPECT_EQ(tree_.FindCommand(id)->FilePath, file);
-    tree_.RecordUsage(id);
-    saver_.Flush();
-    Load();
-    EXPECT_EQ(tree_.FindCommand(id)->UsageCount, 1);
-    EXPECT_EQ(tree_.FindCommand(id)->Cmd, u"text");
-    // A record without a file finds the name taken there too.
-    tree_.FindCommand(id)->Text = u"p";
-    tree_.FindCommand(id)->FilePath.clear();
-    tree_.SaveCommand(id);
-    EXPECT_EQ(tree_.FindCommand(id)->FilePath, folder / "p2.vellumbridge");
+    std::set<path> files = {deep / "p.vellumbridge"};
+    for (const wchar_t* name : {L"end", L"end.", L"end "}) {
+        files.insert(MakeFolder(folder_.Path(), name) / "p.vellumbridge");
+    }
+    for (const path& file : files) {
+        ASSERT_FALSE(store_.Replace(file, kPhrase)) << file;
+    }
+    const auto countUsed = [&] {
+        std::size_t used = 0;
+        tree_.LoadTree(folder_.Path());
+        for (std::uint32_t id = 1; id < tree_.NextCommandId(); ++id) {
+            const VBRCommand& record = *tree_.FindCommand(id);
+            used += files.contains(record.FilePath) && record.UsageCount == 1;
+            if (!record.IsGroup()) {
+                tree_.RecordUsage(id);
+            }
+        }
+        saver_.Flush();
+        return used;
+    };
+    EXPECT_EQ(countUsed(), 0U);
+    EXPECT_EQ(countUsed(), files.size());
     EXPECT_THAT(log_.Lines, IsEmpty());
 }
 
-TEST_F(PhraseFoldersOnDisk, ANameThatEndsInAPointOrBlankIsItsOwn) {
-    for (const wchar_t* name : {L"end", L"end.", L"end "}) {
-        const path folder = MakeFolder(folder_.Path(), name);
-        ASSERT_FALSE(store_.Replace(folder / "p.vellumbridge", kPhrase));
-    }
-    Load();
-    EXPECT_EQ(tree_.CountCommands().Total, 6U);
-    ASSERT_EQ(tree_.Commands().size(), 3U);
-    for (const VBRCommand& group : tree_.Commands()) {
-        const std::vector<VBRCommand>& phrases = *group.Commands;
-        ASSERT_EQ(phrases.size(), 1U) << group.FilePath;
-        tree_.RecordUsage(phrases[0].CMDID);
+TEST_F(PhraseFoldersOnDisk, TheLastOfManySavesIsWhatTheFileHolds) {
+    constexpr int kSaves = 200;
+    VBRCommand record;
+    record.Text = u"Greeting";
+    record.FilePath = folder_.Path() / u"Привет.vellumbridge";
+    for (int i = 1; i <= kSaves; ++i) {
+        // Texts of falling length: what is left of a longer one would show.
+        record.Cmd = std::u16string(static_cast<std::size_t>(kSaves - i) * 10, u'x');
+        record.UsageCount = i;
+        saver_.SaveCommandAsync(record);
     }
     saver_.Flush();
-    Load();
-    for (const VBRCommand& group : tree_.Commands()) {
-        EXPECT_EQ(group.Commands->at(0).UsageCount, 1) << group.FilePath;
-    }
+    VBRCommand read;
+    EXPECT_EQ(files_.ReadCommandFile(read, record.FilePath), CommandReadResult::Ok);
+    EXPECT_EQ(read.UsageCount, kSaves);
+    EXPECT_EQ(read.Cmd, u"");
     EXPECT_THAT(log_.Lines, IsEmpty());
 }
 

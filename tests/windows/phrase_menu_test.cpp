@@ -118,26 +118,6 @@ TEST_F(PhraseMenuPainting, AnItemWithoutDataIsToldAndMeasuringGoesOn) {
     painter_.End();
 }
 
-TEST_F(PhraseMenuPainting, FiveThousandItemsAndOddLabelsAreTaken) {
-    PhraseMenu items(5000);
-    for (std::size_t i = 0; i < items.size(); ++i) {
-        items[i].Info.CommandId = static_cast<std::uint32_t>(i) + 1;
-        items[i].Info.Label = i % 2 == 0 ? std::u16string(120, u'&') : u"שלום\xD800 עולם";
-    }
-    ShownMenu menu(std::move(items));
-    EXPECT_EQ(GetMenuItemCount(menu.Root()), 5000);
-    painter_.Begin(menu, 96);
-    for (UINT i = 0; i < 5000; i += 777) {
-        MEASUREITEMSTRUCT measured{};
-        measured.itemData = DataOf(menu.Root(), i);
-        ASSERT_EQ(painter_.OnMenuMEASUREITEM(measured), 1);
-        ASSERT_GT(measured.itemWidth, 50U);
-        ASSERT_EQ(Draw(measured.itemData), 1);
-    }
-    EXPECT_TRUE(box_.Shown.empty());
-    painter_.End();
-}
-
 TEST_F(PhraseMenuPainting, AGrayIconHasNoColourAndKeepsItsShape) {
     const UniqueIcon colored(CopyIcon(LoadIconW(nullptr, IDI_ERROR)));
     const UniqueIcon gray = MakeGrayIcon(colored.get());

@@ -3,7 +3,6 @@
 
 #include "platform/win32/windows.h"
 
-#include <algorithm>
 #include <cstring>
 #include <gtest/gtest.h>
 
@@ -11,7 +10,6 @@
 #include "platform/object_names.h"
 #include "platform/win32/handle.h"
 #include "platform/win32/wide.h"
-#include "platform/win32/win_keyboard_layouts.h"
 #include "platform/win32/win_menu_font.h"
 #include "platform/win32/win_named_objects.h"
 #include "platform/win32/win_profile_store.h"
@@ -47,6 +45,12 @@ TEST_F(WinSettingsTest, StructValuesAreThoseOfTheSystem) {
     EXPECT_EQ(read, bytes);
 }
 
+TEST_F(WinSettingsTest, ALongValueIsNotCut) {
+    const std::u16string value = std::u16string(299, u'ж') + u'!';
+    folder_.Write("Settings.ini", Utf16Bytes(u"[Main]\r\nLong=" + value + u"\r\n"));
+    EXPECT_EQ(profile_.ReadString(file_, u"Main", u"Long"), value);
+}
+
 TEST_F(WinSettingsTest, TheMenuFontOfTheSystemSurvivesAFile) {
     const FontBytes font = SystemMenuFont();
     LOGFONTW parts{};
@@ -69,56 +73,23 @@ TEST_F(WinSettingsTest, ASavedFileIsReadBackByTheSystemsCalls) {
     EXPECT_EQ(Make({}).GetLanguageFileName(), u"C:\\App\\Русский.lng");
 }
 
-TEST(WinKeyboardLayoutsTest, TheDefaultInputLanguageIsAnInstalledOne) {
-    const WinKeyboardLayouts layouts;
-    const std::vector<Lcid> installed = layouts.InstalledLanguages();
-    EXPECT_NE(std::find(installed.begin(), installed.end(), layouts.DefaultInputLanguage()),
-              installed.end());
-}
-
-class SharedAreaTest : public testing::Test {
-  protected:
-    static UniqueHandle Open() {
+TEST(SharedArea, AnotherProgramReadsTheLastTextAsLongAsTheWriterLives) {
+    const auto open = [] {
         return UniqueHandle(OpenFileMappingW(FILE_MAP_READ, FALSE, Wide(kAreaSettings.data())));
-    }
-    // What another program reads there.
-    static std::string Area() {
-        const UniqueHandle mapping = Open();
-        const void* view = mapping ? MapViewOfFile(mapping.get(), FILE_MAP_READ, 0, 0, 0) : nullptr;
-        const std::string text = view ? static_cast<const char*>(view) : "(none)";
-        UnmapViewOfFile(view);
-        return text;
-    }
-
-    WinNamedObjects objects_;
-};
-
-TEST_F(SharedAreaTest, AnotherProgramReadsTheLastText) {
-    SharedSettings shared(objects_);
-    for (const std::u16string_view selected : {u"a longer text", u"x", u"Фраза"}) {
-        EXPECT_TRUE(shared.WriteSharedSettings(13, 3, true, selected));
-        EXPECT_EQ(Area(), SharedSettingsText(13, 3, true, selected));
-    }
-}
-
-TEST_F(SharedAreaTest, TheBlockHoldsOneByteLessThanItsSize) {
-    const auto block = objects_.Create(kAreaSettings, kAreaSettingsSize);
-    ASSERT_TRUE(block);
-    const std::string longest(kAreaSettingsSize - 1, 'x');
-    EXPECT_TRUE(block->Write(longest));
-    EXPECT_FALSE(block->Write(longest + "y"));
-    EXPECT_EQ(Area(), longest);
-}
-
-TEST_F(SharedAreaTest, NoHandleIsLeftHoweverOftenItIsWritten) {
+    };
     {
-        SharedSettings shared(objects_);
-        for (int i = 0; i < 3; ++i) {
-            EXPECT_TRUE(shared.WriteSharedSettings(13, 3, false, u""));
+        WinNamedObjects objects;
+        SharedSettings shared(objects);
+        for (const std::u16string_view selected : {u"a longer text", u"x", u"Фраза"}) {
+            EXPECT_TRUE(shared.WriteSharedSettings(13, 3, true, selected));
+            const UniqueHandle area = open();
+            const void* view = MapViewOfFile(area.get(), FILE_MAP_READ, 0, 0, 0);
+            ASSERT_TRUE(view);
+            EXPECT_EQ(static_cast<const char*>(view), SharedSettingsText(13, 3, true, selected));
+            UnmapViewOfFile(view);
         }
-        EXPECT_TRUE(Open());
     }
-    EXPECT_FALSE(Open());
+    EXPECT_FALSE(open());
 }
 
 }  // namespace

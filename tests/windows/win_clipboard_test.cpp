@@ -3,21 +3,19 @@
 
 #include "platform/win32/windows.h"
 
-#include <cstring>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <string_view>
+
+#include "windows/global_memory.h"
 
 namespace vbr {
 namespace {
 
 // Leaves exactly these bytes on the clipboard, with no terminator of ours.
 bool Put(UINT format, std::string_view bytes) {
-    HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE, bytes.size());
-    std::memcpy(GlobalLock(block), bytes.data(), bytes.size());
-    GlobalUnlock(block);
-    const bool put =
-        OpenClipboard(nullptr) && EmptyClipboard() && SetClipboardData(format, block) != nullptr;
+    const bool put = OpenClipboard(nullptr) && EmptyClipboard() &&
+                     SetClipboardData(format, MemoryOf(bytes)) != nullptr;
     CloseClipboard();
     return put;
 }

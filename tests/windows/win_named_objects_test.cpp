@@ -2,6 +2,7 @@
 #include "platform/win32/win_named_objects.h"
 
 #include <atomic>
+#include <cstring>
 #include <gtest/gtest.h>
 #include <thread>
 
@@ -12,6 +13,8 @@ namespace vbr {
 namespace {
 
 constexpr std::u16string_view kName = u"Local\\Vellumbridge_Test_Object";
+
+constexpr std::uint32_t kPage = 4096;
 
 // Only for waits that are over at once when all is well.
 constexpr std::uint32_t kPatienceMs = 20'000;
@@ -29,23 +32,18 @@ class WinNamedObjectsTest : public testing::Test {
     WinNamedObjects objects_;
 };
 
-TEST_F(WinNamedObjectsTest, AManualEventStaysSetUntilItIsReset) {
-    const auto event = CreateEvent(EventReset::Manual);
-    ASSERT_TRUE(event);
-    EXPECT_EQ(event->Wait(0), WaitResult::TimedOut);
-    event->Set();
-    EXPECT_EQ(event->Wait(0), WaitResult::Signalled);
-    EXPECT_EQ(event->Wait(0), WaitResult::Signalled);
-    event->Reset();
-    EXPECT_EQ(event->Wait(0), WaitResult::TimedOut);
-}
-
-TEST_F(WinNamedObjectsTest, AnAutomaticEventIsUsedUpByOneWait) {
-    const auto event = CreateEvent(EventReset::Automatic);
-    ASSERT_TRUE(event);
-    event->Set();
-    EXPECT_EQ(event->Wait(0), WaitResult::Signalled);
-    EXPECT_EQ(event->Wait(0), WaitResult::TimedOut);
+TEST_F(WinNamedObjectsTest, OnlyAnAutomaticEventIsUsedUpByOneWait) {
+    for (const auto& [reset, second] : {std::pair(EventReset::Manual, WaitResult::Signalled),
+                                        std::pair(EventReset::Automatic, WaitResult::TimedOut)}) {
+        const auto event = CreateEvent(reset);
+        ASSERT_TRUE(event);
+        EXPECT_EQ(event->Wait(0), WaitResult::TimedOut);
+        event->Set();
+        EXPECT_EQ(event->Wait(0), WaitResult::Signalled);
+        EXPECT_EQ(event->Wait(0), second);
+        event->Reset();
+        EXPECT_EQ(event->Wait(0), WaitResult::TimedOut);
+    }
 }
 
 TEST_F(WinNamedObjectsTest, SignalSaysWhetherSomebodyListens) {
@@ -96,13 +94,12 @@ TEST_F(WinNamedObjectsTest, ANameOfAnotherKindOfObjectGivesNothing) {
 }
 
 TEST_F(WinNamedObjectsTest, OnlyAWorldEventIsOpenToEverybody) {
-    auto event = CreateEvent(EventReset::Manual, ObjectAccess::World);
-    ASSERT_TRUE(event);
-    EXPECT_EQ(AccessListOf(HandleOf(event), SE_KERNEL_OBJECT), kOpenToEverybody);
-    event.reset();
-    event = CreateEvent(EventReset::Manual, ObjectAccess::Default);
-    ASSERT_TRUE(event);
-    EXPECT_NE(AccessListOf(HandleOf(event), SE_KERNEL_OBJECT), kOpenToEverybody);
+    for (const auto access : {ObjectAccess::World, ObjectAccess::Default}) {
+        const auto event = CreateEvent(EventReset::Manual, access);
+        ASSERT_TRUE(event);
+        EXPECT_EQ(AccessListOf(HandleOf(event), SE_KERNEL_OBJECT) == kOpenToEverybody,
+                  access == ObjectAccess::World);
+    }
 }
 
 TEST_F(WinNamedObjectsTest, ASharedBlockIsOpenToEverybodyAsLongAsItIsHeld) {
@@ -110,17 +107,34 @@ TEST_F(WinNamedObjectsTest, ASharedBlockIsOpenToEverybodyAsLongAsItIsHeld) {
         return UniqueHandle(
             OpenFileMappingW(FILE_MAP_WRITE | READ_CONTROL, FALSE, Wide(kName.data())));
     };
-    auto block = objects_.Create(kName, 4096);
+    auto block = objects_.Create(kName, kPage);
     ASSERT_TRUE(block);
     UniqueHandle mapping = open();
     ASSERT_TRUE(mapping);
     EXPECT_EQ(AccessListOf(mapping.get(), SE_KERNEL_OBJECT), kOpenToEverybody);
-    void* view = MapViewOfFile(mapping.get(), FILE_MAP_WRITE, 0, 0, 4096);
-    EXPECT_NE(view, nullptr);
-    UnmapViewOfFile(view);
     mapping.reset();
     block.reset();
     EXPECT_FALSE(open());
+    EXPECT_FALSE(objects_.OpenBlock(kName));
+}
+
+TEST_F(WinNamedObjectsTest, ASharedBlockKeepsATextWithItsZeroByteWithinItsSize) {
+    const auto block = objects_.Create(kName, 100);
+    ASSERT_TRUE(block);
+    const std::string longest(99, 'x');
+    EXPECT_TRUE(block->Write(longest));
+    EXPECT_FALSE(block->Write(longest + "y"));
+    EXPECT_EQ(objects_.OpenBlock(kName)->Read().Bytes, longest);
+}
+
+TEST_F(WinNamedObjectsTest, ASharedBlockWithoutAZeroByteIsNotRead) {
+    const auto block = objects_.Create(kName, kPage);
+    const UniqueHandle mapping(OpenFileMappingW(FILE_MAP_WRITE, FALSE, Wide(kName.data())));
+    void* view = MapViewOfFile(mapping.get(), FILE_MAP_WRITE, 0, 0, 0);
+    ASSERT_TRUE(view);
+    std::memset(view, 'x', kPage);
+    UnmapViewOfFile(view);
+    EXPECT_EQ(objects_.OpenBlock(kName)->Read().State, SharedTextState::NotReadable);
 }
 
 TEST_F(WinNamedObjectsTest, AProtectedEventCannotBeClosedByMistake) {

@@ -2,12 +2,12 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "fakes/fake_clock.h"
-#include "fakes/fake_locale.h"
-#include "fakes/fake_system_info.h"
+#include "base/text.h"
 #include "fakes/memory_log.h"
+#include "history/rich_edits.h"
 #include "macros/rich_macros.h"
 #include "platform/rich_source.h"
+#include "platform/win32/win_locale.h"
 #include "platform/win32/win_rich_text_engine.h"
 
 namespace vbr {
@@ -24,14 +24,17 @@ std::u16string Nested(std::size_t depth) {
     return Concat(u"{\\rtf1 ", std::u16string(depth - 1, u'{'), u"x", std::u16string(depth, u'}'));
 }
 
+constexpr std::u16string_view kHead =
+    u"{\\rtf1\\ansi{\\fonttbl{\\f0\\fswiss Arial;}{\\f1\\fmodern Courier New;}}"
+    u"{\\colortbl;\\red255\\green0\\blue0;\\red0\\green0\\blue255;}";
+
 class WinRichText : public testing::Test {
   protected:
-    std::string Saved() const {
-        const auto source = engine_.SaveSource();
-        return source ? Utf16ToUtf8(*source) : "nothing";
-    }
+    std::string Saved() const { return Utf16ToUtf8(engine_.SaveSource().value_or(u"nothing")); }
+    bool Load(std::u16string_view body) { return engine_.LoadSource(Concat(kHead, body, u"}")); }
 
     MemoryLog log_;
+    WinLocale locale_;
     WinRichTextEngine engine_{log_, std::chrono::hours(1)};
 };
 
@@ -49,8 +52,7 @@ TEST_F(WinRichText, PlainTextHasTheCharactersOfEveryKindOfSource) {
 }
 
 TEST_F(WinRichText, ASavedSourceLoadsAgainWithItsTextAndFormat) {
-    ASSERT_TRUE(engine_.LoadSource(
-        u"{\\rtf1\\ansi{\\colortbl;\\red255\\green0\\blue0;}a\\b\\cf1 Д😀\\b0\\cf0\\par c}"));
+    ASSERT_TRUE(Load(u"a\\b\\cf1 Д😀\\b0\\cf0\\par c"));
     const auto first = engine_.SaveSource();
     ASSERT_TRUE(first && engine_.LoadSource(*first));
     EXPECT_EQ(engine_.PlainText(), u"aД😀\r\nc");
@@ -77,9 +79,7 @@ TEST_F(WinRichText, FindsInExactCaseFromAPlaceAndAcrossFormats) {
 }
 
 TEST_F(WinRichText, AReplacedRangeKeepsItsFormatAndAColourCanBeSet) {
-    ASSERT_TRUE(engine_.LoadSource(
-        u"{\\rtf1\\ansi{\\colortbl;\\red255\\green0\\blue0;\\red0\\green0\\blue255;}"
-        u"a\\cf1\\b old\\b0\\cf2 z}"));
+    ASSERT_TRUE(Load(u"a\\cf1\\b old\\b0\\cf2 z"));
     engine_.ReplaceRange({1, 4}, u"П\r\n😀");
     EXPECT_EQ(engine_.PlainText(), u"aП\r\n😀z");
     EXPECT_EQ(engine_.ColorOf({1, 5}), kRed);
@@ -124,26 +124,61 @@ TEST_F(WinRichText, ALargeSourceIsWhole) {
     EXPECT_EQ(engine_.PlainText().size(), lines * 66 + 1);
 }
 
-TEST_F(WinRichText, MacrosOfASourceAreExpandedInTheirFormat) {
-    FakeClock clock;
-    FakeLocale locale;
-    FakeSystemInfo system;
-    FakeKeyboardLayouts layouts;
-    MacroValues values(clock, locale, system);
-    MacroEngine macros(values, layouts, locale, log_);
-    const RichMacros rich(macros, layouts, locale, engine_);
-    std::u16string source =
-        u"{\\rtf1\\ansi{\\colortbl;\\red255\\green0\\blue0;\\red0\\green0\\blue255;}"
-        u"\\b\\cf1 %ACTIVATE_KL_RU%a\\cf2 %SELECTED_\\i TEXT%\\i0\\b0\\par\\cf0 "
-        u"b%CURSOR_POS%c\\par d%CLIPBOARD_TEXT%\\par}";
-    const MacroOutcome outcome =
-        rich.ExpandMacrosRich(source, {u"Привет\r\n😀", u"{\\b}", kEnglish});
-    EXPECT_EQ(outcome.Replaced, 4U);
-    EXPECT_EQ(outcome.Layout, kRussian);
-    EXPECT_EQ(outcome.CursorBack, 7U);  // from "c": a paragraph's end is one step
-    EXPECT_EQ(RichToPlainText(source, engine_), u"aПривет\r\n😀\r\nbc\r\nd{\\b}");
-    EXPECT_EQ(engine_.ColorOf({0, 10}), kRed);
-    EXPECT_EQ(engine_.ColorOf({11, 12}), kAutomatic);
+TEST_F(WinRichText, LettersTurnInTheirFontsAndLoseBoldAndColour) {
+    const std::u16string source = Concat(
+        kHead, u"\\f0\\fs20 One \\b b\\u1078?ld\\b0\\fs40\\cf1 red\\f1 c\\'e9\\cf0\\par\\tab ",
+        u"\\ul x\\ulnone 1\\u-10179?\\u-8704?\\par}");
+    ASSERT_TRUE(LoadRichInCase(engine_, source, LetterCase::Upper, locale_));
+    EXPECT_EQ(engine_.PlainText(), u"ONE BЖLDREDCÉ\r\n\tX1😀");
+    const std::string saved = Saved();
+    EXPECT_THAT(saved, HasSubstr("\\fs40"));
+    EXPECT_THAT(saved, HasSubstr("Courier New"));
+    EXPECT_THAT(saved, Not(HasSubstr("\\b\\")));
+    EXPECT_THAT(saved, Not(HasSubstr("\\ul")));
+    EXPECT_EQ(engine_.ColorOf({0, 5}), (TextColor{false, 0}));
+    EXPECT_EQ(engine_.SameFormatEnd({0, 15}), 8U);
+    EXPECT_EQ(engine_.SameFormatEnd({8, 15}), 11U);
+
+    ASSERT_TRUE(LoadRichInCase(engine_, source, LetterCase::Lower, locale_));
+    EXPECT_EQ(engine_.PlainText(), u"one bжldredcé\r\n\tx1😀");
+    ASSERT_TRUE(engine_.LoadSource(u"{\\rtf1 As It Is}"));
+    EXPECT_EQ(engine_.PlainText(), u"As It Is");
+}
+
+TEST_F(WinRichText, EndsAreTrimmedAndLinesJoinedInTheirFormats) {
+    ASSERT_TRUE(Load(u"  \\cf1\\b a\\b0 \\cf0\\tab  b \\par\\par\\par"));
+    EXPECT_EQ(TrimRich(engine_), 4U);  // blanks go first, and one stands before the line ends
+    EXPECT_EQ(engine_.PlainText(), u"a\t b ");
+    EXPECT_THAT(Saved(), HasSubstr("\\b"));
+    ASSERT_TRUE(Load(u"\\par  \\par "));
+    EXPECT_GT(TrimRich(engine_), 0U);
+    EXPECT_EQ(engine_.Length(), 0U);
+    ASSERT_TRUE(Load(u"a\\par\\cf1\\b bold\\b0\\par\\par c d\\cf0\\par"));
+    EXPECT_EQ(JoinRich(engine_), 3U);
+    EXPECT_EQ(engine_.PlainText(), u"a bold  c d");
+    EXPECT_EQ(engine_.ColorOf({2, 6}), kRed);
+    EXPECT_THAT(Saved(), HasSubstr("\\b"));
+}
+
+TEST_F(WinRichText, ALoadThatTakesTooLongIsGivenUpAndLogged) {
+    WinRichTextEngine impatient(log_, std::chrono::milliseconds(-1));
+    EXPECT_FALSE(impatient.LoadSource(u"{\\rtf1 text}"));
+    EXPECT_EQ(impatient.Text(), u"");
+    ASSERT_EQ(log_.Lines.size(), 1U);
+    EXPECT_THAT(Utf16ToUtf8(log_.Lines[0]), HasSubstr("12 bytes"));
+}
+
+TEST_F(WinRichText, ATextThatIsTooLargeIsRefusedAndAPictureOfThatSizeIsNot) {
+    const std::u16string large(kMaxRichText + 1, u'0');
+    std::u16string text = large;
+    for (std::size_t i = 0; i < text.size(); i += 9) {
+        text[i] = u' ';
+    }
+    EXPECT_FALSE(Load(text));
+    ASSERT_EQ(log_.Lines.size(), 1U);
+    EXPECT_THAT(Utf16ToUtf8(log_.Lines[0]), HasSubstr("too large"));
+    ASSERT_TRUE(Load(Concat(u"a{\\pict\\wmetafile8\\picw9\\pich9 ", large, u"}b")));
+    EXPECT_EQ(engine_.PlainText(), u"ab");
 }
 
 }  // namespace

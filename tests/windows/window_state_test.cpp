@@ -3,16 +3,18 @@
 
 #include <gtest/gtest.h>
 
+#include "windows/message_window.h"
+
 namespace vbr {
 namespace {
 
 TEST(WindowStateOf, TellsTheClassOfAWindowAndThatOneIsGone) {
-    const HWND window =
-        CreateWindowExW(0, L"STATIC", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
-    const WindowState alive = StateOf(window);
-    DestroyWindow(window);
-    const WindowState gone = StateOf(window);
-    EXPECT_EQ(alive.Window, reinterpret_cast<WindowHandle>(window));
+    MessageWindow window;
+    const HWND handle = window.Get();
+    const WindowState alive = StateOf(handle);
+    window.Destroy();
+    const WindowState gone = StateOf(handle);
+    EXPECT_EQ(alive.Window, reinterpret_cast<WindowHandle>(handle));
     EXPECT_TRUE(alive.IsWindow);
     EXPECT_EQ(alive.ClassName, u"Static");
     EXPECT_FALSE(gone.IsWindow);

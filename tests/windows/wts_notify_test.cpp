@@ -3,14 +3,14 @@
 
 #include <gtest/gtest.h>
 
+#include "windows/message_window.h"
+
 namespace vbr {
 namespace {
 
 TEST(WtsNotify, AWindowIsRegisteredOnceUntilTheSystemLetsItGo) {
-    const HWND window =
-        CreateWindowExW(0, L"STATIC", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
-    ASSERT_TRUE(window);
-    const auto handle = reinterpret_cast<WindowHandle>(window);
+    MessageWindow window;
+    const WindowHandle handle = window.Number();
     CWtsNotify notify;
     EXPECT_FALSE(notify.IsRegistered(handle));
     EXPECT_TRUE(notify.Register(handle, true));
@@ -19,7 +19,7 @@ TEST(WtsNotify, AWindowIsRegisteredOnceUntilTheSystemLetsItGo) {
     // Wine refuses every time.
     const bool gone = notify.Unregister(handle, true);
     EXPECT_EQ(notify.IsRegistered(handle), !gone);
-    DestroyWindow(window);
+    window.Destroy();
     EXPECT_FALSE(notify.Register(handle + 1, true));
 }
 

@@ -3,23 +3,16 @@
 
 #include "platform/win32/windows.h"
 
-#include <cstring>
 #include <string_view>
 
 #include "desktop/driver/waiting.h"
+#include "windows/global_memory.h"
 
 namespace vbr::desktop {
 namespace {
 
 constexpr int kBitmapWidth = 3;
 constexpr int kBitmapHeight = 2;
-
-HANDLE Block(std::string_view bytes) {
-    const HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE, bytes.size());
-    std::memcpy(GlobalLock(block), bytes.data(), bytes.size());
-    GlobalUnlock(block);
-    return block;
-}
 
 HBITMAP Bitmap() {
     const HDC screen = GetDC(nullptr);
@@ -70,11 +63,11 @@ bool Open() {
 ClipboardContent FillClipboard() {
     if (Open()) {
         EmptyClipboard();
-        SetClipboardData(CF_UNICODETEXT, Block({"k\0e\0p\0t\0\0\0", 10}));
-        SetClipboardData(RegisterClipboardFormatW(L"Rich Text Format"), Block("{\\rtf1 kept}"));
-        SetClipboardData(RegisterClipboardFormatW(L"HTML Format"), Block("<b>kept</b>"));
+        SetClipboardData(CF_UNICODETEXT, MemoryOf({"k\0e\0p\0t\0\0\0", 10}));
+        SetClipboardData(RegisterClipboardFormatW(L"Rich Text Format"), MemoryOf("{\\rtf1 kept}"));
+        SetClipboardData(RegisterClipboardFormatW(L"HTML Format"), MemoryOf("<b>kept</b>"));
         SetClipboardData(CF_BITMAP, Bitmap());
-        SetClipboardData(RegisterClipboardFormatW(L"Test Private"), Block({"\0\1\2", 3}));
+        SetClipboardData(RegisterClipboardFormatW(L"Test Private"), MemoryOf({"\0\1\2", 3}));
         CloseClipboard();
     }
     return ReadClipboard();

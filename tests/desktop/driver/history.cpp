@@ -3,29 +3,17 @@
 
 #include <algorithm>
 #include <cstring>
-#include <fstream>
-#include <iterator>
 
 #include "base/text.h"
+#include "desktop/driver/program.h"
+#include "windows/global_memory.h"
 
 namespace vbr::desktop {
 namespace {
 
-HGLOBAL MemoryOf(std::string_view bytes) {
-    HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, bytes.size());
-    std::memcpy(GlobalLock(memory), bytes.data(), bytes.size());
-    GlobalUnlock(memory);
-    return memory;
-}
-
 std::string UnitsOf(std::u16string_view text) {
     const std::u16string terminated = std::u16string(text) + u'\0';
     return {reinterpret_cast<const char*>(terminated.data()), terminated.size() * 2};
-}
-
-std::string FileBytes(const std::filesystem::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
 }
 
 std::u16string TextIn(const std::string& bytes) {

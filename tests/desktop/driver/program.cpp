@@ -21,6 +21,11 @@ std::filesystem::path BuiltFolder() {
 
 }  // namespace
 
+std::string FileBytes(const std::filesystem::path& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
 HWND TrayWindow() {
     return FindWindowW(nullptr, L"Vellumbridge");
 }
@@ -70,8 +75,7 @@ void Program::WriteSettings(const std::string& lines) const {
 }
 
 std::u16string Program::Log() const {
-    std::ifstream file(folder_ / L"LogReport.txt", std::ios::binary);
-    const std::string bytes{std::istreambuf_iterator<char>(file), {}};
+    const std::string bytes = FileBytes(folder_ / L"LogReport.txt");
     return {reinterpret_cast<const char16_t*>(bytes.data()), bytes.size() / sizeof(char16_t)};
 }
 

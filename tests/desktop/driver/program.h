@@ -10,6 +10,8 @@
 
 namespace vbr::desktop {
 
+std::string FileBytes(const std::filesystem::path& path);
+
 // The hidden main window of the running program, null when there is none.
 HWND TrayWindow();
 
