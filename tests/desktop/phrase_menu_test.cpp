@@ -85,26 +85,6 @@ TEST_F(PhraseMenuOnDesktop, TypingMovesAndEnterChooses) {
     EXPECT_EQ(notepad_.WaitForText(u"threethree"), u"threethree");
 }
 
-TEST_F(PhraseMenuOnDesktop, TheLastThreePhrasesStandFirst) {
-    Add("Alpha", "1");
-    Add("Beta", "2");
-    Add("Gamma", "3");
-    Add("Delta", "4");
-    Start();
-    std::u16string typed;
-    for (const auto& [label, text] : {std::pair(u"Beta", u"2"), std::pair(u"Delta", u"4"),
-                                      std::pair(u"Gamma", u"3"), std::pair(u"Beta", u"2")}) {
-        OpenMenu();
-        ClickMenuLine(FindMenuLine(label), MouseButton::Left);
-        typed += text;
-        ASSERT_EQ(notepad_.WaitForText(typed), typed);
-    }
-    OpenMenu();
-    EXPECT_EQ(Picture(ReadMenu(TopMenuWindow())).substr(0, 46),
-              "Beta Gamma Delta -Other commands- Alpha -Clipb");
-    CloseMenu();
-}
-
 TEST_F(PhraseMenuOnDesktop, ARightClickCopiesAndTheMenuStaysOpen) {
     Add("Alpha", "[%SELECTED_TEXT%] &amp; more");
     Start();
@@ -148,18 +128,6 @@ TEST_F(PhraseMenuOnDesktop, TheKeyboardOpensTheRightClickMenuToo) {
         }));
         CloseMenu();
     }
-}
-
-TEST_F(PhraseMenuOnDesktop, ARightClickOnAnExtraCommandOpensNothing) {
-    Add("Alpha", "a");
-    Start();
-    OpenMenu();
-    const HWND menu = TopMenuWindow();
-    ClickMenuLine(FindMenuLine(u"Technical Support"), MouseButton::Right);
-    PressKeys({'A'});
-    EXPECT_TRUE(WaitUntil([this] { return SelectedLabel() == u"Alpha"; }));
-    EXPECT_EQ(TopMenuWindow(), menu);
-    CloseMenu();
 }
 
 TEST_F(PhraseMenuOnDesktop, TheMenuStaysOnTheScreenAndSoDoesItsTip) {

@@ -40,7 +40,7 @@ class ProgramTest : public testing::Test {
         ASSERT_TRUE(WaitForNoMenu());
     }
     static void Choose(const EditWindow& target, int position = 0) {
-        OpenMenu(target);
+        ASSERT_NO_FATAL_FAILURE(OpenMenu(target));
         ChooseMenuItem(position);
     }
     int CountInLog(std::u16string_view text) const {

@@ -47,40 +47,6 @@ TEST_F(Query, ASelectionInWordPadReachesThePhrase) {
     EXPECT_EQ(wordpad.WaitForText(u"one [two] three"), u"one [two] three");
 }
 
-LRESULT CALLBACK RefuseAll(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    switch (message) {
-        case WM_COPY:
-        case WM_GETTEXT:
-        case WM_KEYDOWN:
-        case WM_CHAR:
-            return 0;
-        default:
-            return DefWindowProcW(window, message, wParam, lParam);
-    }
-}
-
-TEST_F(Query, TheMenuOpensOverAWindowThatRefusesEverything) {
-    StartWithPhrase("text");
-    WNDCLASSW refusing{};
-    refusing.lpfnWndProc = RefuseAll;
-    refusing.lpszClassName = L"Refusing";
-    RegisterClassW(&refusing);
-    const HWND window = CreateWindowW(L"Refusing", L"", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 50, 50,
-                                      200, 200, nullptr, nullptr, nullptr, nullptr);
-    ASSERT_TRUE(window);
-    SetForegroundWindow(window);
-    PressHotkey();
-    EXPECT_TRUE(WaitUntil([] {
-        MSG message;
-        while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
-            DispatchMessageW(&message);
-        }
-        return IsMenuOpen();
-    }));
-    CloseMenu();
-    DestroyWindow(window);
-}
-
 TEST_F(Query, APressCountsOnlyWithASecondOneWhenTheSettingsAskForTwo) {
     StartWithPhrase("text", "Hotkey_Doubled=1");
     const Notepad notepad;

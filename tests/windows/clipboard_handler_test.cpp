@@ -13,50 +13,31 @@
 #include "platform/win32/win_named_objects.h"
 #include "windows/global_memory.h"
 #include "windows/message_window.h"
+#include "windows/pump.h"
 
 namespace vbr {
 namespace {
 
 namespace fs = std::filesystem;
 
-constexpr ULONGLONG kPatienceMs = 30000;
-
 class Handler : public testing::Test {
   protected:
     Handler() {
         settings_.SaveClipboardHistory = true;
         settings_.ClipboardHistoryMax = 30;
-        settings_.ClipboardFormats[2] = true;
     }
     ~Handler() override {
         end_->Set();
         handler_.Destroy();
     }
 
-    template <typename Condition>
-    static bool PumpUntil(const Condition& holds) {
-        const ULONGLONG end = GetTickCount64() + kPatienceMs;
-        while (!holds() && GetTickCount64() < end) {
-            MSG message;
-            while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
-                DispatchMessageW(&message);
-            }
-            Sleep(5);
-        }
-        return holds();
-    }
-    void Put(const std::vector<std::pair<UINT, HANDLE>>& blocks) {
+    void PutText(std::u16string_view text) {
         ASSERT_TRUE(PumpUntil([this] { return OpenClipboard(owner_.Get()) != 0; }));
         EmptyClipboard();
-        for (const auto& [format, block] : blocks) {
-            SetClipboardData(format, block);
-        }
-        CloseClipboard();
-    }
-    void PutText(std::u16string_view text) {
         const ItemBytes bytes = TextBytes(text);
-        Put({{CF_UNICODETEXT,
-              MemoryOf({reinterpret_cast<const char*>(bytes.data()), bytes.size()})}});
+        SetClipboardData(CF_UNICODETEXT,
+                         MemoryOf({reinterpret_cast<const char*>(bytes.data()), bytes.size()}));
+        CloseClipboard();
     }
     bool WaitForText(std::u16string_view text) {
         return PumpUntil(
@@ -79,20 +60,6 @@ class Handler : public testing::Test {
     MessageWindow owner_;
     CVBRWndClipboardHandler handler_{{settings_, Folder(), faults_, *end_, log_}};
 };
-
-TEST_F(Handler, BitmapsThatAreEqualAreOneItem) {
-    ASSERT_TRUE(Start());
-    const BYTE dark[] = {0, 0, 0, 0};
-    const BYTE light[] = {0xFF, 0, 0xFF, 0};
-    for (const BYTE* bits : {dark, light, dark}) {
-        Put({{CF_BITMAP, CreateBitmap(8, 2, 1, 1, bits)}});
-        ASSERT_TRUE(PumpUntil(
-            [this] { return !handler_.IsEmpty() && handler_.GetItem(0)->format == CHF_BITMAP; }));
-        PutText(u"between");
-        ASSERT_TRUE(WaitForText(u"between"));
-    }
-    EXPECT_EQ(handler_.GetCount(), 3U);
-}
 
 TEST_F(Handler, OwnWritesAreIgnoredUntilTheBracketEnds) {
     ASSERT_TRUE(Start());

@@ -25,9 +25,9 @@ class HookDesk {
           needed_(objects_.Create(kEventDataNeeded, EventReset::Manual, ObjectAccess::Default)) {}
     ~HookDesk() { Uninstall(); }
 
-    WPInstallParams Params(QueryRoadChoice road) const {
+    static WPInstallParams Params(QueryRoadChoice road) {
         WPInstallParams params;
-        params.QueryMessage = message_;
+        params.QueryMessage = QueryMessage();
         params.DataNeededName = kEventDataNeeded.data();
         params.DataCompletedName = kEventDataCompleted.data();
         params.InterchangeAreaName = kAreaInterchange.data();
@@ -50,7 +50,7 @@ class HookDesk {
         return true;
     }
 
-    bool Post(HWND window) const { return PostMessageW(window, message_, 0, 0); }
+    bool Post(HWND window) const { return PostMessageW(window, QueryMessage(), 0, 0); }
     bool WaitForAnswer(std::uint32_t milliseconds = 20'000) const {
         return needed_->Wait(milliseconds) == WaitResult::Signalled;
     }
@@ -70,11 +70,12 @@ class HookDesk {
     HookModule& Library() { return library_; }
 
   private:
+    static UINT QueryMessage() { return RegisterWindowMessageW(Wide(kMessageQuery.data())); }
+
     WinNamedObjects objects_;
     MemoryLog log_;
     std::unique_ptr<SharedBlock> area_;
     std::unique_ptr<NamedEvent> needed_;
-    UINT message_ = RegisterWindowMessageW(Wide(kMessageQuery.data()));
     HookModule library_{(ProgramFolder() / "Vellumbridge.dll").u16string()};
 };
 

@@ -4,20 +4,10 @@
 #include <gtest/gtest.h>
 #include <thread>
 
-#include "platform/object_names.h"
-#include "windows/program_folder.h"
+#include "windows/hook_desk.h"
 
 namespace vbr {
 namespace {
-
-WPInstallParams GoodParams() {
-    WPInstallParams params;
-    params.DataNeededName = kEventDataNeeded.data();
-    params.DataCompletedName = kEventDataCompleted.data();
-    params.InterchangeAreaName = kAreaInterchange.data();
-    params.ErrorCode = 99;
-    return params;
-}
 
 class HookModuleTest : public testing::Test {
   protected:
@@ -38,25 +28,25 @@ TEST_F(HookModuleTest, InstallWantsTheNamesOfAllObjects) {
     for (const auto name : {&WPInstallParams::DataNeededName, &WPInstallParams::DataCompletedName,
                             &WPInstallParams::InterchangeAreaName}) {
         for (const char16_t* missing : {static_cast<const char16_t*>(nullptr), u""}) {
-            WPInstallParams params = GoodParams();
+            WPInstallParams params = HookDesk::Params(QueryRoadChoice::OfSystem);
             params.*name = missing;
             EXPECT_EQ(Install(params), kHookBadNames);
         }
     }
-    EXPECT_EQ(Install(GoodParams()), kHookSuccess);
+    EXPECT_EQ(Install(HookDesk::Params(QueryRoadChoice::OfSystem)), kHookSuccess);
 }
 
 TEST_F(HookModuleTest, TheLibraryIsInstalledOnceAtATime) {
     ASSERT_TRUE(library_.Load());
-    EXPECT_EQ(Install(GoodParams()), kHookSuccess);
-    EXPECT_EQ(Install(GoodParams()), kHookAlreadyInstalled);
+    EXPECT_EQ(Install(HookDesk::Params(QueryRoadChoice::OfSystem)), kHookSuccess);
+    EXPECT_EQ(Install(HookDesk::Params(QueryRoadChoice::OfSystem)), kHookAlreadyInstalled);
     EXPECT_EQ(library_.Uninstall(), true);
-    EXPECT_EQ(Install(GoodParams()), kHookSuccess);
+    EXPECT_EQ(Install(HookDesk::Params(QueryRoadChoice::OfSystem)), kHookSuccess);
 }
 
 TEST_F(HookModuleTest, WithoutAWindowInFrontThereIsNoTarget) {
     ASSERT_TRUE(library_.Load());
-    ASSERT_EQ(Install(GoodParams()), kHookSuccess);
+    ASSERT_EQ(Install(HookDesk::Params(QueryRoadChoice::OfSystem)), kHookSuccess);
     const HDESK desktop =
         CreateDesktopW(L"Vellumbridge_Test", nullptr, nullptr, 0, GENERIC_ALL, nullptr);
     ASSERT_TRUE(desktop);
@@ -75,7 +65,7 @@ TEST_F(HookModuleTest, AMissingOrForeignLibraryInstallsNothing) {
     EXPECT_FALSE(missing.Load());
     EXPECT_TRUE(foreign.Load());
     for (HookModule* library : {&missing, &foreign}) {
-        WPInstallParams params = GoodParams();
+        WPInstallParams params = HookDesk::Params(QueryRoadChoice::OfSystem);
         EXPECT_EQ(library->Install(params), std::nullopt);
         EXPECT_EQ(library->Uninstall(), std::nullopt);
         EXPECT_EQ(library->GetTargetWindow(), 0u);

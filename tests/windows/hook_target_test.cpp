@@ -11,6 +11,7 @@
 #include "desktop/driver/waiting.h"
 #include "platform/win32/handle.h"
 #include "windows/hook_desk.h"
+#include "windows/pump.h"
 #include "windows/target_thread.h"
 
 namespace vbr {
@@ -71,14 +72,6 @@ TEST(HookTargetTest, OnTheLocalRoadNothingEntersOtherPrograms) {
     }
 }
 
-// A message loop for the notices about the foreground.
-void Pump() {
-    MSG message;
-    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
-        DispatchMessageW(&message);
-    }
-}
-
 TEST(HookTargetTest, TheTargetIsTheFocusInFrontAndTheOtherIsTheLastProgramInFront) {
     HookDesk desk;
     ASSERT_TRUE(desk.Install(QueryRoadChoice::Local));
@@ -94,7 +87,7 @@ TEST(HookTargetTest, TheTargetIsTheFocusInFrontAndTheOtherIsTheLastProgramInFron
                 WaitUntil([&] { return library.GetTargetWindow() == number(first.Edit()); }));
             EXPECT_EQ(library.GetTargetWindowOther(), number(first.Window()));
             ASSERT_TRUE(BringToFront(second.Window()));
-            Pump();
+            Pump();  // hears of the foreground
             ASSERT_TRUE(BringToFront(own.Window()));
             EXPECT_EQ(library.GetTargetWindow(), 0U);
             EXPECT_TRUE(WaitUntil([&] {

@@ -5,41 +5,22 @@
 
 #include "fakes/temp_folder.h"
 #include "platform/win32/temp_path.h"
-#include "platform/win32/win_autostart.h"
 #include "platform/win32/win_setup_mark.h"
 
 namespace vbr {
 namespace {
 
 constexpr const wchar_t* kSetupKey = L"Software\\Nimbletree\\Vellumbridge";
-constexpr const wchar_t* kRunKey = L"Software\\Microsoft\\Windows\\CurrentVersion\\Run";
-
-void SetText(const wchar_t* key, const wchar_t* name, const std::wstring& text) {
-    RegSetKeyValueW(HKEY_CURRENT_USER, key, name, REG_SZ, text.c_str(),
-                    static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t)));
-}
 
 TEST(SetupMark, CountsOnlyWithAText) {
     const WinSetupMark mark;
     EXPECT_FALSE(mark.IsInstalledBySetup());
-    SetText(kSetupKey, L"FromInstaller", L"");
-    EXPECT_FALSE(mark.IsInstalledBySetup());
-    SetText(kSetupKey, L"FromInstaller", L"yes");
-    EXPECT_TRUE(mark.IsInstalledBySetup());
+    for (const std::wstring text : {L"", L"yes"}) {
+        RegSetKeyValueW(HKEY_CURRENT_USER, kSetupKey, L"FromInstaller", REG_SZ, text.c_str(),
+                        static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t)));
+        EXPECT_EQ(mark.IsInstalledBySetup(), !text.empty());
+    }
     RegDeleteTreeW(HKEY_CURRENT_USER, kSetupKey);
-}
-
-TEST(Autostart, DeleteTakesTheOwnValueOnly) {
-    SetText(kRunKey, L"Vellumbridge", L"x");
-    SetText(kRunKey, L"Other", L"y");
-    WinAutostart().Delete();
-    EXPECT_NE(RegGetValueW(HKEY_CURRENT_USER, kRunKey, L"Vellumbridge", RRF_RT_ANY, nullptr,
-                           nullptr, nullptr),
-              ERROR_SUCCESS);
-    EXPECT_EQ(
-        RegGetValueW(HKEY_CURRENT_USER, kRunKey, L"Other", RRF_RT_ANY, nullptr, nullptr, nullptr),
-        ERROR_SUCCESS);
-    RegDeleteKeyValueW(HKEY_CURRENT_USER, kRunKey, L"Other");
 }
 
 TEST(TempPath, LiesInTheFolderWithPrefixAndExtension) {

@@ -19,6 +19,7 @@
 #include "shell/hotkey_service.h"
 #include "windows/message_window.h"
 #include "windows/program_folder.h"
+#include "windows/pump.h"
 
 namespace vbr {
 namespace {
@@ -41,22 +42,9 @@ class QueryWait : public testing::Test {
     void LayQuery(const std::string& document) {
         // Nothing is sent to a thread that counts as hung, which it does after five seconds without
         // a look for messages. The main thread always looks.
-        MSG message;
-        PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE);
+        Pump();
         area_->Write(document);
         needed_->Set();
-    }
-    // Answers sent messages until the condition holds.
-    template <typename Condition>
-    bool Pump(Condition&& holds) {
-        for (int i = 0; i < 3000 && !holds(); ++i) {
-            MSG message;
-            MsgWaitForMultipleObjects(0, nullptr, FALSE, 10, QS_ALLINPUT);
-            while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
-                DispatchMessageW(&message);
-            }
-        }
-        return holds();
     }
     bool IsCompleted() { return completed_->Wait(0) == WaitResult::Signalled; }
 
@@ -106,7 +94,7 @@ TEST_F(QueryWait, QueriesReachTheWindowOneAfterTheOther) {
     ASSERT_TRUE(thread_.Start(*needed_, *completed_));
     for (std::size_t i = 1; i <= 3; ++i) {
         LayQuery("<WPQuery><HWND>" + std::to_string(i) + "</HWND></WPQuery>");
-        ASSERT_TRUE(Pump([&] { return received_.size() == i; }));
+        ASSERT_TRUE(PumpUntil([&] { return received_.size() == i; }));
         EXPECT_EQ(received_.back().TargetWindow, i);
         EXPECT_EQ(needed_->Wait(0), WaitResult::TimedOut);
     }
@@ -117,7 +105,7 @@ TEST_F(QueryWait, AnAnswerLiesInTheAreaWhenTheHookSideIsTold) {
     answers_ = true;
     ASSERT_TRUE(thread_.Start(*needed_, *completed_));
     LayQuery("<WPQuery/>");
-    ASSERT_TRUE(Pump([&] { return IsCompleted(); }));
+    ASSERT_TRUE(PumpUntil([&] { return IsCompleted(); }));
     const std::string answer = memory_.OpenBlock(kAreaInterchange)->Read().Bytes;
     EXPECT_NE(answer.find("<Command Flags=\"0\" CMDID=\"5\""), std::string::npos) << answer;
 }
@@ -126,9 +114,10 @@ TEST_F(QueryWait, AWindowThatAnswersTooLateHearsOfTheNextQuery) {
     ASSERT_TRUE(thread_.Start(*needed_, *completed_));
     answerDelay_ = 2500;
     LayQuery("<WPQuery><HWND>1</HWND></WPQuery>");
-    ASSERT_TRUE(Pump([&] { return needed_->Wait(0) == WaitResult::TimedOut; }));
+    ASSERT_TRUE(PumpUntil([&] { return needed_->Wait(0) == WaitResult::TimedOut; }));
     LayQuery("<WPQuery><HWND>2</HWND></WPQuery>");
-    ASSERT_TRUE(Pump([&] { return !received_.empty() && received_.back().TargetWindow == 2; }));
+    ASSERT_TRUE(
+        PumpUntil([&] { return !received_.empty() && received_.back().TargetWindow == 2; }));
     EXPECT_FALSE(IsCompleted());
 }
 

@@ -8,6 +8,7 @@
 #include "fakes/temp_folder.h"
 #include "history/item_export.h"
 #include "platform/win32/win_ansi_text.h"
+#include "windows/pixels.h"
 
 namespace vbr {
 namespace {
@@ -16,32 +17,8 @@ std::shared_ptr<void> Own(HANDLE bitmap) {
     return {bitmap, [](void* owned) { DeleteObject(owned); }};
 }
 
-class Drawing {
-  public:
-    explicit Drawing(const std::shared_ptr<void>& bitmap)
-        : device_(CreateCompatibleDC(nullptr)), before_(SelectObject(device_, bitmap.get())) {}
-    ~Drawing() {
-        SelectObject(device_, before_);
-        DeleteDC(device_);
-    }
-    Drawing(const Drawing&) = delete;
-    Drawing& operator=(const Drawing&) = delete;
-
-    std::vector<COLORREF> Row() const {
-        return {GetPixel(device_, 0, 0), GetPixel(device_, 1, 0), GetPixel(device_, 2, 0)};
-    }
-    void SetRow(const std::vector<COLORREF>& row) const {
-        for (int x = 0; x < 3; ++x) {
-            SetPixel(device_, x, 0, row[static_cast<std::size_t>(x)]);
-        }
-    }
-
-  private:
-    HDC device_;
-    HGDIOBJ before_;
-};
-
-const std::vector<COLORREF> kRow = {RGB(255, 0, 0), RGB(0, 0, 255), RGB(255, 255, 255)};
+// Red, blue and white.
+const std::vector<DWORD> kRow = {0xFF0000, 0x0000FF, 0xFFFFFF};
 
 std::shared_ptr<void> Picture(WORD bitCount) {
     struct {
@@ -55,7 +32,11 @@ std::shared_ptr<void> Picture(WORD bitCount) {
     void* bits = nullptr;
     auto picture = Own(CreateDIBSection(nullptr, reinterpret_cast<BITMAPINFO*>(&info),
                                         DIB_RGB_COLORS, &bits, nullptr, 0));
-    Drawing(picture).SetRow(kRow);
+    const BITMAPINFO layout = PixelLayout(3, 1);
+    const HDC screen = GetDC(nullptr);
+    SetDIBits(screen, static_cast<HBITMAP>(picture.get()), 0, 1, kRow.data(), &layout,
+              DIB_RGB_COLORS);
+    ReleaseDC(nullptr, screen);
     return picture;
 }
 
@@ -69,7 +50,7 @@ TEST(WinBitmapsTest, AFileOfAnyDepthLooksTheSameToTheSystem) {
         const auto loaded = Own(LoadImageW(nullptr, path.c_str(), IMAGE_BITMAP, 0, 0,
                                            LR_LOADFROMFILE | LR_CREATEDIBSECTION));
         ASSERT_TRUE(loaded) << bitCount;
-        EXPECT_EQ(Drawing(loaded).Row(), kRow) << bitCount;
+        EXPECT_EQ(PixelsOf(loaded.get()), kRow) << bitCount;
         auto header = *picture->Header();
         header.SizeImage -= 1;
         EXPECT_FALSE(picture->Read(header));

@@ -17,10 +17,12 @@
 #include "platform/win32/win_clipboard.h"
 #include "windows/global_memory.h"
 #include "windows/message_window.h"
+#include "windows/pixels.h"
 
 namespace vbr {
 namespace {
 
+using testing::AnyOf;
 using testing::Contains;
 using testing::IsEmpty;
 using testing::Not;
@@ -38,17 +40,12 @@ std::string BytesOf(HGLOBAL memory) {
     return copy;
 }
 
-constexpr BITMAPINFOHEADER kPixelLayout = {.biSize = sizeof(BITMAPINFOHEADER),
-                                           .biWidth = 4,
-                                           .biHeight = 3,
-                                           .biPlanes = 1,
-                                           .biBitCount = 32};
 using Pixels = std::array<DWORD, 12>;
 constexpr Pixels kPixels = {0xFF010203, 0x80040506, 0, 0x00FFFFFF, 0x12345678};
 
 // With 24 bits a pixel in memory, or as the device has it.
 HBITMAP MakeBitmap(bool inMemory) {
-    BITMAPINFO info = {.bmiHeader = kPixelLayout};
+    const BITMAPINFO info = PixelLayout(4, 3);
     BITMAPINFO own = info;
     own.bmiHeader.biBitCount = 24;
     HDC screen = GetDC(nullptr);
@@ -85,14 +82,12 @@ std::string Seen(UINT format, HANDLE data) {
         case CF_DSPBITMAP: {
             BITMAP size = {};
             GetObjectW(data, sizeof size, &size);
-            BITMAPINFO info = {.bmiHeader = kPixelLayout};
-            Pixels pixels = {};
-            HDC screen = GetDC(nullptr);
-            GetDIBits(screen, static_cast<HBITMAP>(data), 0, 3, pixels.data(), &info,
-                      DIB_RGB_COLORS);
-            ReleaseDC(nullptr, screen);
-            return BytesOf(size.bmWidth) + BytesOf(size.bmHeight) + BytesOf(size.bmBitsPixel) +
-                   BytesOf(pixels);
+            std::string seen =
+                BytesOf(size.bmWidth) + BytesOf(size.bmHeight) + BytesOf(size.bmBitsPixel);
+            for (const DWORD pixel : PixelsOf(data)) {
+                seen += BytesOf(pixel);
+            }
+            return seen;
         }
         case CF_PALETTE: {
             std::array<PALETTEENTRY, 300> entries = {};
@@ -171,7 +166,8 @@ TEST_F(WinClipboardAccessTest, EveryFormatComesBackAsItWas) {
          {{CF_TEXT, MemoryOf({"\xCF\xF0\xE8", 4})}, {CF_LOCALE, MemoryOf({"\x19\x04\0", 4})}}},
         {"a bitmap in memory", {{CF_BITMAP, MakeBitmap(true)}, {CF_PALETTE, MakePalette()}}},
         {"a bitmap of the device", {{CF_BITMAP, MakeBitmap(false)}}},
-        {"a DIB with alpha values", {{CF_DIB, MemoryOf(BytesOf(kPixelLayout) + BytesOf(kPixels))}}},
+        {"a DIB with alpha values",
+         {{CF_DIB, MemoryOf(BytesOf(PixelLayout(4, 3).bmiHeader) + BytesOf(kPixels))}}},
         {"an enhanced metafile", {{CF_ENHMETAFILE, MakeEnhancedMetafile()}}},
         {"a metafile", {{CF_METAFILEPICT, MakePicture()}}},
         {"objects that a private format shows",
@@ -232,6 +228,20 @@ TEST_F(WinClipboardAccessTest, TheContentOutlivesTheWindowThatWouldOwnIt) {
     own_.Destroy();
     EXPECT_TRUE(snapshot_.RestoreClipboardSnapshot());
     EXPECT_EQ(WinClipboard().Text(), u"text");
+}
+
+TEST_F(WinClipboardAccessTest, TextEndsAtItsTerminatorOrWithItsBlockAndGoesByEmpty) {
+    const auto textOf = [this](UINT format, std::string_view bytes) {
+        Put({{format, MemoryOf(bytes)}});
+        return WinClipboard().Text();
+    };
+    EXPECT_EQ(textOf(CF_UNICODETEXT, {"\x16\x04=\xD8\0\xDE\0\0r\0", 10}), u"Ж😀");
+    EXPECT_EQ(WinClipboard().UnicodeText(), u"Ж😀");
+    // The system may put the missing terminator in the place of the last character.
+    EXPECT_THAT(textOf(CF_UNICODETEXT, {"o\0p\0e\0n", 8}), AnyOf(u"open", u"ope"));
+    EXPECT_EQ(textOf(CF_TEXT, {"plain\0", 6}), u"plain");
+    EXPECT_TRUE(WinClipboard().Empty());
+    EXPECT_EQ(WinClipboard().Text(), u"");
 }
 
 // A window whose thread answers no message until this goes.

@@ -59,11 +59,11 @@ bool EditWindow::BringToFront() const {
            info.hwndFocus == edit_ && GetForegroundWindow() == window_;
 }
 
-std::u16string EditWindow::Text() const {
-    std::u16string text(static_cast<std::size_t>(SendMessageW(edit_, WM_GETTEXTLENGTH, 0, 0)) + 1,
+std::u16string TextOf(HWND window) {
+    std::u16string text(static_cast<std::size_t>(SendMessageW(window, WM_GETTEXTLENGTH, 0, 0)) + 1,
                         u'\0');
     text.resize(static_cast<std::size_t>(
-        SendMessageW(edit_, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()))));
+        SendMessageW(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()))));
     return text;
 }
 

@@ -9,6 +9,8 @@
 
 namespace vbr::desktop {
 
+std::u16string TextOf(HWND window);
+
 // An editor as the target of a delivery: a top window with an edit control in it.
 class EditWindow {
   public:
@@ -18,7 +20,7 @@ class EditWindow {
     HWND Edit() const { return edit_; }
 
     // A line ends in CR LF in a plain edit control, in CR in a rich one.
-    std::u16string Text() const;
+    std::u16string Text() const { return TextOf(edit_); }
     void SetText(const std::u16string& text) const;
     void Select(int from, int to) const;
 

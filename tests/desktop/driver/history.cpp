@@ -79,13 +79,6 @@ bool Copier::CopyUntilTaken(std::u16string_view text) {
     return WaitUntil([this] { return promised_.empty(); });
 }
 
-void Copier::Pump() {
-    MSG message;
-    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
-        DispatchMessageW(&message);
-    }
-}
-
 std::vector<StoredItem> ReadStoredHistory(const std::filesystem::path& programFolder) {
     std::vector<StoredItem> items;
     std::error_code error;

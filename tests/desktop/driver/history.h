@@ -12,6 +12,7 @@
 
 #include "desktop/driver/waiting.h"
 #include "history/item_info.h"
+#include "windows/pump.h"
 
 namespace vbr::desktop {
 
@@ -44,7 +45,6 @@ class Copier {
     }
 
   private:
-    static void Pump();
     static LRESULT CALLBACK WindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
     HWND window_ = nullptr;

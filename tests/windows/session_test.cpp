@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: MIT
-#include "exchange/win32/win_desktops.h"
-
 #include "platform/win32/windows.h"
 
 #include <gtest/gtest.h>
 #include <thread>
 
+#include "exchange/win32/win_desktops.h"
+#include "exchange/win32/wts_notify.h"
 #include "fakes/memory_log.h"
+#include "windows/message_window.h"
 
 namespace vbr {
 namespace {
@@ -37,6 +38,21 @@ TEST(WinDesktops, AThreadOnAnotherDesktopIsNotActive) {
     EXPECT_FALSE(active);
     ASSERT_FALSE(log.Lines.empty());
     EXPECT_TRUE(log.Lines[0].starts_with(u"hDesk1=[VellumbridgeTest,1] hDesk2=["));
+}
+
+TEST(WtsNotify, AWindowIsRegisteredOnceUntilTheSystemLetsItGo) {
+    MessageWindow window;
+    const WindowHandle handle = window.Number();
+    CWtsNotify notify;
+    EXPECT_FALSE(notify.IsRegistered(handle));
+    EXPECT_TRUE(notify.Register(handle, true));
+    EXPECT_FALSE(notify.Register(handle, true));
+    EXPECT_TRUE(notify.IsRegistered(handle));
+    // Wine refuses every time.
+    const bool gone = notify.Unregister(handle, true);
+    EXPECT_EQ(notify.IsRegistered(handle), !gone);
+    window.Destroy();
+    EXPECT_FALSE(notify.Register(handle + 1, true));
 }
 
 }  // namespace
