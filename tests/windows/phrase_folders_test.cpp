@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 #include <set>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "fakes/fake_clock.h"
@@ -25,7 +26,7 @@ class PhraseFoldersOnDisk : public testing::Test {
   protected:
     ~PhraseFoldersOnDisk() override {
         saver_.Flush();
-        Remove(folder_.Path());
+        Remove(Verbatim(folder_.Path()));
     }
 
     // The tests' own way to paths that plain calls don't reach.
@@ -45,17 +46,20 @@ class PhraseFoldersOnDisk : public testing::Test {
     CVBRCommandTree tree_{files_, saver_, clock_, log_};
 
   private:
-    void Remove(const path& folder) {
-        std::vector<FolderEntry> entries;
-        store_.List(folder, entries);
-        for (const FolderEntry& entry : entries) {
-            if (entry.Kind == PathKind::Folder) {
-                Remove(folder / entry.Name);
-            } else {
-                DeleteFileW(Verbatim(folder / entry.Name).c_str());
+    static void Remove(const std::wstring& folder) {
+        WIN32_FIND_DATAW entry{};
+        const HANDLE search = FindFirstFileW((folder + L"\\*").c_str(), &entry);
+        do {
+            const std::wstring_view name = entry.cFileName;
+            const std::wstring full = folder + L"\\" + entry.cFileName;
+            if ((entry.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0) {
+                DeleteFileW(full.c_str());
+            } else if (name != L"." && name != L"..") {
+                Remove(full);
             }
-        }
-        RemoveDirectoryW(Verbatim(folder).c_str());
+        } while (FindNextFileW(search, &entry));
+        FindClose(search);
+        RemoveDirectoryW(folder.c_str());
     }
 };
 

@@ -76,6 +76,7 @@ class QueryWait : public testing::Test {
         }
         QueryWait& test = *current_;
         Sleep(std::exchange(test.answerDelay_, 0));
+        EXPECT_FALSE(test.thread_.Find(wParam + 8, lParam));
         if (const auto exchange = test.thread_.Find(wParam, lParam)) {
             test.received_.push_back(exchange->Query);
             if (test.answers_) {
