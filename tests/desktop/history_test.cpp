@@ -229,6 +229,17 @@ TEST_F(History, AClipOf50MegabytesIsInMemoryTwiceAtMost) {
     EXPECT_LT(grown, (2 * text.size() + text.size() / 5) * sizeof(char16_t));
 }
 
+TEST_F(History, CopiesAtFullSpeedLeaveItResponsiveWithTheLastOne) {
+    Start();
+    for (int i = 0; i < 1000; ++i) {
+        copier_.CopyText(Concat(u"fast ", i));
+    }
+    DWORD_PTR ignored = 0;
+    EXPECT_TRUE(
+        SendMessageTimeoutW(TrayWindow(), WM_NULL, 0, 0, SMTO_NORMAL, kPatienceMs, &ignored));
+    EXPECT_TRUE(WaitForNewest({u"fast 999"}));
+}
+
 TEST_F(History, NothingIsKeptWhileTheSessionIsLocked) {
     Start();
     SendMessageW(TrayWindow(), WM_WTSSESSION_CHANGE, WTS_SESSION_LOCK, 0);

@@ -75,16 +75,14 @@ class MenuTip : public testing::Test {
     }
 };
 
-TEST_F(MenuTip, WhatTheSourceGivesStandsInPlaceOfTheOwnText) {
+TEST_F(MenuTip, TheSourcesTextComesBeforeTheOwnAndTheOwnBeforeTheDefault) {
     EXPECT_EQ(TextAfterRest(), u"own");
     tip_.SetSource(window_);
     EXPECT_EQ(TextAfterRest(), u"own");
     given_ = u"from the source";
     EXPECT_EQ(TextAfterRest(), u"from the source");
     EXPECT_EQ(askedFor_, kItem);
-}
-
-TEST_F(MenuTip, AnEmptyTextShowsTheDefault) {
+    given_.reset();
     tip_.Own.clear();
     EXPECT_EQ(TextAfterRest(), u"default");
 }

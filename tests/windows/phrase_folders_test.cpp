@@ -6,7 +6,6 @@
 #include <set>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "fakes/fake_clock.h"
 #include "fakes/memory_log.h"
