@@ -3,6 +3,7 @@
 
 #include "platform/win32/windows.h"
 
+#include <fstream>
 #include <psapi.h>
 #include <wtsapi32.h>
 
@@ -238,6 +239,20 @@ TEST_F(History, CopiesAtFullSpeedLeaveItResponsiveWithTheLastOne) {
     EXPECT_TRUE(
         SendMessageTimeoutW(TrayWindow(), WM_NULL, 0, 0, SMTO_NORMAL, kPatienceMs, &ignored));
     EXPECT_TRUE(WaitForNewest({u"fast 999"}));
+}
+
+TEST_F(History, WhatCouldNotBeSavedIsSavedWhenTheProgramEnds) {
+    const std::filesystem::path folder = program_.Folder() / L"ClipboardHistory";
+    std::ofstream(folder) << "a file in the way";
+    copier_.Copy({});
+    ProgramTest::Start();
+    ASSERT_TRUE(copier_.CopyUntilTaken(u"kept"));
+    // Neither the load nor the save got at it.
+    ASSERT_TRUE(copier_.WaitUntil(
+        [this] { return CountInLog(u"No folder for the clipboard history") == 2; }));
+    std::filesystem::remove(folder);
+    EXPECT_EQ(program_.End(), 0U);
+    EXPECT_EQ(Newest(99), Texts{u"kept"});
 }
 
 TEST_F(History, NothingIsKeptWhileTheSessionIsLocked) {

@@ -2,6 +2,8 @@
 #include "platform/win32/windows.h"
 
 #include <algorithm>
+#include <atomic>
+#include <thread>
 #include <vector>
 
 #include "desktop/program_test.h"
@@ -126,6 +128,33 @@ TEST_F(TrayWindowTest, InstanceSignalEndsTheProgram) {
     EXPECT_TRUE(program_.Resident().IsRunning());
     Send(signal, kSignalExit);
     EXPECT_EQ(program_.Resident().WaitForExit(kPatienceMs), 0U);
+}
+
+TEST_F(TrayWindowTest, WindowAnswersWhileSignalsRainDown) {
+    ASSERT_TRUE(program_.StartResident());
+    std::atomic<bool> done = false;
+    std::thread signals([&] {
+        for (int i = 0; i < 200; ++i) {
+            const UniqueHandle event(
+                OpenEventW(EVENT_MODIFY_STATE, FALSE, Wide(kEventAlreadyWork.data())));
+            SetEvent(event.get());
+            Sleep(5);
+        }
+        done = true;
+    });
+    int asked = 0;
+    int answered = 0;
+    while (!done) {
+        DWORD_PTR ignored = 0;
+        answered += SendMessageTimeoutW(TrayWindow(), WM_NULL, 0, 0, SMTO_NORMAL, kPatienceMs,
+                                        &ignored) != 0;
+        ++asked;
+        Sleep(10);
+    }
+    signals.join();
+    EXPECT_GT(asked, 0);
+    EXPECT_EQ(answered, asked);
+    EXPECT_EQ(program_.End(), 0U);
 }
 
 TEST_F(TrayWindowTest, ChoiceOfAnotherProcessIsTyped) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <algorithm>
 #include <mutex>
 #include <string>
 #include <string_view>
@@ -11,7 +12,7 @@
 namespace vbr {
 
 // Keeps the log's entries, and beside them the section that each was written under. Any thread may
-// write; both are read when no thread writes any more.
+// write and ask whether something stands there; the lists are read when no thread writes any more.
 class MemoryLog : public Log {
   public:
     std::vector<std::u16string> Lines;
@@ -28,8 +29,16 @@ class MemoryLog : public Log {
         section_ = name;
     }
 
+    // Whether an entry has that text in it.
+    bool Tells(std::u16string_view text) const {
+        const std::lock_guard lock(mutex_);
+        return std::any_of(Lines.begin(), Lines.end(), [text](const std::u16string& line) {
+            return line.find(text) != line.npos;
+        });
+    }
+
   private:
-    std::mutex mutex_;
+    mutable std::mutex mutex_;
     std::u16string section_;
 };
 

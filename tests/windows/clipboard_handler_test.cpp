@@ -67,10 +67,7 @@ TEST_F(Handler, OwnWritesAreIgnoredUntilTheBracketEnds) {
     objects.Signal(kEventStartCopy);
     ASSERT_TRUE(PumpUntil([this] { return handler_.MyCopy().IsMyCopy(); }));
     PutText(u"own");
-    ASSERT_TRUE(PumpUntil([this] {
-        return std::find(log_.Lines.begin(), log_.Lines.end(), u"My copy process detected") !=
-               log_.Lines.end();
-    }));
+    ASSERT_TRUE(PumpUntil([this] { return log_.Tells(u"My copy process detected"); }));
     objects.Signal(kEventEndCopy);
     ASSERT_TRUE(PumpUntil([this] { return !handler_.MyCopy().IsMyCopy(); }));
     PutText(u"theirs");

@@ -4,9 +4,12 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "fakes/memory_log.h"
 #include "fakes/temp_folder.h"
 #include "macros/layout_switcher.h"
+#include "platform/win32/win_clock.h"
 #include "platform/win32/win_desktop_windows.h"
+#include "platform/win32/win_input_injector.h"
 #include "platform/win32/win_keyboard_layouts.h"
 #include "platform/win32/win_program_starter.h"
 #include "platform/win32/win_shell_opener.h"
@@ -96,6 +99,34 @@ TEST(WinKeyboardLayouts, TheDefaultLanguageAndThatOfThisThreadAreInstalled) {
     const std::vector<Lcid> installed = layouts.InstalledLanguages();
     EXPECT_THAT(installed, testing::Contains(layouts.DefaultInputLanguage()));
     EXPECT_THAT(installed, testing::Contains(LanguageOf(WinDesktopWindows().KeyboardLayout(0))));
+}
+
+class CountingInput : public WinInputInjector {
+  public:
+    std::vector<std::size_t> Taken;
+
+    std::size_t Send(std::span<const KeyEvent> events) override {
+        Taken.push_back(WinInputInjector::Send(events));
+        return Taken.back();
+    }
+};
+
+TEST(LayoutSwitcher, PressesTheShortcutAndStopsWhenTheWindowHasTheLanguage) {
+    CountingInput input;
+    const WinKeyboardLayouts layouts;
+    const WinDesktopWindows windows;
+    WinTargetWindows targets;
+    WinClock clock;
+    MemoryLog log;
+    LayoutSwitcher switcher({input, layouts, windows, targets, clock, log});
+    const Lcid current = LanguageOf(windows.KeyboardLayout(0));
+    EXPECT_FALSE(switcher.IsInstalled(0xFFFF));
+    switcher.SwitchKeyboardLayout(current, reinterpret_cast<WindowHandle>(GetDesktopWindow()));
+    EXPECT_GE(input.Taken.size(), 1U);
+    EXPECT_LE(input.Taken.size(), layouts.InstalledLanguages().size());
+    EXPECT_EQ(input.Taken.front(), 4U);
+    EXPECT_FALSE(input.IsKeyDown(kVkMenu));
+    EXPECT_FALSE(input.IsKeyDown(kVkShift));
 }
 
 }  // namespace

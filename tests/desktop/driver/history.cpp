@@ -100,7 +100,9 @@ std::vector<std::u16string> NewestTexts(const std::filesystem::path& programFold
                                         std::size_t count) {
     std::vector<std::u16string> texts;
     for (const StoredItem& item : ReadStoredHistory(programFolder)) {
-        if (texts.size() < count) {
+        // An item that came again has left its older files, which loading takes for the same item.
+        const bool isNew = std::find(texts.begin(), texts.end(), item.Text) == texts.end();
+        if (isNew && texts.size() < count) {
             texts.push_back(item.Text);
         }
     }
