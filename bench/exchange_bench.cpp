@@ -40,7 +40,7 @@ void ReadQuery(benchmark::State& state) {
     area.Text() =
         "<WPQuery POINT_X=\"1\"><AppPath>C:\\a.exe</AppPath><SelText StateSelText=\"2\">" + lines +
         "</SelText></WPQuery>";
-    MeasureRatio(
+    MeasureCpuRatio(
         state, kBound,
         [&] {
             WPQuery query;
@@ -59,7 +59,7 @@ void WriteAnswer(benchmark::State& state) {
     }
     area.Interchange.WriteAnswer(answer);
     const std::string written = area.Text();
-    MeasureRatio(
+    MeasureCpuRatio(
         state, kBound, [&] { benchmark::DoNotOptimize(area.Interchange.WriteAnswer(answer)); },
         [&] { ParseAndPrint(written); });
 }

@@ -34,7 +34,7 @@ double TimeToAdd(int queues, int clipsInEach) {
     std::deque<CCHQueue> all;
     // Whoever first asks for a large block pays for joining what others freed before.
     malloc_trim(0);
-    return Time([&] {
+    return CpuTime([&] {
         for (int i = 0; i < queues; ++i) {
             CCHQueue& queue = all.emplace_back(files);
             for (int clip = 0; clip < clipsInEach; ++clip) {
@@ -68,7 +68,7 @@ void LoadHistory(benchmark::State& state) {
         desk.Add(TextItem(Clip(i)));
     }
     desk.Save();
-    MeasureRatio(
+    MeasureCpuRatio(
         state, 2,
         [&desk] {
             CCHQueue queue(desk.Folder);

@@ -16,7 +16,7 @@ constexpr std::size_t kPhrases = 1000;
 void TextWithoutMacro(benchmark::State& state) {
     const MacroDesk desk;
     std::u16string text(1000, u'x');
-    MeasureRatio(
+    MeasureCpuRatio(
         state, 1.5,
         [&] {
             for (int i = 0; i < kRepeats; ++i) {
@@ -41,7 +41,7 @@ void MenuTexts(benchmark::State& state, std::u16string_view text, double bound) 
         phrase.Text = u"A phrase of usual length";
         phrase.Cmd = text;
     }
-    MeasureRatio(
+    MeasureCpuRatio(
         state, bound,
         [&] {
             for (const VBRCommand& phrase : phrases) {

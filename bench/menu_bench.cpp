@@ -57,7 +57,7 @@ void BuildMenu(const MacroDesk& desk, const std::vector<VBRCommand>& tree) {
 void MenuOfAThousandPhrases(benchmark::State& state) {
     const MacroDesk desk;
     const std::vector<VBRCommand> tree = MakeTree(1000);
-    MeasureRatio(
+    MeasureCpuRatio(
         state, 2, [&] { BuildMenu(desk, tree); },
         [&] {
             for (const VBRCommand& group : tree) {
@@ -79,7 +79,7 @@ void MenuGrowsWithItsPhrases(benchmark::State& state) {
     const MacroDesk desk;
     const std::vector<VBRCommand> few = MakeTree(1000);
     const std::vector<VBRCommand> many = MakeTree(10000);
-    MeasureRatio(
+    MeasureCpuRatio(
         state, 12, [&] { BuildMenu(desk, many); }, [&] { BuildMenu(desk, few); });
 }
 BENCHMARK(MenuGrowsWithItsPhrases)->Iterations(101)->UseManualTime();

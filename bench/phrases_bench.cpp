@@ -56,7 +56,7 @@ void ReadAndParse(const std::filesystem::path& folder, FileStore& store) {
 // Loading the tree costs little more than reading and parsing the same files.
 void LoadPhrases(benchmark::State& state) {
     Phrases phrases(10'000, 200);
-    MeasureRatio(
+    MeasureCpuRatio(
         state, 1.5, [&] { phrases.Tree.LoadTree(phrases.Folder.Path()); },
         [&] { ReadAndParse(phrases.Folder.Path(), phrases.Store); });
 }
@@ -66,7 +66,7 @@ BENCHMARK(LoadPhrases)->Iterations(11)->UseManualTime()->Unit(benchmark::kMillis
 void LoadGrowth(benchmark::State& state) {
     Phrases many(10'000, 200);
     Phrases few(1'000, 20);
-    MeasureRatio(
+    MeasureCpuRatio(
         state, 12, [&] { many.Tree.LoadTree(many.Folder.Path()); },
         [&] { few.Tree.LoadTree(few.Folder.Path()); });
 }

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <benchmark/benchmark.h>
 #include <chrono>
+#include <ctime>
 #include <string>
 #include <vector>
 
@@ -49,5 +50,27 @@ void MeasureRatio(benchmark::State& state, double bound, Work&& work, Floor&& fl
     MeasureRatioOfTimes(
         state, bound, [&work] { return Time(work); }, [&floor] { return Time(floor); });
 }
+
+#ifndef _WIN32
+// Nanoseconds of processor time that the call takes, whatever else the machine is doing.
+template <typename Call>
+double CpuTime(Call&& call) {
+    const auto now = [] {
+        std::timespec time{};
+        clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
+        return static_cast<double>(time.tv_sec) * 1e9 + static_cast<double>(time.tv_nsec);
+    };
+    const double start = now();
+    call();
+    return now() - start;
+}
+
+// The same for work and floor that wait for nothing, in processor time.
+template <typename Work, typename Floor>
+void MeasureCpuRatio(benchmark::State& state, double bound, Work&& work, Floor&& floor) {
+    MeasureRatioOfTimes(
+        state, bound, [&work] { return CpuTime(work); }, [&floor] { return CpuTime(floor); });
+}
+#endif
 
 }  // namespace vbr::bench
