@@ -96,6 +96,7 @@ TEST_F(PhraseMenuOnDesktop, ARightClickCopiesAndTheMenuStaysOpen) {
     ASSERT_TRUE(WaitUntil([menu] { return TopMenuWindow() != menu; }));
     EXPECT_TRUE(FindMenuLine(u"Edit").IsGrayed());
     EXPECT_EQ(FindMenuLine(u"Search In Google [[sel] && more]").Depth, 0);
+    EXPECT_NE(ClipboardText(), u"[sel] & more");
     ClickMenuLine(FindMenuLine(u"Copy"), MouseButton::Left);
     ASSERT_TRUE(WaitUntil([] { return ClipboardText() == u"[sel] & more"; }));
     EXPECT_TRUE(WaitUntil([] { return FindMenuLine(u"[sel] & more").Label != u""; }));
@@ -110,17 +111,23 @@ TEST_F(PhraseMenuOnDesktop, TheKeyboardOpensTheRightClickMenuToo) {
     Add("Alpha", "first");
     Add("Beta", "second");
     Start();
-    for (const auto& keys : {std::vector<WORD>{VK_APPS}, std::vector<WORD>{VK_SHIFT, VK_F10}}) {
+    const struct {
+        std::vector<WORD> KeysOfTheMenu;
+        std::u16string Label;
+        std::u16string Text;
+    } cases[] = {{{VK_APPS}, u"Alpha", u"first"}, {{VK_SHIFT, VK_F10}, u"Beta", u"second"}};
+    for (const auto& [keysOfTheMenu, label, text] : cases) {
         OpenMenu();
         const HWND menu = TopMenuWindow();
-        PressKeys({'B'});
-        ASSERT_TRUE(WaitUntil([this] { return SelectedLabel() == u"Beta"; }));
-        PressKeys(keys);
+        PressKeys({label[0]});
+        ASSERT_TRUE(WaitUntil([&] { return SelectedLabel() == label; }));
+        PressKeys(keysOfTheMenu);
         ASSERT_TRUE(WaitUntil([menu] { return TopMenuWindow() != menu; }));
         const HWND rightMenu = TopMenuWindow();
-        EXPECT_EQ(FindMenuLine(u"Search In Google [second]").Depth, 0);
+        EXPECT_EQ(FindMenuLine(u"Search In Google [" + text + u"]").Depth, 0);
+        EXPECT_NE(ClipboardText(), text);
         PressKeys({VK_DOWN, VK_RETURN});
-        EXPECT_TRUE(WaitUntil([] { return ClipboardText() == u"second"; }));
+        EXPECT_TRUE(WaitUntil([&] { return ClipboardText() == text; }));
         // The phrase menu has closed with the other one here, and is there again.
         ASSERT_TRUE(WaitUntil([=] {
             const HWND top = TopMenuWindow();

@@ -45,10 +45,13 @@ ClipboardContent FillClipboard() {
 }
 
 ClipboardContent ReadClipboard() {
-    ClipboardContent content;
-    if (!Open()) {
+    static ClipboardContent content;
+    static DWORD readAt = 0;
+    if (readAt == GetClipboardSequenceNumber() || !Open()) {
         return content;
     }
+    readAt = GetClipboardSequenceNumber();
+    content.clear();
     for (UINT format = 0; (format = EnumClipboardFormats(format)) != 0;) {
         wchar_t name[100];
         const int length = GetClipboardFormatNameW(format, name, 100);

@@ -13,7 +13,8 @@ using ClipboardContent = std::map<std::wstring, std::string>;
 // Puts text, RTF, HTML, a bitmap and a private format there, and reads back what there is then.
 ClipboardContent FillClipboard();
 
-// Waits while another program has the clipboard open.
+// Waits while another program has the clipboard open. Opens it only after a change: a program that
+// wants to write meanwhile would find it in use and not try again.
 ClipboardContent ReadClipboard();
 
 }  // namespace vbr::desktop

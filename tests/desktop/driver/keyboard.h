@@ -7,7 +7,8 @@
 
 namespace vbr::desktop {
 
-// Presses the keys in order and lets them go in the opposite order, as a person does.
+// Presses the keys in order and lets them go in the opposite order, as a person does. Modifiers
+// that are still held are let go first.
 void PressKeys(const std::vector<WORD>& keys);
 
 // The program's own default hot key.

@@ -88,8 +88,12 @@ bool Program::StartResident(const std::wstring& arguments) {
     if (WaitUntilReady()) {
         return true;
     }
+    const auto exitCode = resident_.WaitForExit(0);
     std::cout << "The program has " << (TrayWindow() ? "a" : "no") << " window and "
-              << (resident_.IsRunning() ? "runs" : "has ended") << '\n'
+              << (resident_.IsRunning() ? "runs"
+                  : exitCode            ? "has ended with " + std::to_string(*exitCode)
+                                        : "was not started")
+              << '\n'
               << Utf16ToUtf8(Log()) << '\n';
     return false;
 }
