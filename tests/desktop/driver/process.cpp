@@ -1,6 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/driver/process.h"
 
+#include <iostream>
+
+#include "base/text.h"
+#include "platform/win32/wide.h"
+
 namespace vbr::desktop {
 
 Process::Process(const std::wstring& commandLine) {
@@ -13,6 +18,10 @@ Process::Process(const std::wstring& commandLine) {
         CloseHandle(info.hThread);
         handle_.reset(info.hProcess);
         id_ = info.dwProcessId;
+    } else {
+        const DWORD error = GetLastError();
+        std::cout << "Cannot start " << Utf16ToUtf8(FromWide(commandLine.c_str())) << ": error "
+                  << error << '\n';
     }
 }
 
