@@ -47,11 +47,14 @@ ClipboardContent FillClipboard() {
 ClipboardContent ReadClipboard() {
     static ClipboardContent content;
     static DWORD readAt = 0;
-    if (readAt == GetClipboardSequenceNumber() || !Open()) {
+    if (readAt == GetClipboardSequenceNumber()) {
+        return content;
+    }
+    content.clear();
+    if (!Open()) {
         return content;
     }
     readAt = GetClipboardSequenceNumber();
-    content.clear();
     for (UINT format = 0; (format = EnumClipboardFormats(format)) != 0;) {
         wchar_t name[100];
         const int length = GetClipboardFormatNameW(format, name, 100);

@@ -14,7 +14,7 @@ using ClipboardContent = std::map<std::wstring, std::string>;
 ClipboardContent FillClipboard();
 
 // Waits while another program has the clipboard open. Opens it only after a change: a program that
-// wants to write meanwhile would find it in use and not try again.
+// wants to write meanwhile would find it in use and not try again. Empty when it cannot be opened.
 ClipboardContent ReadClipboard();
 
 }  // namespace vbr::desktop
