@@ -77,7 +77,7 @@ void LoadHistory(benchmark::State& state) {
         },
         [&desk] { ReadAll(desk.Folder.Path()); });
 }
-BENCHMARK(LoadHistory)->Iterations(7)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(LoadHistory)->Iterations(21)->UseManualTime()->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace vbr::bench
