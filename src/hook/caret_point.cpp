@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "hook/caret_point.h"
 
-#include <memory>
 #include <oleacc.h>
 
-#include "hook/loaded_function.h"
+#include "platform/win32/handle.h"
+#include "platform/win32/loaded_function.h"
 
 namespace vbr::hook {
 namespace {
@@ -25,9 +25,9 @@ LONG Within(LONG value, LONG low, LONG high) {
     return value < low ? low : value > high ? high : value;
 }
 
-struct AccessibleReleaser {
-    void operator()(IAccessible* object) const { object->Release(); }
-};
+void Release(IAccessible* object) {
+    object->Release();
+}
 
 }  // namespace
 
@@ -48,17 +48,19 @@ std::optional<POINT> PointBelowCaret(const GUITHREADINFO& thread) {
 }
 
 std::optional<POINT> PointBelowAccessibleCaret(HWND window) {
-    const LoadedLibrary library(L"oleacc.dll");
+    // From nowhere but the system's folder.
+    const UniqueLibrary library(
+        LoadLibraryExW(L"oleacc.dll", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32));
     using ObjectFromWindow = HRESULT(WINAPI*)(HWND, DWORD, REFIID, void**);
     const auto objectFromWindow =
-        FunctionOf<ObjectFromWindow>(library.Module(), "AccessibleObjectFromWindow");
+        FunctionOf<ObjectFromWindow>(library.get(), "AccessibleObjectFromWindow");
     void* found = nullptr;
     if (!objectFromWindow ||
         FAILED(objectFromWindow(window, static_cast<DWORD>(OBJID_CARET), kIidAccessible, &found)) ||
         !found) {
         return std::nullopt;
     }
-    const std::unique_ptr<IAccessible, AccessibleReleaser> caret(static_cast<IAccessible*>(found));
+    const Unique<IAccessible*, Release> caret(static_cast<IAccessible*>(found));
     VARIANT self{};
     self.vt = VT_I4;
     self.lVal = CHILDID_SELF;

@@ -1,18 +1,17 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/win32/windows.h"
-
-#include <memory>
+#include "platform/win32/handle.h"
 
 namespace vbr::hook {
 
+inline void FreeHeapBlock(void* block) {
+    HeapFree(GetProcessHeap(), 0, block);
+}
+
 // Memory of the process's heap, which needs no runtime.
-struct HeapFreer {
-    void operator()(void* block) const { HeapFree(GetProcessHeap(), 0, block); }
-};
 template <typename T>
-using HeapBlock = std::unique_ptr<T, HeapFreer>;
+using HeapBlock = Unique<T*, FreeHeapBlock>;
 
 // Room for `count` values, not initialised; null when there is no memory.
 template <typename T>

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "hook/hook_setup.h"
 
-#include "hook/mapped_view.h"
 #include "platform/win32/wide.h"
 
 namespace vbr::hook {
@@ -35,19 +34,19 @@ bool MakeSetup(const WPInstallParams& params, HookSetup& setup) {
 UniqueHandle PublishSetup(const HookSetup& setup) {
     UniqueHandle mapping(CreateFileMappingW(INVALID_HANDLE_VALUE, nullptr, PAGE_READWRITE, 0,
                                             sizeof setup, kSetupName));
-    const MappedView view(mapping.get(), FILE_MAP_WRITE, sizeof setup);
+    const auto view = MapView<HookSetup>(mapping.get(), FILE_MAP_WRITE, sizeof setup);
     if (!view) {
         return nullptr;
     }
-    *view.As<HookSetup>() = setup;
+    *view = setup;
     return mapping;
 }
 
 bool ReadPublishedSetup(HookSetup& setup) {
     const UniqueHandle mapping(OpenFileMappingW(FILE_MAP_READ, FALSE, kSetupName));
-    const MappedView view(mapping.get(), FILE_MAP_READ, sizeof setup);
+    const auto view = MapView<const HookSetup>(mapping.get(), FILE_MAP_READ, sizeof setup);
     if (view) {
-        setup = *view.As<const HookSetup>();
+        setup = *view;
     }
     return static_cast<bool>(view);
 }

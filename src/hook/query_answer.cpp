@@ -6,8 +6,8 @@
 #include "exchange/query_writer.h"
 #include "hook/caret_point.h"
 #include "hook/heap_block.h"
-#include "hook/mapped_view.h"
 #include "hook/selected_range.h"
+#include "platform/win32/handle.h"
 #include "platform/win32/wide.h"
 
 namespace vbr::hook {
@@ -144,8 +144,8 @@ class Answer {
             return;
         }
         const UniqueHandle area(OpenFileMappingW(FILE_MAP_WRITE, FALSE, setup_.InterchangeArea));
-        const MappedView view(area.get(), FILE_MAP_WRITE, kQueryDocumentMax);
-        if (view && WriteQueryDocument(facts, view.As<char>(), kQueryDocumentMax)) {
+        const auto view = MapView<char>(area.get(), FILE_MAP_WRITE, kQueryDocumentMax);
+        if (view && WriteQueryDocument(facts, view.get(), kQueryDocumentMax)) {
             SetEvent(needed.get());
         }
     }

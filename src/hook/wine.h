@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "hook/loaded_function.h"
+#include "platform/win32/loaded_function.h"
 
 namespace vbr::hook {
 

@@ -2,23 +2,18 @@
 #include "platform/win32/windows.h"
 
 #include <gtest/gtest.h>
-#include <memory>
 #include <regex>
 #include <string>
 
 #include "base/text.h"
 #include "base/version.h"
+#include "platform/win32/handle.h"
 #include "platform/win32/win_system_info.h"
 #include "resources/resource_ids.h"
 #include "windows/program_folder.h"
 
 namespace vbr {
 namespace {
-
-struct ModuleFreer {
-    using pointer = HMODULE;
-    void operator()(HMODULE module) const { FreeLibrary(module); }
-};
 
 // The built program, opened for its resources only.
 class ProgramResourcesTest : public testing::Test {
@@ -37,7 +32,7 @@ class ProgramResourcesTest : public testing::Test {
                       : std::string();
     }
 
-    std::unique_ptr<HMODULE, ModuleFreer> program_;
+    UniqueLibrary program_;
 };
 
 TEST(ProgramVersionTest, TheVersionOfAFileIsThatOfTheProgram) {

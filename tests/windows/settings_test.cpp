@@ -83,10 +83,9 @@ TEST(SharedArea, AnotherProgramReadsTheLastTextAsLongAsTheWriterLives) {
         for (const std::u16string_view selected : {u"a longer text", u"x", u"Фраза"}) {
             EXPECT_TRUE(shared.WriteSharedSettings(13, 3, true, selected));
             const UniqueHandle area = open();
-            const void* view = MapViewOfFile(area.get(), FILE_MAP_READ, 0, 0, 0);
+            const auto view = MapView<const char>(area.get(), FILE_MAP_READ, 0);
             ASSERT_TRUE(view);
-            EXPECT_EQ(static_cast<const char*>(view), SharedSettingsText(13, 3, true, selected));
-            UnmapViewOfFile(view);
+            EXPECT_EQ(view.get(), SharedSettingsText(13, 3, true, selected));
         }
     }
     EXPECT_FALSE(open());

@@ -130,10 +130,10 @@ TEST_F(WinNamedObjectsTest, ASharedBlockKeepsATextWithItsZeroByteWithinItsSize) 
 TEST_F(WinNamedObjectsTest, ASharedBlockWithoutAZeroByteIsNotRead) {
     const auto block = objects_.Create(kName, kPage);
     const UniqueHandle mapping(OpenFileMappingW(FILE_MAP_WRITE, FALSE, Wide(kName.data())));
-    void* view = MapViewOfFile(mapping.get(), FILE_MAP_WRITE, 0, 0, 0);
+    auto view = MapView<char>(mapping.get(), FILE_MAP_WRITE, 0);
     ASSERT_TRUE(view);
-    std::memset(view, 'x', kPage);
-    UnmapViewOfFile(view);
+    std::memset(view.get(), 'x', kPage);
+    view.reset();
     EXPECT_EQ(objects_.OpenBlock(kName)->Read().State, SharedTextState::NotReadable);
 }
 

@@ -4,20 +4,14 @@
 #include "platform/win32/windows.h"
 
 #include <cstdint>
-#include <memory>
 #include <string>
 
 #include "menu/menu_tip_rules.h"
 #include "platform/clock.h"
+#include "platform/win32/handle.h"
 #include "platform/win32/window_base.h"
 
 namespace vbr {
-
-struct TipWindowDestroyer {
-    using pointer = HWND;
-    void operator()(HWND window) const { DestroyWindow(window); }
-};
-using UniqueTipWindow = std::unique_ptr<std::remove_pointer_t<HWND>, TipWindowDestroyer>;
 
 // What a window answers to the registered message kMessageMenuTip, whose lParam is the block's
 // address, when it has a tip for the item; its result is not 0 then.
@@ -91,7 +85,7 @@ class CMenuToolTip {
     HMENU menu_ = nullptr;
     std::uint32_t shown_ = 0;  // the item whose tip shows, 0 for none
     HWND menuWindow_ = nullptr;
-    UniqueTipWindow tip_;
+    UniqueWindow tip_;
     std::u16string defaultText_;
     DWORD style_ = 0;
     std::u16string firstTitle_;

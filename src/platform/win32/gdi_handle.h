@@ -1,33 +1,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/win32/windows.h"
-
-#include <memory>
-#include <type_traits>
+#include "platform/win32/handle.h"
 
 namespace vbr {
 
 // Owns a font, brush, pen or bitmap, which no device context may hold when this ends.
 template <typename Handle>
-struct GdiDeleter {
-    using pointer = Handle;
-    void operator()(Handle handle) const { DeleteObject(handle); }
-};
-template <typename Handle>
-using UniqueGdi = std::unique_ptr<std::remove_pointer_t<Handle>, GdiDeleter<Handle>>;
-
-struct IconDestroyer {
-    using pointer = HICON;
-    void operator()(HICON icon) const { DestroyIcon(icon); }
-};
-using UniqueIcon = std::unique_ptr<std::remove_pointer_t<HICON>, IconDestroyer>;
-
-struct DcDeleter {
-    using pointer = HDC;
-    void operator()(HDC dc) const { DeleteDC(dc); }
-};
-using UniqueDc = std::unique_ptr<std::remove_pointer_t<HDC>, DcDeleter>;
+using UniqueGdi = Unique<Handle, DeleteObject>;
+using UniqueIcon = Unique<HICON, DestroyIcon>;
+using UniqueDc = Unique<HDC, DeleteDC>;
 
 // Everything chosen into the device context meanwhile is undone.
 class SavedDc {

@@ -1,25 +1,28 @@
 // SPDX-License-Identifier: MIT
 #include "platform/win32/screen_dpi.h"
 
+#include "platform/win32/handle.h"
+#include "platform/win32/loaded_function.h"
+
 namespace vbr {
 namespace {
+
+void ReleaseScreen(HDC screen) {
+    ReleaseDC(nullptr, screen);
+}
 
 // A function that older systems lack; null there.
 template <typename Function>
 Function Find(const wchar_t* library, const char* name) {
-    const HMODULE module = LoadLibraryExW(library, nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
-    return module
-               ? reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(module, name)))
-               : nullptr;
+    return FunctionOf<Function>(LoadLibraryExW(library, nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32),
+                                name);
 }
 
 }  // namespace
 
 int SystemDpi() {
-    const HDC screen = GetDC(nullptr);
-    const int dpi = GetDeviceCaps(screen, LOGPIXELSY);
-    ReleaseDC(nullptr, screen);
-    return dpi;
+    const Unique<HDC, ReleaseScreen> screen(GetDC(nullptr));
+    return GetDeviceCaps(screen.get(), LOGPIXELSY);
 }
 
 int DpiAt(POINT point) {

@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "platform/win32/win_bitmaps.h"
 
-#include "platform/win32/windows.h"
-
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
 #include <new>
-#include <type_traits>
+
+#include "platform/win32/gdi_handle.h"
 
 namespace vbr {
 namespace {
@@ -16,12 +15,6 @@ static_assert(sizeof(BitmapHeader) == sizeof(BITMAPINFOHEADER));
 
 // A bitmap of up to eight bits has so many colours; one of more bits has up to three masks there.
 constexpr std::size_t kMaxColors = 256;
-
-struct DeviceDeleter {
-    using pointer = HDC;
-    void operator()(HDC device) const { DeleteDC(device); }
-};
-using UniqueDevice = std::unique_ptr<std::remove_pointer_t<HDC>, DeviceDeleter>;
 
 // A header with the room for colours that a call may fill.
 class HeaderAndColors {
@@ -58,7 +51,7 @@ class WinBitmap : public Bitmap {
     const std::shared_ptr<void>& Object() const { return object_; }
 
     std::optional<BitmapHeader> Header() const override {
-        const UniqueDevice device(CreateCompatibleDC(nullptr));
+        const UniqueDc device(CreateCompatibleDC(nullptr));
         HeaderAndColors info{BitmapHeader{}};
         if (!device ||
             !GetDIBits(device.get(), Handle(), 0, 0, nullptr, info.Info(), DIB_RGB_COLORS)) {
@@ -78,7 +71,7 @@ class WinBitmap : public Bitmap {
     std::optional<BitmapBits> Read(const BitmapHeader& header) const override {
         // The system trusts that the buffer holds all rows.
         const auto rows = static_cast<std::size_t>(std::abs(std::int64_t{header.Height}));
-        const UniqueDevice device(CreateCompatibleDC(nullptr));
+        const UniqueDc device(CreateCompatibleDC(nullptr));
         if (!device || header.Width <= 0 || header.SizeImage < RowBytes(header) * rows) {
             return std::nullopt;
         }

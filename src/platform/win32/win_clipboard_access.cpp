@@ -8,6 +8,7 @@
 #include <span>
 #include <utility>
 
+#include "platform/win32/handle.h"
 #include "platform/win32/wide.h"
 
 namespace vbr {
@@ -167,11 +168,6 @@ OwnedHandle CopyForSystem(const ClipboardBlock& block, Kind kind) {
     }
     return Own<HGLOBAL, GlobalFree>(nullptr);
 }
-
-struct WindowDestroyer {
-    void operator()(HWND window) const { DestroyWindow(window); }
-};
-using UniqueWindow = std::unique_ptr<std::remove_pointer_t<HWND>, WindowDestroyer>;
 
 class WinSession : public ClipboardSession {
   public:

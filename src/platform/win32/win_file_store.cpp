@@ -27,24 +27,14 @@ constexpr std::uint64_t kStaleAfter = 3600ULL * 10'000'000;  // in units of 100 
 // Far above any file of ours, and below what memory may not give.
 constexpr LONGLONG kMaxRead = 256LL * 1024 * 1024;
 
-struct FindCloser {
-    using pointer = HANDLE;
-    void operator()(HANDLE search) const {
-        if (search != INVALID_HANDLE_VALUE) {
-            FindClose(search);
-        }
-    }
-};
-using UniqueSearch = std::unique_ptr<void, FindCloser>;
-
 // Calls `visit` with each entry that fits the pattern; the error that ended it, or 0.
 template <typename Visit>
 DWORD ForEachEntry(const fs::path& pattern, const Visit& visit) {
     WIN32_FIND_DATAW entry{};
-    const UniqueSearch search(FindFirstFileExW(ReachablePath(pattern).c_str(), FindExInfoBasic,
-                                               &entry, FindExSearchNameMatch, nullptr,
-                                               FIND_FIRST_EX_LARGE_FETCH));
-    if (search.get() == INVALID_HANDLE_VALUE) {
+    const Unique<HANDLE, FindClose> search(
+        FindFirstFileExW(ReachablePath(pattern).c_str(), FindExInfoBasic, &entry,
+                         FindExSearchNameMatch, nullptr, FIND_FIRST_EX_LARGE_FETCH));
+    if (!IsValid(search)) {
         const DWORD error = GetLastError();
         return error == ERROR_FILE_NOT_FOUND ? 0 : error;
     }

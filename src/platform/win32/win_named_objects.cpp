@@ -9,12 +9,6 @@
 namespace vbr {
 namespace {
 
-struct ViewCloser {
-    using pointer = const char*;
-    void operator()(const char* view) const { UnmapViewOfFile(view); }
-};
-using UniqueView = std::unique_ptr<const char, ViewCloser>;
-
 class WinSharedBlock : public SharedBlock {
   public:
     // Of a block that is only read the size is not known.
@@ -27,22 +21,21 @@ class WinSharedBlock : public SharedBlock {
         if (text.size() >= bytes_) {
             return false;
         }
-        void* view = MapViewOfFile(handle_.get(), FILE_MAP_WRITE, 0, 0, text.size() + 1);
+        const auto view = MapView<char>(handle_.get(), FILE_MAP_WRITE, text.size() + 1);
         if (!view) {
             return false;
         }
-        std::memcpy(view, text.data(), text.size());
-        static_cast<char*>(view)[text.size()] = '\0';
-        FlushViewOfFile(view, text.size() + 1);
-        return UnmapViewOfFile(view) != 0;
+        std::memcpy(view.get(), text.data(), text.size());
+        view.get()[text.size()] = '\0';
+        FlushViewOfFile(view.get(), text.size() + 1);
+        return true;
     }
 
     // Keeps its view for the next time.
     SharedText Read() override {
         if (!view_) {
             MEMORY_BASIC_INFORMATION region{};
-            view_.reset(
-                static_cast<const char*>(MapViewOfFile(handle_.get(), FILE_MAP_READ, 0, 0, 0)));
+            view_ = MapView<const char>(handle_.get(), FILE_MAP_READ, 0);
             if (!view_ || VirtualQuery(view_.get(), &region, sizeof region) == 0) {
                 view_.reset();
                 return {SharedTextState::NotMapped, {}};
@@ -61,7 +54,7 @@ class WinSharedBlock : public SharedBlock {
   private:
     UniqueHandle handle_;
     std::uint32_t bytes_;
-    UniqueView view_;
+    UniqueView<const char> view_;
     std::size_t mapped_ = 0;
 };
 

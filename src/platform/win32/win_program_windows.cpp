@@ -7,7 +7,7 @@
 #include <psapi.h>
 #include <shellapi.h>
 
-#include "platform/win32/handle.h"
+#include "platform/win32/gdi_handle.h"
 #include "platform/win32/wide.h"
 
 namespace vbr {
@@ -23,9 +23,7 @@ HWND WindowOf(WindowHandle window) {
 
 // A copy, since the icon belongs to the window's program.
 IconHandle Keep(HICON icon) {
-    return icon ? IconHandle(CopyIcon(icon),
-                             [](void* copy) { DestroyIcon(static_cast<HICON>(copy)); })
-                : nullptr;
+    return icon ? UniqueIcon(CopyIcon(icon)) : nullptr;
 }
 
 HICON AskForIcon(HWND window, WPARAM size) {
@@ -83,9 +81,7 @@ IconHandle WinProgramWindows::IconOfFile(std::u16string_view path) const {
     SHFILEINFOW info{};
     const bool found =
         SHGetFileInfoW(Wide(std::u16string(path)), 0, &info, sizeof info, SHGFI_ICON) != 0;
-    return found && info.hIcon
-               ? IconHandle(info.hIcon, [](void* icon) { DestroyIcon(static_cast<HICON>(icon)); })
-               : nullptr;
+    return found ? UniqueIcon(info.hIcon) : nullptr;
 }
 
 }  // namespace vbr

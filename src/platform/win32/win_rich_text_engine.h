@@ -1,15 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/win32/windows.h"
-
 #include <chrono>
-#include <memory>
 #include <string_view>
-#include <type_traits>
 
 #include "platform/log.h"
 #include "platform/rich_text_engine.h"
+#include "platform/win32/handle.h"
 
 namespace vbr {
 
@@ -40,15 +37,6 @@ class WinRichTextEngine : public RichTextEngine {
     std::size_t SameFormatEnd(RichRange range) const override;
 
   private:
-    struct LibraryFreer {
-        using pointer = HMODULE;
-        void operator()(HMODULE library) const { FreeLibrary(library); }
-    };
-    struct WindowDestroyer {
-        using pointer = HWND;
-        void operator()(HWND window) const { DestroyWindow(window); }
-    };
-
     // What is left of a source, and when its load is to be given up.
     struct Incoming;
 
@@ -69,8 +57,8 @@ class WinRichTextEngine : public RichTextEngine {
     std::chrono::milliseconds patience_;
     mutable bool tried_ = false;
     bool comReady_ = false;
-    std::unique_ptr<std::remove_pointer_t<HMODULE>, LibraryFreer> library_;
-    mutable std::unique_ptr<std::remove_pointer_t<HWND>, WindowDestroyer> control_;
+    UniqueLibrary library_;
+    mutable UniqueWindow control_;
 };
 
 }  // namespace vbr

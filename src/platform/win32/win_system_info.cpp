@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "base/text.h"
+#include "platform/win32/loaded_function.h"
 #include "platform/win32/wide.h"
 
 namespace vbr {
@@ -29,8 +30,7 @@ OSVERSIONINFOEXW TrueVersion() {
     OSVERSIONINFOEXW version{};
     version.dwOSVersionInfoSize = sizeof version;
     using RtlGetVersion = LONG(WINAPI*)(OSVERSIONINFOEXW*);
-    const auto get = reinterpret_cast<RtlGetVersion>(
-        reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "RtlGetVersion")));
+    const auto get = FunctionOf<RtlGetVersion>(GetModuleHandleW(L"ntdll.dll"), "RtlGetVersion");
     if (get) {
         get(&version);
     }
