@@ -1,29 +1,21 @@
 // SPDX-License-Identifier: MIT
 #include "exchange/win32/hook_module.h"
 
+#include "platform/win32/loaded_function.h"
 #include "platform/win32/wide.h"
 
 namespace vbr {
 
 bool HookModule::Load() {
     if (!module_) {
-        module_ = LoadLibraryW(Wide(path_));
+        module_.reset(LoadLibraryW(Wide(path_)));
     }
     return module_ != nullptr;
 }
 
-void HookModule::Unload() {
-    if (module_) {
-        FreeLibrary(module_);
-        module_ = nullptr;
-    }
-}
-
 template <typename Function>
 Function HookModule::Find(const char* name) const {
-    return module_
-               ? reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(module_, name)))
-               : nullptr;
+    return FunctionOf<Function>(module_.get(), name);
 }
 
 std::optional<bool> HookModule::Install(WPInstallParams& params) {

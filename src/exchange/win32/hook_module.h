@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/win32/windows.h"
-
 #include <string>
 
 #include "exchange/hook_library.h"
+#include "platform/win32/handle.h"
 
 namespace vbr {
 
@@ -13,12 +12,9 @@ namespace vbr {
 class HookModule : public HookLibrary {
   public:
     explicit HookModule(std::u16string path) : path_(std::move(path)) {}
-    ~HookModule() override { Unload(); }
-    HookModule(const HookModule&) = delete;
-    HookModule& operator=(const HookModule&) = delete;
 
     bool Load() override;
-    void Unload() override;
+    void Unload() override { module_.reset(); }
     std::optional<bool> Install(WPInstallParams& params) override;
     std::optional<bool> Uninstall() override;
     WindowHandle GetTargetWindow() override { return AskForWindow("WP_GetTargetWindow"); }
@@ -31,7 +27,7 @@ class HookModule : public HookLibrary {
     WindowHandle AskForWindow(const char* name) const;
 
     std::u16string path_;
-    HMODULE module_ = nullptr;
+    UniqueLibrary module_;
 };
 
 }  // namespace vbr

@@ -1,11 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "exchange/win32/win_desktops.h"
 
-#include "platform/win32/windows.h"
-
 #include <array>
-#include <type_traits>
 
+#include "platform/win32/handle.h"
 #include "platform/win32/wide.h"
 #include "platform/win32/win_error_text.h"
 
@@ -15,11 +13,7 @@ namespace {
 constexpr std::size_t kNameMax = 1023;
 
 // The system refuses to close the desktop of a running thread: so this may own that one too.
-struct DesktopCloser {
-    using pointer = HDESK;
-    void operator()(HDESK desktop) const { CloseDesktop(desktop); }
-};
-using UniqueDesktop = std::unique_ptr<std::remove_pointer_t<HDESK>, DesktopCloser>;
+using UniqueDesktop = Unique<HDESK, CloseDesktop>;
 
 class WinDesktop : public Desktop {
   public:

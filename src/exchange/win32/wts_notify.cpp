@@ -3,6 +3,8 @@
 
 #include <wtsapi32.h>
 
+#include "platform/win32/loaded_function.h"
+
 namespace vbr {
 namespace {
 
@@ -23,9 +25,7 @@ Function CWtsNotify::Find(const char* name) {
     if (!module_) {
         module_.reset(LoadLibraryW(L"Wtsapi32.dll"));
     }
-    return module_ ? reinterpret_cast<Function>(
-                         reinterpret_cast<void*>(GetProcAddress(module_.get(), name)))
-                   : nullptr;
+    return FunctionOf<Function>(module_.get(), name);
 }
 
 bool CWtsNotify::Register(WindowHandle window, bool thisSessionOnly) {

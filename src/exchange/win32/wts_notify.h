@@ -1,13 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/win32/windows.h"
-
-#include <memory>
 #include <set>
-#include <type_traits>
 
 #include "exchange/session_notices.h"
+#include "platform/win32/handle.h"
 
 namespace vbr {
 
@@ -25,17 +22,12 @@ class CWtsNotify : public SessionNotices {
     bool IsRegistered(WindowHandle window) const override { return windows_.contains(window); }
 
   private:
-    struct LibraryFreer {
-        using pointer = HMODULE;
-        void operator()(HMODULE module) const { FreeLibrary(module); }
-    };
-
     template <typename Function>
     Function Find(const char* name);
 
     std::set<WindowHandle> windows_;
     // Wtsapi32.dll, loaded at the first use.
-    std::unique_ptr<std::remove_pointer_t<HMODULE>, LibraryFreer> module_;
+    UniqueLibrary module_;
 };
 
 }  // namespace vbr

@@ -14,15 +14,10 @@
 #include "platform/clock.h"
 #include "platform/log.h"
 #include "platform/strings.h"
+#include "platform/win32/handle.h"
 #include "platform/win32/window_base.h"
 
 namespace vbr {
-
-struct HookRemover {
-    using pointer = HHOOK;
-    void operator()(HHOOK hook) const { UnhookWindowsHookEx(hook); }
-};
-using UniqueHook = std::unique_ptr<std::remove_pointer_t<HHOOK>, HookRemover>;
 
 // What a tracker works with.
 struct MenuTrackerParts {

@@ -37,6 +37,7 @@ using UniqueHandle = Unique<HANDLE, CloseHandle>;
 using UniqueLibrary = Unique<HMODULE, FreeLibrary>;
 using UniqueRegKey = Unique<HKEY, RegCloseKey>;
 using UniqueWindow = Unique<HWND, DestroyWindow>;
+using UniqueHook = Unique<HHOOK, UnhookWindowsHookEx>;
 template <typename T>
 using UniqueLocal = Unique<T*, LocalFree>;
 template <typename T>
