@@ -62,7 +62,7 @@ std::u16string Year2(const Sources& s) {
 
 // The packing of a mouse message's LPARAM, as a signed number.
 std::u16string MousePosition(const Sources& s) {
-    const std::optional<ScreenPoint> point = s.System.CursorPosition();
+    const std::optional<Point> point = s.System.CursorPosition();
     if (!point) {
         return u"ERROR on GetCursorPos";
     }

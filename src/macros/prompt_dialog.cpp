@@ -2,6 +2,7 @@
 #include "macros/prompt_dialog.h"
 
 #include <algorithm>
+#include <cstdint>
 
 #include "base/text.h"
 
@@ -30,22 +31,22 @@ std::u16string PromptAnswer(std::u16string_view defaultText, bool edited,
     return std::u16string(edited && !content.empty() ? content : defaultText);
 }
 
-PromptArea PlacePrompt(std::int32_t width, std::int32_t height, const PromptSurroundings& around) {
+Rect PlacePrompt(Size dialog, const PromptSurroundings& around) {
     std::int32_t left = 0;
     std::int32_t top = 0;
     if (around.Caret) {
         left = around.Caret->Left;
         top = around.Caret->Bottom;
-        if (top + height > around.WorkArea.Bottom) {
-            top = around.Caret->Top - height;
+        if (top + dialog.Height > around.WorkArea.Bottom) {
+            top = around.Caret->Top - dialog.Height;
         }
     } else {
-        left = (around.Target.Left + around.Target.Right - width) / 2;
-        top = (around.Target.Top + around.Target.Bottom - height) / 2;
+        left = (around.Target.Left + around.Target.Right - dialog.Width) / 2;
+        top = (around.Target.Top + around.Target.Bottom - dialog.Height) / 2;
     }
-    left = Within(left, width, around.WorkArea.Left, around.WorkArea.Right);
-    top = Within(top, height, around.WorkArea.Top, around.WorkArea.Bottom);
-    return {left, top, left + width, top + height};
+    left = Within(left, dialog.Width, around.WorkArea.Left, around.WorkArea.Right);
+    top = Within(top, dialog.Height, around.WorkArea.Top, around.WorkArea.Bottom);
+    return {left, top, left + dialog.Width, top + dialog.Height};
 }
 
 }  // namespace vbr

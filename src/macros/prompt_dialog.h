@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
 
+#include "base/geometry.h"
 #include "platform/window_handle.h"
 
 namespace vbr {
@@ -27,25 +27,15 @@ std::u16string PromptTitle(std::u16string_view program, std::u16string_view targ
 std::u16string PromptAnswer(std::u16string_view defaultText, bool edited,
                             std::u16string_view content);
 
-// A rectangle of the screen in pixels, its right and bottom edge outside.
-struct PromptArea {
-    std::int32_t Left = 0;
-    std::int32_t Top = 0;
-    std::int32_t Right = 0;
-    std::int32_t Bottom = 0;
-
-    bool operator==(const PromptArea&) const = default;
-};
-
 // Where the dialog stands. All rectangles in screen coordinates.
 struct PromptSurroundings {
-    std::optional<PromptArea> Caret;  // of the target, when it has one
-    PromptArea Target;                // the target's window, or the work area when there is none
-    PromptArea WorkArea;              // of the screen that holds the caret or the target
+    std::optional<Rect> Caret;  // of the target, when it has one
+    Rect Target;                // the target's window, or the work area when there is none
+    Rect WorkArea;              // of the screen that holds the caret or the target
 };
 
 // Under the caret, over it where the screen ends, or in the middle of the target. All of the dialog
 // stands within the work area when it has room there.
-PromptArea PlacePrompt(std::int32_t width, std::int32_t height, const PromptSurroundings& around);
+Rect PlacePrompt(Size dialog, const PromptSurroundings& around);
 
 }  // namespace vbr

@@ -70,7 +70,7 @@ class Painter {
     ItemPicture Paint() {
         picture_.Background = Background();
         picture_.Font = FontOf(info_);
-        MenuRect rest = place_.Bounds;
+        Rect rest = place_.Bounds;
         rest.Left += place_.InRoot ? Scaled(kSideBarRoom) : 0;
         PaintIcon(rest);
         picture_.Body = rest;
@@ -116,7 +116,7 @@ class Painter {
         return info_.Mark ? colors_.Marked : colors_.System.MenuText;
     }
 
-    void PaintIcon(MenuRect& rest) {
+    void PaintIcon(Rect& rest) {
         const MenuIcon kind = IconOf(info_);
         if (kind == MenuIcon::None) {
             return;
@@ -194,13 +194,13 @@ class Painter {
     int dpi_;
     const TextWidths& widths_;
     ItemPicture picture_;
-    MenuRect text_;
+    Rect text_;
 };
 
 }  // namespace
 
-MenuSize MeasureMenuItem(const CMenuItemInfo& info, bool inRoot, const MenuMetrics& metrics,
-                         const TextWidths& widths) {
+Size MeasureMenuItem(const CMenuItemInfo& info, bool inRoot, const MenuMetrics& metrics,
+                     const TextWidths& widths) {
     const std::u16string text = info.Label + info.RightText;
     const int textWidth = text.empty() ? 0 : widths.WidthOf(text, MenuFont());
     const int width = (text.empty() ? ScaleToDpi(kEmptyTextWidth, metrics.Dpi) : textWidth) +
@@ -222,7 +222,7 @@ ItemPicture PaintMenuItem(const CMenuItemInfo& info, const ItemPlace& place,
     return Painter(info, place, colors, dpi, widths).Paint();
 }
 
-SideBarPicture PaintSideBar(const MenuRect& item, int above, int menuHeight, int dpi) {
+SideBarPicture PaintSideBar(const Rect& item, int above, int menuHeight, int dpi) {
     const int menuTop = item.Top - above;
     const int bottom = menuTop + menuHeight;
     const int iconLeft = ScaleToDpi(kSideBarIconLeft, dpi);

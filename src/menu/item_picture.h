@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-#include "menu/menu_geometry.h"
+#include "base/geometry.h"
 #include "menu/menu_item_info.h"
 #include "menu/menu_look.h"
 
@@ -28,12 +28,12 @@ struct MenuMetrics {
 };
 
 // The room that an item asks for. `inRoot` leaves room for the side bar.
-MenuSize MeasureMenuItem(const CMenuItemInfo& info, bool inRoot, const MenuMetrics& metrics,
-                         const TextWidths& widths);
+Size MeasureMenuItem(const CMenuItemInfo& info, bool inRoot, const MenuMetrics& metrics,
+                     const TextWidths& widths);
 
 struct TextPicture {
     std::u16string Text;
-    MenuRect Place;
+    Rect Place;
     MenuColor Color = 0;
     std::optional<MenuColor> Behind;  // filled behind the text when it is set
     bool AtRight = false;
@@ -45,8 +45,8 @@ struct TextPicture {
 struct IconPicture {
     MenuIcon Kind = MenuIcon::None;
     bool Gray = false;
-    MenuRect Behind;  // filled with the item's background
-    MenuRect Place;
+    Rect Behind;  // filled with the item's background
+    Rect Place;
 
     bool operator==(const IconPicture&) const = default;
 };
@@ -54,21 +54,21 @@ struct IconPicture {
 // An item as it is painted, in this order. Every text is vertically centred on one line.
 struct ItemPicture {
     MenuColor Background = 0;
-    MenuRect Body;
+    Rect Body;
     std::optional<IconPicture> Icon;
-    std::optional<std::array<MenuPoint, 2>> Line;  // of a separator, black
+    std::optional<std::array<Point, 2>> Line;  // of a separator, black
     MenuColor LineColor = 0;
     MenuFont Font;
     std::vector<TextPicture> Texts;
-    std::optional<std::array<MenuPoint, 3>> Caret;
+    std::optional<std::array<Point, 3>> Caret;
     MenuColor CaretColor = 0;
-    std::optional<MenuRect> Frame;  // one pixel wide, within the rectangle
+    std::optional<Rect> Frame;  // one pixel wide, within the rectangle
     MenuColor FrameColor = 0;
 };
 
 // Where an item stands and what it is at the moment.
 struct ItemPlace {
-    MenuRect Bounds;
+    Rect Bounds;
     bool InRoot = false;  // beside the side bar
     bool Selected = false;
     bool Grayed = false;
@@ -79,12 +79,12 @@ ItemPicture PaintMenuItem(const CMenuItemInfo& info, const ItemPlace& place,
 
 // The side bar: the strip at the left of the root menu, from its top to its bottom.
 struct SideBarPicture {
-    MenuRect Strip;  // the item's part of it
-    MenuRect Icon;
-    MenuPoint Text;  // from where the text runs upwards
+    Rect Strip;  // the item's part of it
+    Rect Icon;
+    Point Text;  // from where the text runs upwards
 };
 
 // What of the side bar stands beside an item that begins `above` pixels below the menu's top.
-SideBarPicture PaintSideBar(const MenuRect& item, int above, int menuHeight, int dpi);
+SideBarPicture PaintSideBar(const Rect& item, int above, int menuHeight, int dpi);
 
 }  // namespace vbr

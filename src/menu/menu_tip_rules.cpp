@@ -33,10 +33,10 @@ std::optional<std::uint32_t> TipDelay::TakeDue() {
     return std::exchange(pending_, std::nullopt);
 }
 
-MenuPoint PlaceTip(const TipPlacing& placing) {
-    const MenuRect& item = placing.Item;
+Point PlaceTip(const TipPlacing& placing) {
+    const Rect& item = placing.Item;
     const int width = placing.Tip.Width != 0 ? placing.Tip.Width : placing.WidthGuess;
-    MenuPoint place{item.Right, item.Top};
+    Point place{item.Right, item.Top};
     if (item.Right + width > placing.Screen.Right) {
         place.X = item.Left - placing.Tip.Width;
     }
@@ -54,8 +54,8 @@ MenuPoint PlaceTip(const TipPlacing& placing) {
     return place;
 }
 
-std::optional<MenuRect> KeepTipOnScreens(const MenuRect& tip, const MenuRect& screens) {
-    MenuRect kept = tip;
+std::optional<Rect> KeepTipOnScreens(const Rect& tip, const Rect& screens) {
+    Rect kept = tip;
     kept.Right = std::min(kept.Right, screens.Right);
     if (const int excess = kept.Bottom - screens.Bottom; excess > 0) {
         kept.Top -= excess;

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "menu/menu_geometry.h"
+#include "base/geometry.h"
 #include "platform/clock.h"
 
 namespace vbr {
@@ -55,9 +55,9 @@ class TipDelay {
 
 // What a tip's place depends on. All rectangles are on the screen.
 struct TipPlacing {
-    MenuRect Item;
-    MenuSize Tip;
-    MenuRect Screen;     // of the monitor that shows the item
+    Rect Item;
+    Size Tip;
+    Rect Screen;         // of the monitor that shows the item
     int WidthGuess = 0;  // stands for a width that isn't known yet
     int HeightGuess = 0;
     int BorderHeight = 0;
@@ -65,10 +65,10 @@ struct TipPlacing {
 };
 
 // Where the tip's top left corner goes: beside the item, at its left where the right has no room.
-MenuPoint PlaceTip(const TipPlacing& placing);
+Point PlaceTip(const TipPlacing& placing);
 
 // The shown tip moved or cut so that it ends within all screens together; nothing when it does.
-std::optional<MenuRect> KeepTipOnScreens(const MenuRect& tip, const MenuRect& screens);
+std::optional<Rect> KeepTipOnScreens(const Rect& tip, const Rect& screens);
 
 // The title as the tip can show it.
 std::u16string ShortTipTitle(std::u16string_view title);

@@ -18,11 +18,11 @@ constexpr std::int32_t kNoChoice = -1;
 // The target needs a moment with the foreground before the text comes.
 constexpr std::uint32_t kAfterChoiceMs = 100;
 
-std::optional<ScreenPoint> PointOf(const WPQuery& query) {
+std::optional<Point> PointOf(const WPQuery& query) {
     if (query.PointX == -1 && query.PointY == -1) {
         return std::nullopt;
     }
-    return ScreenPoint{query.PointX, query.PointY};
+    return Point{query.PointX, query.PointY};
 }
 
 std::int32_t ResultOf(std::uint32_t choice) {
@@ -59,7 +59,7 @@ void IDataNeededHander_MenuSelf::OnDataNeeded(const WPQuery& query, WPAnswer&) {
     hkl_ = query.Hkl;
     // The query may end while the menu is open.
     const WindowHandle target = query.TargetWindow;
-    const std::optional<ScreenPoint> point = PointOf(query);
+    const std::optional<Point> point = PointOf(query);
     PhraseMenu menu = parts_.Guard.Run(kFaultMakeMenu, PhraseMenu(), [this] { return MakeMenu(); });
     const std::uint32_t choice = menu.empty() ? 0 : parts_.Presenter.Show(std::move(menu), point);
     if (choice != 0) {

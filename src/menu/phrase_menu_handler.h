@@ -29,7 +29,7 @@ class MenuPresenter {
     virtual ~MenuPresenter() = default;
 
     // Runs the menu at the point, or at the mouse cursor; the chosen item's id, 0 for none.
-    virtual std::uint32_t Show(PhraseMenu menu, std::optional<ScreenPoint> at) = 0;
+    virtual std::uint32_t Show(PhraseMenu menu, std::optional<Point> at) = 0;
     virtual bool IsShown() const = 0;
     // The user's fonts have changed: they are made anew for the next menu.
     virtual void ClearFonts() = 0;

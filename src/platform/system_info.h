@@ -1,18 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <cstdint>
 #include <optional>
 #include <string>
 
+#include "base/geometry.h"
+
 namespace vbr {
-
-struct ScreenPoint {
-    std::int32_t X = 0;
-    std::int32_t Y = 0;
-
-    bool operator==(const ScreenPoint&) const = default;
-};
 
 // A file of the program whose version can be asked.
 enum class ProgramFile { Main, Editor, HookLibrary };
@@ -24,7 +18,7 @@ class SystemInfo {
 
     // Name of the logged-on user; empty when it can't be read.
     virtual std::u16string UserName() const = 0;
-    virtual std::optional<ScreenPoint> CursorPosition() const = 0;
+    virtual std::optional<Point> CursorPosition() const = 0;
     virtual std::optional<std::u16string> SystemDirectory() const = 0;
     // Name with " 64x" or " 32x", "build %d" and the service pack, joined by blanks.
     virtual std::u16string SystemDescription() const = 0;

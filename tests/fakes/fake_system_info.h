@@ -8,11 +8,11 @@ namespace vbr {
 // Counts how often it is asked for a name or a version; calls that can fail do.
 class FakeSystemInfo : public SystemInfo {
   public:
-    std::optional<ScreenPoint> Cursor;
+    std::optional<Point> Cursor;
     mutable int Asked = 0;
 
     std::u16string UserName() const override { return Answer(u"ann"); }
-    std::optional<ScreenPoint> CursorPosition() const override { return Cursor; }
+    std::optional<Point> CursorPosition() const override { return Cursor; }
     std::optional<std::u16string> SystemDirectory() const override { return std::nullopt; }
     std::u16string SystemDescription() const override { return Answer(u"system"); }
     bool Is64BitWindows() const override { return true; }

@@ -20,10 +20,10 @@ class FakeMenuPresenter : public MenuPresenter {
   public:
     std::uint32_t Choice = 0;
     PhraseMenu Shown;  // the last menu; empty when none opened
-    std::optional<ScreenPoint> Place;
+    std::optional<Point> Place;
     std::function<void()> WhileShown = [] {};
 
-    std::uint32_t Show(PhraseMenu menu, std::optional<ScreenPoint> at) override {
+    std::uint32_t Show(PhraseMenu menu, std::optional<Point> at) override {
         Shown = std::move(menu);
         Place = at;
         WhileShown();

@@ -27,7 +27,7 @@ class MacroExpansion : public testing::Test, protected MacroDesk {
 };
 
 TEST_F(MacroExpansion, ValuesStandInPlaceOfTheirTokens) {
-    System.Cursor = ScreenPoint{3, -2};
+    System.Cursor = Point{3, -2};
     ExpectTexts({{u"<%DAY%|%DAY2%|%MONTHNUMBER%|%MONTHNUMBER2%>", u"<5|05|3|03>"},
                  {u"%YEAR%|%YEAR2%|%MONTHNAME%|%MONTHNAME_ABBR%", u"2025|25|March|Mar"},
                  {u"%DATETIME%|%WEEKDAYNAME_ABBR%", u"Wednesday, March 5, 2025 21:7:30|Wed"},

@@ -21,23 +21,23 @@ TEST(Prompt, AnswerIsWhatWasTypedOrTheDefault) {
 }
 
 TEST(Prompt, StandsUnderTheCaretAndWithinTheScreen) {
-    const PromptArea work{-100, 0, 1000, 700};
-    const PromptArea target{200, 100, 600, 300};
+    const Rect work{-100, 0, 1000, 700};
+    const Rect target{200, 100, 600, 300};
     const struct {
-        std::optional<PromptArea> Caret;
-        PromptArea Place;
+        std::optional<Rect> Caret;
+        Rect Place;
     } cases[] = {
-        {PromptArea{50, 80, 51, 96}, {50, 96, 350, 196}},
-        {PromptArea{50, 680, 51, 696}, {50, 580, 350, 680}},   // above it at the bottom
-        {PromptArea{990, 80, 991, 96}, {700, 96, 1000, 196}},  // at the right edge
-        {PromptArea{-500, -40, -499, -24}, {-100, 0, 200, 100}},
+        {Rect{50, 80, 51, 96}, {50, 96, 350, 196}},
+        {Rect{50, 680, 51, 696}, {50, 580, 350, 680}},   // above it at the bottom
+        {Rect{990, 80, 991, 96}, {700, 96, 1000, 196}},  // at the right edge
+        {Rect{-500, -40, -499, -24}, {-100, 0, 200, 100}},
         {std::nullopt, {250, 150, 550, 250}},
     };
     for (const auto& c : cases) {
-        const PromptArea place = PlacePrompt(300, 100, {c.Caret, target, work});
+        const Rect place = PlacePrompt({300, 100}, {c.Caret, target, work});
         EXPECT_EQ(place, c.Place) << place.Left << ", " << place.Top;
     }
-    EXPECT_EQ(PlacePrompt(2000, 900, {std::nullopt, target, work}).Left, -100);
+    EXPECT_EQ(PlacePrompt({2000, 900}, {std::nullopt, target, work}).Left, -100);
 }
 
 }  // namespace

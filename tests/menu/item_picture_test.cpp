@@ -39,7 +39,7 @@ CMenuItemInfo HistoryItem(std::uint32_t index) {
 
 ItemPicture Paint(const CMenuItemInfo& info, ItemPlace place = {}, int dpi = 96,
                   const SystemMenuColors& system = kSystem) {
-    if (place.Bounds == MenuRect()) {
+    if (place.Bounds == Rect()) {
         place.Bounds = {0, 100, 300, 124};
     }
     return PaintMenuItem(info, place, ChooseMenuColors(system), dpi, TenPixelFont());
@@ -48,7 +48,7 @@ ItemPicture Paint(const CMenuItemInfo& info, ItemPlace place = {}, int dpi = 96,
 TEST(MeasureMenuItem, AsksForTheRoomThatItsTextNeeds) {
     const CMenuItemInfo badge{.Label = u"abcd", .RightText = u"+EN", .CommandId = 1};
     const CMenuItemInfo extra{.Label = u"abcd", .CommandId = kCmdSupport};
-    const std::tuple<CMenuItemInfo, bool, MenuMetrics, MenuSize> cases[] = {
+    const std::tuple<CMenuItemInfo, bool, MenuMetrics, Size> cases[] = {
         {Phrase(u""), true, {20, 96}, {129, 24}},
         {Separator(), true, {20, 96}, {129, 12}},
         {Separator(), true, {2, 96}, {129, 1}},
@@ -134,19 +134,19 @@ TEST(PaintMenuItem, PartsStandSideBySide) {
     const ItemPicture picture = Paint(info, {.InRoot = true});
     EXPECT_EQ(picture.Icon,
               (IconPicture{MenuIcon::PlainText, false, {24, 99, 44, 124}, {25, 100, 41, 116}}));
-    EXPECT_EQ(picture.Body, (MenuRect{42, 100, 300, 124}));
+    EXPECT_EQ(picture.Body, (Rect{42, 100, 300, 124}));
     EXPECT_EQ(picture.Texts[0], (TextPicture{u"1.", {50, 100, 300, 124}, 0xFF0000}));
     EXPECT_EQ(picture.Texts[1],
               (TextPicture{u"abc", {90, 100, 300, 124}, 0x000002, {}, false, true}));
     EXPECT_EQ(picture.Texts[2],
               (TextPicture{u"+EN", {90, 100, 297, 124}, 0xFF0000, {}, true, false}));
-    EXPECT_EQ(picture.Caret, (std::array<MenuPoint, 3>{{{107, 119}, {110, 116}, {113, 119}}}));
+    EXPECT_EQ(picture.Caret, (std::array<Point, 3>{{{107, 119}, {110, 116}, {113, 119}}}));
     EXPECT_FALSE(picture.Line || picture.Frame);
 }
 
 TEST(PaintMenuItem, ASelectedItemsIconGrowsUnlessItIsGrayed) {
-    const MenuRect cases[2][2] = {{{1, 100, 17, 116}, {1, 100, 17, 116}},
-                                  {{0, 99, 20, 119}, {1, 100, 17, 116}}};
+    const Rect cases[2][2] = {{{1, 100, 17, 116}, {1, 100, 17, 116}},
+                              {{0, 99, 20, 119}, {1, 100, 17, 116}}};
     for (const bool selected : {false, true}) {
         for (const bool grayed : {false, true}) {
             const ItemPicture picture =
@@ -159,7 +159,7 @@ TEST(PaintMenuItem, ASelectedItemsIconGrowsUnlessItIsGrayed) {
 
 TEST(PaintMenuItem, ASeparatorIsALineAndItsCaptionStandsOutOfIt) {
     const ItemPicture plain = Paint(Separator(), {.InRoot = true});
-    EXPECT_EQ(plain.Line, (std::array<MenuPoint, 2>{{{43, 112}, {299, 112}}}));
+    EXPECT_EQ(plain.Line, (std::array<Point, 2>{{{43, 112}, {299, 112}}}));
     EXPECT_TRUE(plain.Texts.empty() && !plain.Icon);
     const ItemPicture captioned = Paint(Separator(u"Other"));
     ASSERT_EQ(captioned.Texts.size(), 1U);
@@ -173,9 +173,9 @@ TEST(PaintMenuItem, TheNewestRecentPhraseAndMarkedItemsAreFramed) {
     info.RecentIndex = 1;
     EXPECT_FALSE(Paint(info).Frame);
     info.RecentIndex = 0;
-    EXPECT_EQ(Paint(info).Frame, (MenuRect{18, 100, 300, 124}));
+    EXPECT_EQ(Paint(info).Frame, (Rect{18, 100, 300, 124}));
     const CMenuItemInfo group{.Label = u"G", .ItemFlags = kItemPopup, .Mark = true};
-    EXPECT_EQ(Paint(group, {.InRoot = true}).Frame, (MenuRect{24, 100, 300, 124}));
+    EXPECT_EQ(Paint(group, {.InRoot = true}).Frame, (Rect{24, 100, 300, 124}));
 }
 
 TEST(PaintMenuItem, APopupOfTheHistoryStandsWhereItsItemsTextsDo) {
@@ -190,16 +190,16 @@ TEST(PaintMenuItem, APopupOfTheHistoryStandsWhereItsItemsTextsDo) {
 TEST(PaintMenuItem, MeasuresGrowWithTheScreensDots) {
     const ItemPicture picture =
         Paint(Phrase(u"a"), {.Bounds = {0, 0, 600, 48}, .InRoot = true}, 192);
-    EXPECT_EQ(picture.Icon->Place, (MenuRect{50, 0, 82, 32}));
+    EXPECT_EQ(picture.Icon->Place, (Rect{50, 0, 82, 32}));
     EXPECT_EQ(picture.Texts[0].Place.Left, 48 + 36 + 16);
 }
 
 TEST(PaintSideBar, EachItemHasItsPartOfOneBar) {
     // A menu from 10 to 110, and its item from 30 to 54.
     const SideBarPicture picture = PaintSideBar({0, 30, 300, 54}, 20, 100, 96);
-    EXPECT_EQ(picture.Strip, (MenuRect{0, 30, 22, 54}));
-    EXPECT_EQ(picture.Icon, (MenuRect{4, 92, 20, 108}));
-    EXPECT_EQ(picture.Text, (MenuPoint{0, 86}));
+    EXPECT_EQ(picture.Strip, (Rect{0, 30, 22, 54}));
+    EXPECT_EQ(picture.Icon, (Rect{4, 92, 20, 108}));
+    EXPECT_EQ(picture.Text, (Point{0, 86}));
 }
 
 TEST(MenuLook, FontsAndIconsTellTheKindOfAnItem) {

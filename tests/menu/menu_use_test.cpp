@@ -123,15 +123,15 @@ TEST(TipRules, OnlyCommandsHaveTips) {
 }
 
 TEST(TipRules, ATipStandsBesideItsItemOnTheItemsMonitor) {
-    constexpr MenuRect kMain = {0, 0, 1000, 800};
-    constexpr MenuRect kLeft = {-1200, -100, 0, 924};
-    constexpr MenuRect kRight = {1000, 0, 2000, 800};
+    constexpr Rect kMain = {0, 0, 1000, 800};
+    constexpr Rect kLeft = {-1200, -100, 0, 924};
+    constexpr Rect kRight = {1000, 0, 2000, 800};
     const struct {
-        MenuRect Item;
-        MenuSize Tip;
-        MenuRect Screen;
+        Rect Item;
+        Size Tip;
+        Rect Screen;
         bool Balloon;
-        MenuPoint Expected;
+        Point Expected;
     } cases[] = {
         {{100, 100, 300, 124}, {200, 80}, kMain, false, {300, 100}},
         {{700, 100, 850, 124}, {200, 80}, kMain, false, {500, 100}},
@@ -153,9 +153,9 @@ TEST(TipRules, ATipStandsBesideItsItemOnTheItemsMonitor) {
 }
 
 TEST(TipRules, AShownTipIsKeptOnTheScreens) {
-    constexpr MenuRect kScreens = {-500, 0, 1000, 800};
+    constexpr Rect kScreens = {-500, 0, 1000, 800};
     EXPECT_EQ(KeepTipOnScreens({900, 700, 1000, 800}, kScreens), std::nullopt);
-    EXPECT_EQ(KeepTipOnScreens({900, 700, 1100, 850}, kScreens), (MenuRect{900, 650, 1000, 800}));
+    EXPECT_EQ(KeepTipOnScreens({900, 700, 1100, 850}, kScreens), (Rect{900, 650, 1000, 800}));
 }
 
 TEST(TipRules, TitlesAndTextsAreCutAndCleaned) {

@@ -80,7 +80,7 @@ TEST_F(PhraseMenuHandler, TheMenuDoesNotEndInASeparator) {
 TEST_F(PhraseMenuHandler, TheMenuOpensAtTheQuerysPointElseAtTheMouse) {
     Phrases.Add("a.vellumbridge", u"text");
     Ask({.PointX = -1, .PointY = 5});
-    EXPECT_EQ(Presenter.Place, (ScreenPoint{-1, 5}));
+    EXPECT_EQ(Presenter.Place, (Point{-1, 5}));
     Ask({});
     EXPECT_EQ(Presenter.Place, std::nullopt);
 }

@@ -3,6 +3,7 @@
 
 #include "platform/win32/answering.h"
 #include "platform/win32/wide.h"
+#include "platform/win32/win_geometry.h"
 #include "platform/win32/window_icons.h"
 #include "resources/resource_ids.h"
 
@@ -63,10 +64,6 @@ void WaitUntilInputIsRead(HWND window) {
     while (((GetKeyState(kUnassignedKey) ^ before) & 1) == 0 && GetTickCount() - start < kReadMs) {
         Sleep(kForegroundStepMs);
     }
-}
-
-PromptArea ToArea(const RECT& rect) {
-    return {rect.left, rect.top, rect.right, rect.bottom};
 }
 
 // The caret of the window's thread in screen coordinates.
@@ -190,11 +187,10 @@ void CVBRPromptDlg::Place() const {
     MONITORINFO screen{};
     screen.cbSize = sizeof screen;
     GetMonitorInfoW(monitor, &screen);
-    const PromptArea area =
-        PlacePrompt(dialog.right - dialog.left, dialog.bottom - dialog.top,
-                    {.Caret = caret ? std::optional(ToArea(*caret)) : std::nullopt,
-                     .Target = ToArea(hasTarget ? target : screen.rcWork),
-                     .WorkArea = ToArea(screen.rcWork)});
+    const Rect area = PlacePrompt({dialog.right - dialog.left, dialog.bottom - dialog.top},
+                                  {.Caret = caret ? std::optional(FromWin(*caret)) : std::nullopt,
+                                   .Target = FromWin(hasTarget ? target : screen.rcWork),
+                                   .WorkArea = FromWin(screen.rcWork)});
     SetWindowPos(dialog_, nullptr, area.Left, area.Top, 0, 0,
                  SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }

@@ -6,6 +6,7 @@
 #include "base/version.h"
 #include "platform/win32/screen_dpi.h"
 #include "platform/win32/wide.h"
+#include "platform/win32/win_geometry.h"
 #include "resources/resource_ids.h"
 
 namespace vbr {
@@ -13,16 +14,8 @@ namespace {
 
 constexpr int kCaretPen = 2;
 
-RECT ToRect(const MenuRect& rect) {
-    return {rect.Left, rect.Top, rect.Right, rect.Bottom};
-}
-
-MenuRect FromRect(const RECT& rect) {
-    return {rect.left, rect.top, rect.right, rect.bottom};
-}
-
-void Fill(HDC dc, const MenuRect& area, MenuColor color) {
-    const RECT rect = ToRect(area);
+void Fill(HDC dc, const Rect& area, MenuColor color) {
+    const RECT rect = ToWin(area);
     SetDCBrushColor(dc, color);
     FillRect(dc, &rect, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
 }
@@ -43,7 +36,7 @@ void DrawOneText(HDC dc, const TextPicture& text) {
     if (text.Behind) {
         SetBkColor(dc, *text.Behind);
     }
-    RECT rect = ToRect(text.Place);
+    RECT rect = ToWin(text.Place);
     UINT format = DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX;
     format |= text.AtRight ? DT_RIGHT : 0U;
     format |= text.Ellipsis ? DT_END_ELLIPSIS : 0U;
@@ -51,7 +44,7 @@ void DrawOneText(HDC dc, const TextPicture& text) {
 }
 
 template <std::size_t Count>
-void DrawLine(HDC dc, const std::array<MenuPoint, Count>& points) {
+void DrawLine(HDC dc, const std::array<Point, Count>& points) {
     MoveToEx(dc, points[0].X, points[0].Y, nullptr);
     for (std::size_t i = 1; i < Count; ++i) {
         LineTo(dc, points[i].X, points[i].Y);
@@ -95,7 +88,7 @@ LRESULT MenuPainter::Measure(MEASUREITEMSTRUCT& item) {
         guard_.Report().ReportError(u"M_INFO is NULL on MeasureImpl");
         return 1;
     }
-    const MenuSize size = MeasureMenuItem(block->Info, block->InRoot, metrics_, *widths_);
+    const Size size = MeasureMenuItem(block->Info, block->InRoot, metrics_, *widths_);
     block->Height = size.Height;
     item.itemWidth = static_cast<UINT>(size.Width);
     item.itemHeight = static_cast<UINT>(size.Height);
@@ -118,7 +111,7 @@ LRESULT MenuPainter::Draw(const DRAWITEMSTRUCT& item) {
     if (block.InRoot && !rootHeight_) {
         rootHeight_ = menu_->LayOutRoot();
     }
-    const MenuRect bounds = FromRect(item.rcItem);
+    const Rect bounds = FromWin(item.rcItem);
     const SavedDc saved(item.hDC);
     IntersectClipRect(item.hDC, bounds.Left, bounds.Top, bounds.Right, bounds.Bottom);
     if (block.InRoot) {
@@ -131,7 +124,7 @@ LRESULT MenuPainter::Draw(const DRAWITEMSTRUCT& item) {
 }
 
 // Each item paints its part, so that the bar stays whole when the menu scrolls or is uncovered.
-void MenuPainter::DrawSideBar(HDC dc, const MenuRect& bounds, int above) {
+void MenuPainter::DrawSideBar(HDC dc, const Rect& bounds, int above) {
     const SideBarPicture bar = PaintSideBar(bounds, above, *rootHeight_, metrics_.Dpi);
     const SavedDc saved(dc);
     IntersectClipRect(dc, bar.Strip.Left, bar.Strip.Top, bar.Strip.Right, bar.Strip.Bottom);
@@ -167,7 +160,7 @@ void MenuPainter::DrawPicture(HDC dc, const ItemPicture& picture) {
         SelectObject(dc, before);
     }
     if (picture.Frame) {
-        const RECT frame = ToRect(*picture.Frame);
+        const RECT frame = ToWin(*picture.Frame);
         SetDCBrushColor(dc, picture.FrameColor);
         FrameRect(dc, &frame, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
     }

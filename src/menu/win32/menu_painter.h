@@ -35,7 +35,7 @@ class MenuPainter {
   private:
     LRESULT Measure(MEASUREITEMSTRUCT& item);
     LRESULT Draw(const DRAWITEMSTRUCT& item);
-    void DrawSideBar(HDC dc, const MenuRect& bounds, int above);
+    void DrawSideBar(HDC dc, const Rect& bounds, int above);
     void DrawPicture(HDC dc, const ItemPicture& picture);
     void DrawIcon(HDC dc, const IconPicture& icon, MenuColor background);
 

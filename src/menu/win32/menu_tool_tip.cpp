@@ -6,6 +6,7 @@
 
 #include "platform/object_names.h"
 #include "platform/win32/wide.h"
+#include "platform/win32/win_geometry.h"
 
 namespace vbr {
 namespace {
@@ -70,10 +71,6 @@ int PositionOf(HMENU menu, std::uint32_t id) {
         }
     }
     return -1;
-}
-
-MenuRect ToMenuRect(const RECT& rect) {
-    return {rect.left, rect.top, rect.right, rect.bottom};
 }
 
 }  // namespace
@@ -251,14 +248,13 @@ POINT CMenuToolTipTracked::AdjustPosition(const RECT& item, SIZE tip) {
     MONITORINFO monitor{};
     monitor.cbSize = sizeof monitor;
     GetMonitorInfoW(MonitorFromRect(&item, MONITOR_DEFAULTTONEAREST), &monitor);
-    const MenuPoint place = PlaceTip({ToMenuRect(item),
-                                      {tip.cx, tip.cy},
-                                      ToMenuRect(monitor.rcMonitor),
-                                      TipWidthGuess(),
-                                      TipHeightGuess(),
-                                      GetSystemMetrics(SM_CYBORDER),
-                                      IsBalloon()});
-    return {place.X, place.Y};
+    return ToWin(PlaceTip({.Item = FromWin(item),
+                           .Tip = FromWin(tip),
+                           .Screen = FromWin(monitor.rcMonitor),
+                           .WidthGuess = TipWidthGuess(),
+                           .HeightGuess = TipHeightGuess(),
+                           .BorderHeight = GetSystemMetrics(SM_CYBORDER),
+                           .IsBalloon = IsBalloon()}));
 }
 
 bool KeepOnScreens(HWND tip) {
@@ -267,8 +263,8 @@ bool KeepOnScreens(HWND tip) {
     const int left = GetSystemMetrics(SM_XVIRTUALSCREEN);
     const int top = GetSystemMetrics(SM_YVIRTUALSCREEN);
     const auto kept =
-        KeepTipOnScreens(ToMenuRect(rect), {left, top, left + GetSystemMetrics(SM_CXVIRTUALSCREEN),
-                                            top + GetSystemMetrics(SM_CYVIRTUALSCREEN)});
+        KeepTipOnScreens(FromWin(rect), {left, top, left + GetSystemMetrics(SM_CXVIRTUALSCREEN),
+                                         top + GetSystemMetrics(SM_CYVIRTUALSCREEN)});
     return kept && SetWindowPos(tip, nullptr, kept->Left, kept->Top, kept->Width(), kept->Height(),
                                 SWP_NOZORDER | SWP_NOACTIVATE);
 }

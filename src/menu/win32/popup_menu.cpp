@@ -5,14 +5,15 @@
 #include "menu/win32/shown_menu.h"
 #include "platform/win32/auto_foreground_window.h"
 #include "platform/win32/screen_dpi.h"
+#include "platform/win32/win_geometry.h"
 
 namespace vbr {
 namespace {
 
-POINT PlaceOfMenu(std::optional<ScreenPoint> at) {
+POINT PlaceOfMenu(std::optional<Point> at) {
     POINT point{};
     if (at) {
-        point = {at->X, at->Y};
+        point = ToWin(*at);
     } else {
         GetCursorPos(&point);
     }
@@ -21,7 +22,7 @@ POINT PlaceOfMenu(std::optional<ScreenPoint> at) {
 
 }  // namespace
 
-std::uint32_t PopupMenuPresenter::Show(PhraseMenu items, std::optional<ScreenPoint> at) {
+std::uint32_t PopupMenuPresenter::Show(PhraseMenu items, std::optional<Point> at) {
     ShownMenu menu(std::move(items));
     const CAutoForegroundWindow front(parts_.Foreground);
     const std::uint32_t choice = Track(menu, PlaceOfMenu(at));

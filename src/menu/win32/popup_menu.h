@@ -30,7 +30,7 @@ class PopupMenuPresenter : public MenuPresenter {
     explicit PopupMenuPresenter(const Parts& parts)
         : parts_(parts), painter_(parts.Settings.FontForMenu, parts.Guard) {}
 
-    std::uint32_t Show(PhraseMenu menu, std::optional<ScreenPoint> at) override;
+    std::uint32_t Show(PhraseMenu menu, std::optional<Point> at) override;
     bool IsShown() const override { return menu_ && IsMenu(menu_); }
     void ClearFonts() override { painter_.ClearFonts(); }
 

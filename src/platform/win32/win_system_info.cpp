@@ -9,6 +9,7 @@
 #include "base/text.h"
 #include "platform/win32/loaded_function.h"
 #include "platform/win32/wide.h"
+#include "platform/win32/win_geometry.h"
 
 namespace vbr {
 namespace {
@@ -65,12 +66,12 @@ std::u16string WinSystemInfo::UserName() const {
                                                      : std::u16string();
 }
 
-std::optional<ScreenPoint> WinSystemInfo::CursorPosition() const {
+std::optional<Point> WinSystemInfo::CursorPosition() const {
     POINT point;
     if (!GetCursorPos(&point)) {
         return std::nullopt;
     }
-    return ScreenPoint{point.x, point.y};
+    return FromWin(point);
 }
 
 std::optional<std::u16string> WinSystemInfo::SystemDirectory() const {

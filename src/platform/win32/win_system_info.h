@@ -14,7 +14,7 @@ class WinSystemInfo : public SystemInfo {
         : programFolder_(std::move(programFolder)) {}
 
     std::u16string UserName() const override;
-    std::optional<ScreenPoint> CursorPosition() const override;
+    std::optional<Point> CursorPosition() const override;
     std::optional<std::u16string> SystemDirectory() const override;
     std::u16string SystemDescription() const override;
     bool Is64BitWindows() const override;
