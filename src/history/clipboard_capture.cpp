@@ -11,7 +11,6 @@
 namespace vbr {
 namespace {
 
-constexpr std::uint32_t kClipLocale = 16;
 // Other programs that follow the clipboard look at it at the same moment, each for an instant.
 constexpr std::uint32_t kOpenPatienceMs = 100;
 
@@ -33,14 +32,14 @@ std::uint32_t NumberIn(const std::vector<std::byte>& bytes) {
 
 ClipboardCapture::ClipboardCapture(Parts parts)
     : parts_(std::move(parts)),
-      rtf_(parts_.Access.RegisterFormat(u"Rich Text Format")),
-      html_(parts_.Access.RegisterFormat(u"HTML Format")),
-      kelpNotes_(parts_.Access.RegisterFormat(u"Kelp Notes Format")),
+      rtf_(parts_.Access.RegisterFormat(kRichTextFormat)),
+      html_(parts_.Access.RegisterFormat(kHtmlFormat)),
+      kelpNotes_(parts_.Access.RegisterFormat(kKelpNotesFormat)),
       ignoredWith_{
-          parts_.Access.RegisterFormat(u"ExcludeClipboardContentFromMonitorProcessing"),
-          parts_.Access.RegisterFormat(u"Clipboard Viewer Ignore"),
+          parts_.Access.RegisterFormat(kNotForMonitorsFormat),
+          parts_.Access.RegisterFormat(kNotForViewersFormat),
       },
-      mayBeKept_(parts_.Access.RegisterFormat(u"CanIncludeInClipboardHistory")) {}
+      mayBeKept_(parts_.Access.RegisterFormat(kMayBeKeptFormat)) {}
 
 std::unique_ptr<CCHItem> ClipboardCapture::Capture(WindowHandle owner) {
     Log& log = parts_.CaptureLog;

@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <array>
 #include <atomic>
-#include <cstring>
 #include <random>
 
 namespace vbr {
@@ -47,13 +46,6 @@ std::u16string NewKey() {
 std::uint32_t NextId() {
     static std::atomic<std::uint32_t> next = 0;
     return next++;
-}
-
-template <typename Unit>
-ItemBytes Terminated(std::basic_string_view<Unit> text) {
-    ItemBytes bytes((text.size() + 1) * sizeof(Unit));
-    std::memcpy(bytes.data(), text.data(), text.size() * sizeof(Unit));
-    return bytes;
 }
 
 std::string_view AllBytes(const ItemBytes& bytes) {
@@ -102,14 +94,6 @@ std::size_t LengthToZero(std::u16string_view text) {
         ++at;
     }
     return at;
-}
-
-ItemBytes TextBytes(std::u16string_view text) {
-    return Terminated(text);
-}
-
-ItemBytes TextBytes(std::string_view text) {
-    return Terminated(text);
 }
 
 CCHItem::CCHItem(ItemFormat itemFormat, WindowHandle owner, const SystemTime& captured)

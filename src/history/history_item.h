@@ -11,6 +11,7 @@
 
 #include "base/date_time.h"
 #include "platform/bitmap.h"
+#include "platform/clipboard_blocks.h"
 #include "platform/window_handle.h"
 
 namespace vbr {
@@ -29,10 +30,6 @@ enum ItemFormat : std::int32_t {
 enum class StoreState : std::int32_t { NotStored = 0, Loaded = 1, Saved = 2 };
 
 using ItemBytes = std::vector<std::byte>;
-
-// Bytes of a text with its terminator, as an item holds them.
-ItemBytes TextBytes(std::u16string_view text);
-ItemBytes TextBytes(std::string_view text);
 
 // Units before the first zero; all of them without one. Fast on long texts.
 std::size_t LengthToZero(std::u16string_view text);

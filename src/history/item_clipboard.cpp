@@ -1,14 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "history/item_clipboard.h"
 
-#include <cstring>
-
 #include "base/text.h"
 
 namespace vbr {
 namespace {
-
-constexpr std::uint32_t kClipLocale = 16;
 
 // A held clipboard is told to the user at once.
 constexpr std::uint32_t kNoPatience = 0;
@@ -17,14 +13,6 @@ constexpr std::uint32_t kNoPatience = 0;
 template <typename Unit>
 ItemBytes TextOrNothing(std::basic_string_view<Unit> text) {
     return text.empty() ? ItemBytes() : TextBytes(text);
-}
-
-ClipboardBlock StandardBlock(std::uint32_t format, ItemBytes bytes) {
-    return {.Format = format, .Name = {}, .Bytes = std::move(bytes), .Object = {}};
-}
-
-ClipboardBlock NamedBlock(std::u16string_view name, ItemBytes bytes) {
-    return {.Format = 0, .Name = std::u16string(name), .Bytes = std::move(bytes), .Object = {}};
 }
 
 }  // namespace
@@ -48,9 +36,9 @@ bool ItemClipboard::PutItem(const CCHItem& item) {
                 StandardBlock(kClipUnicodeText, TextOrNothing(item.WideText())));
         case CHF_RTF:
             return SetClipboardBlock(
-                NamedBlock(u"Rich Text Format", TextOrNothing(item.ByteText())));
+                NamedBlock(kRichTextFormat, TextOrNothing(item.ByteText())));
         case CHF_KELPNOTES:
-            return SetClipboardBlock(NamedBlock(u"Kelp Notes Format", item.Data()));
+            return SetClipboardBlock(NamedBlock(kKelpNotesFormat, item.Data()));
         case CHF_BITMAP:
             return item.Picture() && PutBitmapOnClipboard(*item.Picture());
         default:
@@ -68,10 +56,7 @@ bool ItemClipboard::SetClipboardBlock(ClipboardBlock block) {
     if (!Write(*clipboard, block)) {
         return false;
     }
-    const Lcid language = parts_.Languages.UserDefault();
-    ItemBytes bytes(sizeof language);
-    std::memcpy(bytes.data(), &language, sizeof language);
-    Write(*clipboard, StandardBlock(kClipLocale, std::move(bytes)));
+    Write(*clipboard, LocaleBlock(parts_.Languages.UserDefault()));
     return true;
 }
 

@@ -5,11 +5,10 @@
 #include <vector>
 
 #include "platform/clipboard_access.h"
+#include "platform/clipboard_blocks.h"
 #include "platform/locale.h"
 
 namespace vbr {
-
-inline constexpr std::u16string_view kRichTextFormat = u"Rich Text Format";
 
 // Plain text as it stands on the clipboard, with the locale that its other encodings come from.
 std::vector<ClipboardBlock> PlainClipboardForm(std::u16string_view text, Lcid locale);

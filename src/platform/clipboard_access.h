@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -9,24 +8,12 @@
 #include <string_view>
 #include <vector>
 
-namespace vbr {
+#include "platform/clipboard_blocks.h"
 
-// Standard clipboard formats that code treats by themselves.
-inline constexpr std::uint32_t kClipText = 1;
-inline constexpr std::uint32_t kClipBitmap = 2;
-inline constexpr std::uint32_t kClipDib = 8;
-inline constexpr std::uint32_t kClipUnicodeText = 13;
+namespace vbr {
 
 // An owner that doesn't answer for that long counts as hung, and its data is not read.
 inline constexpr std::uint32_t kOwnerAnswerMs = 200;
-
-// What the clipboard holds in one format.
-struct ClipboardBlock {
-    std::uint32_t Format = 0;
-    std::u16string Name;           // of a registered format, whose number another session changes
-    std::vector<std::byte> Bytes;  // a memory block, byte for byte
-    std::shared_ptr<void> Object;  // a copy of a bitmap, metafile or palette, which is no memory
-};
 
 // The clipboard held open; closed with this object.
 class ClipboardSession {

@@ -14,7 +14,6 @@
 namespace vbr {
 namespace {
 
-constexpr std::uint32_t kClipLocale = 16;
 
 // Every picture has the same object.
 class OneObject : public Bitmaps {
