@@ -59,7 +59,7 @@ class CaptureDesk {
     WinClipboardAccess clipboard_{window_};
     WinProgramWindows windows_;
     WinClock clock_;
-    MyCopyCount myCopy_{log_};
+    MyCopyGuard myCopy_{clock_, log_};
     KeptFormats kept_{true, true, true, true, true};
     WinAnsiText ansi_;
     WinBitmaps bitmaps_;

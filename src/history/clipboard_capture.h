@@ -6,12 +6,12 @@
 #include <optional>
 
 #include "history/history_item.h"
-#include "history/my_copy.h"
 #include "platform/ansi_text.h"
 #include "platform/bitmaps.h"
 #include "platform/clipboard_access.h"
 #include "platform/clock.h"
 #include "platform/log.h"
+#include "platform/my_copy.h"
 #include "platform/program_windows.h"
 
 namespace vbr {
@@ -26,7 +26,7 @@ class ClipboardCapture {
         ClipboardAccess& Access;
         const ProgramWindows& Windows;
         const Clock& Time;
-        const MyCopyCount& MyCopy;
+        const MyCopyGuard& MyCopy;
         const KeptFormats& Kept;
         const AnsiText& Ansi;
         Bitmaps& Pictures;

@@ -12,7 +12,6 @@ inline constexpr std::uint32_t WM_DELAY_UNLOCK = 32770;  // the end of a block
 
 inline constexpr std::uintptr_t kTimerSave = 2343;
 inline constexpr std::uint32_t kSaveDelayMs = 1000;
-inline constexpr std::uint32_t kBlockMs = 3000;
 
 // Notices to the parent. A change has a parameter behind the header.
 inline constexpr std::uint32_t kNoticeHistoryChanged = 2816;

@@ -41,7 +41,7 @@ class HistoryRoom {
     // Between these two calls changes of the clipboard are the program's own. Pairs may nest.
     virtual void BeginOwnCopy() = 0;
     virtual void EndOwnCopy() = 0;
-    // The same for the next three seconds.
+    // The same for the next three seconds. Any thread may call.
     virtual void BlockForAWhile() = 0;
 };
 

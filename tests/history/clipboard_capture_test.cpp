@@ -77,7 +77,7 @@ class Capture : public testing::Test {
     FakeClipboardAccess clipboard_;
     FakeWindows windows_;
     FakeClock clock_;
-    MyCopyCount myCopy_{log_};
+    MyCopyGuard myCopy_{clock_, log_};
     KeptFormats kept_ = {true, true, true, true, true};
     FakeAnsiText ansi_;
     FakeBitmaps bitmaps_;
@@ -216,24 +216,6 @@ TEST(OwnerInfo, ComesFromTheTopmostWindowThatTells) {
     CCHItem circle(CHF_UNICODE_TEXT, 3, TimeAt(0));
     ReadOwnerInfo(circle, windows, log);
     EXPECT_NE(circle.wndName, u"");
-}
-
-TEST(MyCopy, BlocksOverlapAndAnExchangeRepairsTheCount) {
-    MemoryLog log;
-    MyCopyCount count(log);
-    count.Add();
-    count.Add();
-    count.EndBlock();
-    EXPECT_TRUE(count.IsMyCopy());
-    count.EndBlock();
-    EXPECT_FALSE(count.IsMyCopy());
-    count.EndBlock();
-    EXPECT_FALSE(count.IsMyCopy());
-    count.Subtract();
-    EXPECT_TRUE(count.IsMyCopy());
-    EXPECT_EQ(log.Lines.back(), u"ERROR: PULSEMY_COPY=-1");
-    count.Set(0);
-    EXPECT_FALSE(count.IsMyCopy());
 }
 
 }  // namespace

@@ -56,20 +56,22 @@ class Handler : public testing::Test {
     WinFaultCatcher faults_;
     std::unique_ptr<NamedEvent> end_ =
         std::make_unique<WinNamedEvent>(UniqueHandle(CreateEventW(nullptr, TRUE, FALSE, nullptr)));
+    WinClock clock_;
+    MyCopyGuard myCopy_{clock_, log_};
     MessageWindow parent_;
     MessageWindow owner_;
-    CVBRWndClipboardHandler handler_{{settings_, Folder(), faults_, *end_, log_}};
+    CVBRWndClipboardHandler handler_{{settings_, Folder(), faults_, myCopy_, *end_, log_}};
 };
 
 TEST_F(Handler, OwnWritesAreIgnoredUntilTheBracketEnds) {
     ASSERT_TRUE(Start());
     WinNamedObjects objects;
     objects.Signal(kEventStartCopy);
-    ASSERT_TRUE(PumpUntil([this] { return handler_.MyCopy().IsMyCopy(); }));
+    ASSERT_TRUE(PumpUntil([this] { return myCopy_.IsMyCopy(); }));
     PutText(u"own");
     ASSERT_TRUE(PumpUntil([this] { return log_.Tells(u"My copy process detected"); }));
     objects.Signal(kEventEndCopy);
-    ASSERT_TRUE(PumpUntil([this] { return !handler_.MyCopy().IsMyCopy(); }));
+    ASSERT_TRUE(PumpUntil([this] { return !myCopy_.IsMyCopy(); }));
     PutText(u"theirs");
     ASSERT_TRUE(WaitForText(u"theirs"));
     EXPECT_EQ(handler_.GetCount(), 1U);

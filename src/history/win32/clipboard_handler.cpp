@@ -40,7 +40,6 @@ CVBRWndClipboardHandler::CVBRWndClipboardHandler(Parts parts)
       itemStored_(Registered(kMessageItemStored)),
       folder_(parts_.Folder, store_, files_, parts_.HandlerLog),
       queue_(folder_),
-      myCopy_(parts_.HandlerLog),
       spy_(parts_.HandlerLog),
       worker_(folder_, OpenSaveLoadGuard()) {}
 
@@ -55,7 +54,7 @@ bool CVBRWndClipboardHandler::Create(HWND parent, UINT controlId, bool captureOn
     controlId_ = controlId;
     captureOnCreate_ = captureOnCreate;
     lastError_ = 0;
-    myCopy_.Set(0);
+    parts_.MyCopy.Set(0);
     WindowCreation creation;
     creation.ClassName = L"Vellumbridge_ClipboardHandler";
     creation.Style = WS_CHILD;
@@ -110,8 +109,8 @@ LRESULT CVBRWndClipboardHandler::OnCreate(WPARAM, LPARAM) {
     }
     clipboard_ = std::make_unique<WinClipboardAccess>(Handle());
     capture_ = std::make_unique<ClipboardCapture>(ClipboardCapture::Parts{
-        *clipboard_, windows_, clock_, myCopy_, parts_.Settings.ClipboardFormats, ansi_, bitmaps_,
-        parts_.HandlerLog});
+        *clipboard_, windows_, clock_, parts_.MyCopy, parts_.Settings.ClipboardFormats, ansi_,
+        bitmaps_, parts_.HandlerLog});
     WatchCopyEvents();
     if (!InstallSpy()) {
         lastError_ = GetLastError();
@@ -152,7 +151,7 @@ void CVBRWndClipboardHandler::WatchCopyEvents() {
         auto watcher = std::make_unique<EventWatcher>();
         const auto start = [&](ObjectAccess access) {
             return watcher->Start(name, EventReset::Automatic, access, *stopEvent_,
-                                  [this, count] { myCopy_.Set(count); });
+                                  [this, count] { parts_.MyCopy.Set(count); });
         };
         if (!start(ObjectAccess::World) && !start(ObjectAccess::Default)) {
             parts_.HandlerLog.LogError(Concat(u"Cannot watch the event ", name));
@@ -211,28 +210,8 @@ void CVBRWndClipboardHandler::Notify(std::uint32_t code, HistoryChange change) {
     }
 }
 
-void CVBRWndClipboardHandler::AsynBlockClipboardHandler() {
-    if (!IsKeeping()) {
-        return;
-    }
-    const bool started = tasks_.Start([this, window = Handle()] {
-        const DWORD start = GetTickCount();
-        if (parts_.ProgramEnd.Wait(kBlockMs) == WaitResult::TimedOut) {
-            PostMessageW(window, WM_DELAY_UNLOCK, 0, 0);
-            parts_.HandlerLog.Write(
-                Concat(u"__AsynBlockClipboardHandler_Proc wait complete: timeout=",
-                       static_cast<std::uint32_t>(GetTickCount() - start)));
-        }
-    });
-    if (started) {
-        myCopy_.Add();
-    } else {
-        parts_.HandlerLog.LogError(u"Cannot start AsynBlockClipboardHandler");
-    }
-}
-
 LRESULT CVBRWndClipboardHandler::OnDelayUnlock(WPARAM, LPARAM) {
-    myCopy_.EndBlock();
+    parts_.MyCopy.EndBlock();
     return 0;
 }
 

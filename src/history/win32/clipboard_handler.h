@@ -14,12 +14,11 @@
 #include "history/history_messages.h"
 #include "history/history_queue.h"
 #include "history/history_worker.h"
-#include "history/my_copy.h"
 #include "history/win32/clipboard_spy_window.h"
 #include "platform/fault_catcher.h"
 #include "platform/log.h"
+#include "platform/my_copy.h"
 #include "platform/named_objects.h"
-#include "platform/task_threads.h"
 #include "platform/win32/event_watcher.h"
 #include "platform/win32/win_ansi_text.h"
 #include "platform/win32/win_bitmaps.h"
@@ -50,6 +49,7 @@ class CVBRWndClipboardHandler : public WindowBase, private ClipboardObserver {
         const CVBRSettings& Settings;
         std::filesystem::path Folder;
         FaultCatcher& Faults;
+        MyCopyGuard& MyCopy;
         NamedEvent& ProgramEnd;  // set when the program ends
         Log& HandlerLog;
     };
@@ -68,10 +68,6 @@ class CVBRWndClipboardHandler : public WindowBase, private ClipboardObserver {
     std::size_t GetCount() const { return queue_.GetCount(); }
     const CCHItem* GetItem(std::size_t index) const { return queue_.GetItem(index); }
     bool IsEmpty() const { return queue_.GetCount() == 0; }
-
-    MyCopyCount& MyCopy() { return myCopy_; }
-    // Takes clipboard changes for the program's own for three seconds. Any thread may call.
-    void AsynBlockClipboardHandler();
 
     void Save() {
         if (IsKeeping()) {
@@ -135,7 +131,6 @@ class CVBRWndClipboardHandler : public WindowBase, private ClipboardObserver {
     WinStampedFiles files_;
     HistoryFolder folder_;
     CCHQueue queue_;
-    MyCopyCount myCopy_;
     ClipboardSpyWindow spy_;
     std::unique_ptr<WinClipboardAccess> clipboard_;  // these three live with the window
     std::unique_ptr<ClipboardCapture> capture_;
@@ -156,7 +151,6 @@ class CVBRWndClipboardHandler : public WindowBase, private ClipboardObserver {
     bool saveAgain_ = false;
     std::unique_ptr<EventWatcher> startCopy_;
     std::unique_ptr<EventWatcher> endCopy_;
-    TaskThreads tasks_;
     HistoryWorker worker_;
 };
 

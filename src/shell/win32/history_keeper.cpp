@@ -20,8 +20,10 @@ HistoryKeeper::HistoryKeeper(const CVBRSettings& settings, const std::u16string&
     : settings_(settings),
       programEnd_(programEnd),
       log_(log),
+      myCopy_(clock_, log),
       notices_(log),
-      handler_({settings, programFolder + std::u16string(kFolderName), faults_, programEnd, log}) {}
+      handler_({settings, programFolder + std::u16string(kFolderName), faults_, myCopy_, programEnd,
+                log}) {}
 
 bool HistoryKeeper::StartSpy() {
     return handler_.Create(CAppObjects::TrayWindow(), kHistoryControlId, true);

@@ -3,7 +3,9 @@
 
 #include "history/history_notices.h"
 #include "history/win32/clipboard_handler.h"
+#include "platform/my_copy.h"
 #include "platform/task_threads.h"
+#include "platform/win32/win_clock.h"
 #include "platform/win32/win_fault_catcher.h"
 #include "settings/settings.h"
 #include "shell/rooms.h"
@@ -29,9 +31,9 @@ class HistoryKeeper : public HistoryRoom {
     void Clear() override;
     void Save() override { handler_.Save(); }
     void OnLanguageChanged() override { handler_.Queue().ClearTips(); }
-    void BeginOwnCopy() override { handler_.MyCopy().Add(); }
-    void EndOwnCopy() override { handler_.MyCopy().Subtract(); }
-    void BlockForAWhile() override { handler_.AsynBlockClipboardHandler(); }
+    void BeginOwnCopy() override { myCopy_.Add(); }
+    void EndOwnCopy() override { myCopy_.Subtract(); }
+    void BlockForAWhile() override { myCopy_.AsynBlockClipboardHandler(); }
     void OnSpyStateChanged(std::function<void(bool)> call) override {
         handler_.OnSpyStateChanged(std::move(call));
     }
@@ -41,6 +43,8 @@ class HistoryKeeper : public HistoryRoom {
     NamedEvent& programEnd_;
     Log& log_;
     WinFaultCatcher faults_;
+    WinClock clock_;
+    MyCopyGuard myCopy_;
     HistoryNotices notices_;
     CVBRWndClipboardHandler handler_;
     TaskThreads retries_;

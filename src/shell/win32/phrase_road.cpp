@@ -2,15 +2,12 @@
 #include "shell/win32/phrase_road.h"
 
 #include "diagnostics/win32/window_state.h"
-#include "history/win32/clipboard_handler.h"
 #include "platform/object_names.h"
 #include "platform/win32/wide.h"
 #include "shell/tray_messages.h"
 
 namespace vbr {
 namespace {
-
-constexpr UINT kHistoryPatienceMs = 2000;
 
 ChoiceNotice PostChoiceTo(HWND window) {
     return [window](std::int32_t choice, WindowHandle target) {
@@ -33,19 +30,6 @@ QueryRoadChoice RoadOfLibrary(std::optional<RoadKind> forced) {
         return QueryRoadChoice::OfSystem;
     }
     return *forced == RoadKind::Posted ? QueryRoadChoice::Posted : QueryRoadChoice::Local;
-}
-
-// The history is asked for by message, since the selection is read on the wait thread too; that
-// thread must not wait for a window that waits for it.
-std::function<void()> BlockHistoryOf(HWND window) {
-    return [window] {
-        DWORD_PTR handler = 0;
-        if (SendMessageTimeoutW(window, kMsgGetQueue, 0, 0, SMTO_NORMAL, kHistoryPatienceMs,
-                                &handler) &&
-            handler != 0) {
-            reinterpret_cast<CVBRWndClipboardHandler*>(handler)->AsynBlockClipboardHandler();
-        }
-    };
 }
 
 }  // namespace
@@ -78,7 +62,8 @@ PhraseRoad::PhraseRoad(const Parts& parts, HWND window)
            .Keep = [this] { snapshot_.ClearRestore(); },
            .Restore = [this] { snapshot_.RestoreClipboardSnapshot(); },
            .HistoryItem = [this](std::size_t position) { return history_.AsPhrase(position); }}),
-      selection_(clipboard_, input_, windows_, clock_, BlockHistoryOf(window)),
+      selection_(clipboard_, input_, windows_, clock_,
+                 [&history = parts.History] { history.BlockForAWhile(); }),
       queryRoad_(MakeRoad(ChooseRoad(system_.Is64BitWindows(), parts.ForcedRoad), windows_,
                           selection_, queryMessage_, parts.RoadLog)),
       queryWait_(
