@@ -63,8 +63,14 @@ class CaptureDesk {
     KeptFormats kept_{true, true, true, true, true};
     WinAnsiText ansi_;
     WinBitmaps bitmaps_;
-    ClipboardCapture capture_{
-        {clipboard_, windows_, clock_, myCopy_, kept_, ansi_, bitmaps_, log_}};
+    ClipboardCapture capture_{{.Access = clipboard_,
+                               .Windows = windows_,
+                               .Clock = clock_,
+                               .MyCopy = myCopy_,
+                               .Kept = kept_,
+                               .Ansi = ansi_,
+                               .Bitmaps = bitmaps_,
+                               .Log = log_}};
 };
 
 void MeasureCapture(benchmark::State& state, std::size_t bytes) {

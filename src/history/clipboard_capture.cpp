@@ -30,26 +30,28 @@ std::uint32_t NumberIn(const std::vector<std::byte>& bytes) {
 
 }  // namespace
 
-ClipboardCapture::ClipboardCapture(Parts parts)
-    : parts_(std::move(parts)),
-      rtf_(parts_.Access.RegisterFormat(kRichTextFormat)),
-      html_(parts_.Access.RegisterFormat(kHtmlFormat)),
-      kelpNotes_(parts_.Access.RegisterFormat(kKelpNotesFormat)),
+ClipboardCapture::ClipboardCapture(Collaborators collaborators)
+    : collaborators_(std::move(collaborators)),
+      rtf_(collaborators_.Access.RegisterFormat(kRichTextFormat)),
+      html_(collaborators_.Access.RegisterFormat(kHtmlFormat)),
+      kelpNotes_(collaborators_.Access.RegisterFormat(kKelpNotesFormat)),
       ignoredWith_{
-          parts_.Access.RegisterFormat(kNotForMonitorsFormat),
-          parts_.Access.RegisterFormat(kNotForViewersFormat),
+          collaborators_.Access.RegisterFormat(kNotForMonitorsFormat),
+          collaborators_.Access.RegisterFormat(kNotForViewersFormat),
       },
-      mayBeKept_(parts_.Access.RegisterFormat(kMayBeKeptFormat)) {}
+      mayBeKept_(collaborators_.Access.RegisterFormat(kMayBeKeptFormat)) {}
 
 std::unique_ptr<CCHItem> ClipboardCapture::Capture(WindowHandle owner) {
-    Log& log = parts_.CaptureLog;
-    if (parts_.MyCopy.IsMyCopy()) {
+    Log& log = collaborators_.Log;
+    if (collaborators_.MyCopy.IsMyCopy()) {
         log.Write(u"My copy process detected");
         return nullptr;
     }
-    auto item = std::make_unique<CCHItem>(CHF_UNICODE_TEXT, owner, parts_.Time.LocalTime());
+    auto item =
+        std::make_unique<CCHItem>(CHF_UNICODE_TEXT, owner, collaborators_.Clock.LocalTime());
     {
-        const std::unique_ptr<ClipboardSession> clipboard = parts_.Access.Open(kOpenPatienceMs);
+        const std::unique_ptr<ClipboardSession> clipboard =
+            collaborators_.Access.Open(kOpenPatienceMs);
         if (!clipboard) {
             log.LogError(u"Clipboard not captured: another program holds it");
             return nullptr;
@@ -69,12 +71,12 @@ std::unique_ptr<CCHItem> ClipboardCapture::Capture(WindowHandle owner) {
         }
         ReadAlternatives(*clipboard, *item);
     }
-    ReadOwnerInfo(*item, parts_.Windows, log);
+    ReadOwnerInfo(*item, collaborators_.Windows, log);
     return item;
 }
 
 bool ClipboardCapture::IsSecret(const ClipboardSession& clipboard) const {
-    const ClipboardAccess& access = parts_.Access;
+    const ClipboardAccess& access = collaborators_.Access;
     if (std::any_of(ignoredWith_.begin(), ignoredWith_.end(),
                     [&](std::uint32_t format) { return access.IsFormatAvailable(format); })) {
         return true;
@@ -87,7 +89,7 @@ bool ClipboardCapture::IsSecret(const ClipboardSession& clipboard) const {
 }
 
 bool ClipboardCapture::ReadPrimary(const ClipboardSession& clipboard, CCHItem& item) const {
-    const ClipboardAccess& access = parts_.Access;
+    const ClipboardAccess& access = collaborators_.Access;
     const auto take = [&item](ItemFormat format, std::optional<ItemBytes> bytes) {
         if (bytes) {
             item.format = format;
@@ -101,7 +103,7 @@ bool ClipboardCapture::ReadPrimary(const ClipboardSession& clipboard, CCHItem& i
     if (access.IsFormatAvailable(kClipBitmap)) {
         const auto block = clipboard.Read(kClipBitmap);
         item.format = CHF_BITMAP;
-        item.SetPicture(block ? parts_.Pictures.FromObject(block->Object) : nullptr);
+        item.SetPicture(block ? collaborators_.Bitmaps.FromObject(block->Object) : nullptr);
         TakeSourceUrl(item, {});
         return item.Picture() != nullptr;
     }
@@ -119,7 +121,7 @@ bool ClipboardCapture::ReadPrimary(const ClipboardSession& clipboard, CCHItem& i
 bool ClipboardCapture::ReadAnsi(const ClipboardSession& clipboard, CCHItem& item) const {
     const std::optional<ItemBytes> bytes = ReadText(clipboard, kClipText);
     const std::u16string text =
-        bytes ? parts_.Ansi.FromAnsi(
+        bytes ? collaborators_.Ansi.FromAnsi(
                     {reinterpret_cast<const char*>(bytes->data()), bytes->size() - 1})
               : std::u16string();
     if (text.empty()) {
@@ -153,12 +155,12 @@ void ClipboardCapture::ReadAlternatives(const ClipboardSession& clipboard, CCHIt
 
 std::optional<ItemBytes> ClipboardCapture::ReadBytes(const ClipboardSession& clipboard,
                                                      std::uint32_t format) const {
-    if (!parts_.Access.IsFormatAvailable(format)) {
+    if (!collaborators_.Access.IsFormatAvailable(format)) {
         return std::nullopt;
     }
     auto block = clipboard.Read(format);
     if (!block || block->Bytes.empty()) {
-        parts_.CaptureLog.LogError(Concat(u"Clipboard format ", format, u" gives no data"));
+        collaborators_.Log.LogError(Concat(u"Clipboard format ", format, u" gives no data"));
         return std::nullopt;
     }
     return std::move(block->Bytes);
@@ -191,15 +193,15 @@ void ClipboardCapture::TakeSourceUrl(CCHItem& item, std::u16string_view text) co
 bool ClipboardCapture::IsKept(ItemFormat format) const {
     switch (format) {
         case CHF_RTF:
-            return parts_.Kept[1];
+            return collaborators_.Kept[1];
         case CHF_BITMAP:
-            return parts_.Kept[2];
+            return collaborators_.Kept[2];
         case CHF_KELPNOTES:
-            return parts_.Kept[3];
+            return collaborators_.Kept[3];
         case CHF_HTML:
-            return parts_.Kept[4];
+            return collaborators_.Kept[4];
         default:
-            return parts_.Kept[0];
+            return collaborators_.Kept[0];
     }
 }
 

@@ -22,18 +22,18 @@ using KeptFormats = std::array<bool, 5>;  // text, RTF, bitmap, Kelp notes, HTML
 // Makes an item of what another program put on the clipboard.
 class ClipboardCapture {
   public:
-    struct Parts {
+    struct Collaborators {
         ClipboardAccess& Access;
         const ProgramWindows& Windows;
-        const Clock& Time;
+        const vbr::Clock& Clock;
         const MyCopyGuard& MyCopy;
         const KeptFormats& Kept;
         const AnsiText& Ansi;
-        Bitmaps& Pictures;
-        Log& CaptureLog;
+        vbr::Bitmaps& Bitmaps;
+        vbr::Log& Log;
     };
 
-    explicit ClipboardCapture(Parts parts);
+    explicit ClipboardCapture(Collaborators collaborators);
 
     // Null, with a line in the log, when the change is not to be kept: it is the program's own, it
     // asks not to be seen, it can't be read, or its kind is off.
@@ -51,7 +51,7 @@ class ClipboardCapture {
     void TakeSourceUrl(CCHItem& item, std::u16string_view text) const;
     bool IsKept(ItemFormat format) const;
 
-    Parts parts_;
+    Collaborators collaborators_;
     std::uint32_t rtf_;
     std::uint32_t html_;
     std::uint32_t kelpNotes_;

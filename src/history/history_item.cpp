@@ -175,8 +175,9 @@ const CCHItem* CCHItem::FindFormat(ItemFormat code) const {
     return found == alternatives.end() ? nullptr : found->get();
 }
 
-void CCHItem::RenewKey() {
+void CCHItem::RenewIdentity() {
     key = NewKey();
+    id = NextId();
 }
 
 void CCHItem::ForgetStorage() {

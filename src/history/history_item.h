@@ -91,8 +91,8 @@ class CCHItem {
     const CCHItem* FindFormat(ItemFormat code) const;
     bool HasFormat(ItemFormat code) const { return FindFormat(code) != nullptr; }
 
-    // Takes a key of its own.
-    void RenewKey();
+    // Takes a key and an id of its own.
+    void RenewIdentity();
 
     // It counts as unsaved from now on and has no files.
     void ForgetStorage();

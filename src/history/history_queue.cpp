@@ -111,7 +111,7 @@ bool CCHQueue::Undo() {
     for (auto& item : record.Snapshot) {
         // A protected item was never gone.
         if (FindByKey(item->key)) {
-            item->RenewKey();
+            item->RenewIdentity();
         }
         Append(std::move(item));
     }
@@ -140,6 +140,19 @@ const CCHItem* CCHQueue::FindByKey(std::u16string_view key) const {
     const auto found = std::find_if(items_.begin(), items_.end(),
                                     [key](const auto& item) { return item->key == key; });
     return found == items_.end() ? nullptr : found->get();
+}
+
+const CCHItem* CCHQueue::FindById(std::uint32_t id) const {
+    const std::optional<std::size_t> index = IndexOfId(id);
+    return index ? Stored(*index) : nullptr;
+}
+
+std::optional<std::size_t> CCHQueue::IndexOfId(std::uint32_t id) const {
+    const auto found = std::find_if(items_.rbegin(), items_.rend(),
+                                    [id](const auto& item) { return item->id == id; });
+    return found == items_.rend()
+               ? std::nullopt
+               : std::optional(static_cast<std::size_t>(found - items_.rbegin()));
 }
 
 bool CCHQueue::SetProtected(std::size_t index, bool value) {
@@ -229,11 +242,10 @@ void CCHQueue::NoteSaved(const CCHItem& saved) {
 }
 
 void CCHQueue::NoteStored(const CCHItem& stored) {
-    const auto found = std::find_if(items_.begin(), items_.end(),
-                                    [&stored](const auto& item) { return item->id == stored.id; });
-    if (found != items_.end()) {
-        (*found)->dataPath = stored.dataPath;
-        (*found)->storeState = stored.storeState;
+    if (const std::optional<std::size_t> index = IndexOfId(stored.id)) {
+        CCHItem& item = *Stored(*index);
+        item.dataPath = stored.dataPath;
+        item.storeState = stored.storeState;
     }
 }
 

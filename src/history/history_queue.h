@@ -56,6 +56,10 @@ class CCHQueue {
     // The oldest item that IsSame calls equal, and the item of that key; null when there is none.
     const CCHItem* FindSame(const CCHItem& item) const;
     const CCHItem* FindByKey(std::u16string_view key) const;
+    // An item keeps its id wherever it moves, also when an equal one replaces it. Null and nothing
+    // when it is gone.
+    const CCHItem* FindById(std::uint32_t id) const;
+    std::optional<std::size_t> IndexOfId(std::uint32_t id) const;
 
     // With the files that the item has. False outside.
     bool SetProtected(std::size_t index, bool value);

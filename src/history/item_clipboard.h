@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string_view>
 
 #include "history/history_queue.h"
@@ -17,19 +18,21 @@ namespace vbr {
 // got, when another program holds it or the system refuses. Belongs to the main thread.
 class ItemClipboard {
   public:
-    struct Parts {
+    struct Collaborators {
         const CCHQueue& Queue;
         ClipboardAccess& Access;
-        Bitmaps& Pictures;
+        vbr::Bitmaps& Bitmaps;
         ItemTexts& Texts;
-        const Locale& Languages;
-        Log& ClipboardLog;
+        const vbr::Locale& Locale;
+        vbr::Log& Log;
     };
 
-    explicit ItemClipboard(Parts parts) : parts_(parts) {}
+    explicit ItemClipboard(Collaborators collaborators) : collaborators_(collaborators) {}
 
     // The item in its own format, without its alternatives. False outside the queue, and for HTML.
     bool PutOnClipboard(std::size_t index);
+    // The same for the item of that id, wherever it stands by now. False when it is gone.
+    bool PutItemOnClipboard(std::uint32_t id);
     // The item's text, an empty one for what isn't text. False outside the queue.
     bool PutOnClipboardAsPlainText(std::size_t index);
 
@@ -44,7 +47,7 @@ class ItemClipboard {
     bool PutItem(const CCHItem& item);
     bool Write(ClipboardSession& clipboard, const ClipboardBlock& block);
 
-    Parts parts_;
+    Collaborators collaborators_;
 };
 
 }  // namespace vbr

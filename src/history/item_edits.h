@@ -18,16 +18,16 @@ namespace vbr {
 // RTF, gives 0. Belongs to the main thread.
 class ItemEdits {
   public:
-    struct Parts {
+    struct Collaborators {
         CCHQueue& Queue;
         const AnsiText& Ansi;
-        const Locale& Letters;
+        const vbr::Locale& Locale;
         RichTextEngine& Engine;
-        Log& EditLog;
+        vbr::Log& Log;
         std::function<void()> RequestSave;
     };
 
-    explicit ItemEdits(Parts parts) : parts_(std::move(parts)) {}
+    explicit ItemEdits(Collaborators collaborators) : collaborators_(std::move(collaborators)) {}
 
     // Whether the item was written anew, which it is also when no letter changed. Its other formats
     // and its source go.
@@ -48,7 +48,7 @@ class ItemEdits {
     bool WriteBackRich(CCHItem& item);
     void LogUnreadable(const CCHItem& item);
 
-    Parts parts_;
+    Collaborators collaborators_;
 };
 
 }  // namespace vbr

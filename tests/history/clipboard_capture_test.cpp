@@ -81,8 +81,14 @@ class Capture : public testing::Test {
     KeptFormats kept_ = {true, true, true, true, true};
     FakeAnsiText ansi_;
     FakeBitmaps bitmaps_;
-    ClipboardCapture capture_{
-        {clipboard_, windows_, clock_, myCopy_, kept_, ansi_, bitmaps_, log_}};
+    ClipboardCapture capture_{{.Access = clipboard_,
+                               .Windows = windows_,
+                               .Clock = clock_,
+                               .MyCopy = myCopy_,
+                               .Kept = kept_,
+                               .Ansi = ansi_,
+                               .Bitmaps = bitmaps_,
+                               .Log = log_}};
 };
 
 TEST_F(Capture, FirstFormatOfTheChainBecomesTheItem) {

@@ -116,13 +116,27 @@ TEST_F(HistoryQueue, UndoBringsClearedAndDeletedItemsBack) {
     EXPECT_EQ(Queue.GetItem(0)->storeState, StoreState::NotStored);
 }
 
-TEST_F(HistoryQueue, UndoOfAProtectedItemLeavesNoTwoItemsWithOneKey) {
+TEST_F(HistoryQueue, UndoOfAProtectedItemLeavesNoTwoItemsWithOneIdentity) {
     AddTexts(u"a");
     Queue.SetProtected(0, true);
     EXPECT_TRUE(Queue.Delete({0}, true));
     EXPECT_TRUE(Queue.Undo());
     ASSERT_EQ(Queue.GetCount(), 2U);
     EXPECT_NE(Queue.GetItem(0)->key, Queue.GetItem(1)->key);
+    EXPECT_NE(Queue.GetItem(0)->id, Queue.GetItem(1)->id);
+}
+
+TEST_F(HistoryQueue, AnIdFindsItsItemWhereverItMovedUntilItIsGone) {
+    AddTexts(u"abc");
+    const std::uint32_t id = Queue.GetItem(2)->id;
+    EXPECT_EQ(Queue.IndexOfId(id), 2U);
+    AddTexts(u"a");
+    EXPECT_EQ(Queue.IndexOfId(id), 0U);
+    EXPECT_EQ(Queue.FindById(id), Queue.GetItem(0));
+    Queue.Delete({0}, true);
+    EXPECT_FALSE(Queue.IndexOfId(id) || Queue.FindById(id));
+    Queue.Undo();
+    EXPECT_EQ(Queue.FindById(id), Queue.GetItem(0));
 }
 
 TEST_F(HistoryQueue, NothingToDeleteMakesNoUndo) {

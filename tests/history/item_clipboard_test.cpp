@@ -76,7 +76,12 @@ class ItemClipboardTest : public testing::Test, protected HistoryDesk {
     FakeRichTextEngine engine_;
     FakeLocale languages_;
     ItemTexts texts_{ansi_, engine_, Log};
-    ItemClipboard clipboard_{{Queue, access_, pictures_, texts_, languages_, Log}};
+    ItemClipboard clipboard_{{.Queue = Queue,
+                              .Access = access_,
+                              .Bitmaps = pictures_,
+                              .Texts = texts_,
+                              .Locale = languages_,
+                              .Log = Log}};
 };
 
 TEST_F(ItemClipboardTest, AnItemReplacesTheContentInItsOwnFormat) {
@@ -93,7 +98,7 @@ TEST_F(ItemClipboardTest, AnItemReplacesTheContentInItsOwnFormat) {
         copy->alternatives.push_back(ByteItem(CHF_HTML, "h"));
         Add(std::move(copy));
         access_.Copy({FakeClipboardAccess::Text(u"before")});
-        EXPECT_TRUE(clipboard_.PutOnClipboard(0)) << content;
+        EXPECT_TRUE(clipboard_.PutItemOnClipboard(Queue.GetItem(0)->id)) << content;
         EXPECT_EQ(Content(), content + locale_);
         EXPECT_FALSE(access_.IsOpen());
     }
@@ -115,6 +120,7 @@ TEST_F(ItemClipboardTest, FailuresAreLogged) {
     AddPicture();
     EXPECT_FALSE(clipboard_.PutOnClipboard(2));
     EXPECT_FALSE(clipboard_.PutOnClipboard(3));
+    EXPECT_FALSE(clipboard_.PutItemOnClipboard(CCHItem(CHF_HTML, 0, TimeAt(0)).id));
     EXPECT_FALSE(clipboard_.PutOnClipboardAsPlainText(3));
     EXPECT_TRUE(Log.Lines.empty());
     access_.Copy({FakeClipboardAccess::Memory(kClipText, "t")});

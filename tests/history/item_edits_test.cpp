@@ -57,7 +57,12 @@ class Edits : public testing::Test, protected HistoryDesk {
     CaseLocale locale_;
     FakeRichTextEngine engine_;
     int saves_ = 0;
-    ItemEdits edits_{{Queue, ansi_, locale_, engine_, Log, [this] { ++saves_; }}};
+    ItemEdits edits_{{.Queue = Queue,
+                      .Ansi = ansi_,
+                      .Locale = locale_,
+                      .Engine = engine_,
+                      .Log = Log,
+                      .RequestSave = [this] { ++saves_; }}};
 };
 
 TEST_F(Edits, TextIsTurnedTrimmedAndJoined) {

@@ -38,7 +38,12 @@ class WinItemClipboard : public testing::Test {
     WinRichTextEngine engine_{desk_.Log};
     WinClipboardAccess access_{owner_.Get()};
     ItemTexts texts_{ansi_, engine_, desk_.Log};
-    ItemClipboard clipboard_{{queue_, access_, pictures_, texts_, locale_, desk_.Log}};
+    ItemClipboard clipboard_{{.Queue = queue_,
+                              .Access = access_,
+                              .Bitmaps = pictures_,
+                              .Texts = texts_,
+                              .Locale = locale_,
+                              .Log = desk_.Log}};
 };
 
 TEST_F(WinItemClipboard, FormattedTextGoesThereAsItIsOrPlain) {

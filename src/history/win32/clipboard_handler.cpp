@@ -108,9 +108,15 @@ LRESULT CVBRWndClipboardHandler::OnCreate(WPARAM, LPARAM) {
         return -1;
     }
     clipboard_ = std::make_unique<WinClipboardAccess>(Handle());
-    capture_ = std::make_unique<ClipboardCapture>(ClipboardCapture::Parts{
-        *clipboard_, windows_, clock_, parts_.MyCopy, parts_.Settings.ClipboardFormats, ansi_,
-        bitmaps_, parts_.HandlerLog});
+    capture_ = std::make_unique<ClipboardCapture>(
+        ClipboardCapture::Collaborators{.Access = *clipboard_,
+                                        .Windows = windows_,
+                                        .Clock = clock_,
+                                        .MyCopy = parts_.MyCopy,
+                                        .Kept = parts_.Settings.ClipboardFormats,
+                                        .Ansi = ansi_,
+                                        .Bitmaps = bitmaps_,
+                                        .Log = parts_.HandlerLog});
     WatchCopyEvents();
     if (!InstallSpy()) {
         lastError_ = GetLastError();
