@@ -2,7 +2,7 @@
 # Builds and runs every test: format, native tests, benchmarks, Windows tests, desktop tests.
 #   ./test.sh                       everything
 #   ./test.sh --ring 1|2|3          one ring: native, Windows calls, the program on a desktop
-#   ./test.sh --bench               the benchmarks, native and on Windows
+#   ./test.sh --bench               the benchmarks, native and on Windows; one above its bound fails
 #   ./test.sh --fuzz [SECONDS]      the fuzz targets, each for that long (60)
 #   ./test.sh ... --filter PATTERN  only tests whose names match, as GoogleTest's filter does
 set -euo pipefail
@@ -12,7 +12,7 @@ only= filter='*' fuzz=
 while (($# > 0)); do
     case $1 in
     --ring) only=${2:-} && shift && [[ $only == [123] ]] || { usage "$0" && exit 2; } ;;
-    --bench) only=bench ;;
+    --bench) only=bench && export VELLUMBRIDGE_CHECK_BOUNDS=1 ;;
     --fuzz)
         fuzz=60
         [[ ! ${2:-} =~ ^[1-9][0-9]*$ ]] || { fuzz=$2 && shift; }
@@ -93,10 +93,23 @@ ring_1() {
     UBSAN_OPTIONS=print_stacktrace=1 run_tests ring-1 "$(nproc)" timeout 300 "$program"
 }
 
+# Runs a program of benchmarks: run_bench NAME COMMAND...
+run_bench() {
+    local log=$logs/$1.log
+    shift
+    mkdir -p "$logs"
+    "$@" 2>&1 </dev/null | tr -d '\r' | tee "$log"
+    # A program that crashes under Wine may end with code 0.
+    if ! grep -q '^[0-9]* benchmarks measured$' "$log"; then
+        echo "The program ended before its benchmarks did." >&2
+        return 1
+    fi
+}
+
 bench() {
     local program=$root/build/bench/bin/vellumbridge_bench
     need_program "$program"
-    timeout 300 "$program"
+    run_bench bench timeout 300 "$program"
 }
 
 build_windows() {
@@ -113,8 +126,8 @@ ring_2() {
 bench_windows() {
     local program=$root/build/windows/bin/vellumbridge_windows_bench.exe
     need_program "$program"
-    "$root/scripts/wine-desktop.sh" run --timeout 300 -- \
-        "$root/scripts/with-program.sh" wine "$program" | tr -d '\r'
+    run_bench bench-windows "$root/scripts/wine-desktop.sh" run --timeout 300 -- \
+        "$root/scripts/with-program.sh" wine "$program"
 }
 
 ring_3() {

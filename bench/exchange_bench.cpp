@@ -48,7 +48,7 @@ void ReadQuery(benchmark::State& state) {
         },
         [&] { ParseAndPrint(area.Text()); });
 }
-BENCHMARK(ReadQuery)->Iterations(51)->UseManualTime();
+BENCHMARK(ReadQuery)->Iterations(Rounds(51))->UseManualTime();
 
 void WriteAnswer(benchmark::State& state) {
     Area area;
@@ -63,7 +63,7 @@ void WriteAnswer(benchmark::State& state) {
         state, kBound, [&] { benchmark::DoNotOptimize(area.Interchange.WriteAnswer(answer)); },
         [&] { ParseAndPrint(written); });
 }
-BENCHMARK(WriteAnswer)->Iterations(51)->UseManualTime();
+BENCHMARK(WriteAnswer)->Iterations(Rounds(51))->UseManualTime();
 
 }  // namespace
 }  // namespace vbr::bench

@@ -50,7 +50,7 @@ void AddGrowth(benchmark::State& state) {
     MeasureRatioOfTimes(
         state, 12, [] { return TimeToAdd(1, 10'000); }, [] { return TimeToAdd(10, 1'000) / 10; });
 }
-BENCHMARK(AddGrowth)->Iterations(21)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(AddGrowth)->Iterations(Rounds(21))->UseManualTime()->Unit(benchmark::kMillisecond);
 
 // What any load must do: list the folder and read its files.
 void ReadAll(const std::filesystem::path& folder) {
@@ -77,7 +77,7 @@ void LoadHistory(benchmark::State& state) {
         },
         [&desk] { ReadAll(desk.Folder.Path()); });
 }
-BENCHMARK(LoadHistory)->Iterations(21)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(LoadHistory)->Iterations(Rounds(21))->UseManualTime()->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace vbr::bench

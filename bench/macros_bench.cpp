@@ -30,7 +30,7 @@ void TextWithoutMacro(benchmark::State& state) {
             }
         });
 }
-BENCHMARK(TextWithoutMacro)->Iterations(1001)->UseManualTime();
+BENCHMARK(TextWithoutMacro)->Iterations(Rounds(1001))->UseManualTime();
 
 // Captions and tips of a menu against copying the texts they are made from.
 void MenuTexts(benchmark::State& state, std::u16string_view text, double bound) {
@@ -63,12 +63,12 @@ void MenuTextsWithoutMacros(benchmark::State& state) {
     MenuTexts(state, u"Dear Sir or Madam,\r\n\r\nthank you for your kind message of today.\r\n",
               20);
 }
-BENCHMARK(MenuTextsWithoutMacros)->Iterations(1001)->UseManualTime();
+BENCHMARK(MenuTextsWithoutMacros)->Iterations(Rounds(1001))->UseManualTime();
 
 void MenuTextsWithMacros(benchmark::State& state) {
     MenuTexts(state, u"Dear Sir or Madam,\r\n\r\nthank you for %SELECTED_TEXT% of %DATE%.\r\n", 30);
 }
-BENCHMARK(MenuTextsWithMacros)->Iterations(1001)->UseManualTime();
+BENCHMARK(MenuTextsWithMacros)->Iterations(Rounds(1001))->UseManualTime();
 
 }  // namespace
 }  // namespace vbr::bench

@@ -72,7 +72,7 @@ void MenuOfAThousandPhrases(benchmark::State& state) {
             }
         });
 }
-BENCHMARK(MenuOfAThousandPhrases)->Iterations(501)->UseManualTime();
+BENCHMARK(MenuOfAThousandPhrases)->Iterations(Rounds(501))->UseManualTime();
 
 // Ten times the phrases take at most twelve times as long.
 void MenuGrowsWithItsPhrases(benchmark::State& state) {
@@ -82,7 +82,7 @@ void MenuGrowsWithItsPhrases(benchmark::State& state) {
     MeasureCpuRatio(
         state, 12, [&] { BuildMenu(desk, many); }, [&] { BuildMenu(desk, few); });
 }
-BENCHMARK(MenuGrowsWithItsPhrases)->Iterations(101)->UseManualTime();
+BENCHMARK(MenuGrowsWithItsPhrases)->Iterations(Rounds(101))->UseManualTime();
 
 }  // namespace
 }  // namespace vbr::bench

@@ -60,7 +60,7 @@ void LoadPhrases(benchmark::State& state) {
         state, 1.5, [&] { phrases.Tree.LoadTree(phrases.Folder.Path()); },
         [&] { ReadAndParse(phrases.Folder.Path(), phrases.Store); });
 }
-BENCHMARK(LoadPhrases)->Iterations(11)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(LoadPhrases)->Iterations(Rounds(11))->UseManualTime()->Unit(benchmark::kMillisecond);
 
 // Ten times the phrases cost about ten times the time.
 void LoadGrowth(benchmark::State& state) {
@@ -70,7 +70,7 @@ void LoadGrowth(benchmark::State& state) {
         state, 12, [&] { many.Tree.LoadTree(many.Folder.Path()); },
         [&] { few.Tree.LoadTree(few.Folder.Path()); });
 }
-BENCHMARK(LoadGrowth)->Iterations(11)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(LoadGrowth)->Iterations(Rounds(11))->UseManualTime()->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace vbr::bench

@@ -4,14 +4,22 @@
 #include <algorithm>
 #include <benchmark/benchmark.h>
 #include <chrono>
+#include <cstdlib>
 #include <ctime>
-#include <string>
 #include <vector>
 
 namespace vbr::bench {
 
-// Whether every ratio measured so far kept its bound.
-bool& AllWithinBounds();
+// Whether a ratio above its bound fails the run. Otherwise ratios are printed alone, from fewer
+// rounds.
+inline bool ChecksBounds() {
+    return std::getenv("VELLUMBRIDGE_CHECK_BOUNDS") != nullptr;
+}
+
+// How many rounds a benchmark takes that needs so many for a steady median.
+inline int Rounds(int steady) {
+    return ChecksBounds() ? steady : std::max(3, steady / 20);
+}
 
 // Nanoseconds that the call takes.
 template <typename Call>
@@ -23,7 +31,7 @@ double Time(Call&& call) {
 }
 
 // Asks for the times of the work and its floor, in nanoseconds, in interleaved pairs and reports
-// the median of their ratios. A median above the bound fails the run.
+// the median of their ratios with its bound.
 template <typename WorkTime, typename FloorTime>
 void MeasureRatioOfTimes(benchmark::State& state, double bound, WorkTime&& timeWork,
                          FloorTime&& timeFloor) {
@@ -38,10 +46,6 @@ void MeasureRatioOfTimes(benchmark::State& state, double bound, WorkTime&& timeW
     std::nth_element(ratios.begin(), middle, ratios.end());
     state.counters["ratio"] = *middle;
     state.counters["bound"] = bound;
-    if (*middle > bound) {
-        AllWithinBounds() = false;
-        state.SetLabel("TOO SLOW");
-    }
 }
 
 // The same for work and floor that are timed from start to end.

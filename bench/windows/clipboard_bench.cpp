@@ -64,13 +64,13 @@ void MeasureTake(benchmark::State& state, double bound, std::size_t bytes) {
 void TakeSnapshot(benchmark::State& state) {
     MeasureTake(state, 2.5, 2'000);
 }
-BENCHMARK(TakeSnapshot)->Iterations(101)->UseManualTime()->Unit(benchmark::kMicrosecond);
+BENCHMARK(TakeSnapshot)->Iterations(Rounds(101))->UseManualTime()->Unit(benchmark::kMicrosecond);
 
 // A huge content is copied once.
 void TakeHugeSnapshot(benchmark::State& state) {
     MeasureTake(state, 1.4, 64 << 20);
 }
-BENCHMARK(TakeHugeSnapshot)->Iterations(5)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(TakeHugeSnapshot)->Iterations(Rounds(5))->UseManualTime()->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace vbr::bench

@@ -83,12 +83,12 @@ void MeasureCapture(benchmark::State& state, std::size_t bytes) {
 void CaptureText(benchmark::State& state) {
     MeasureCapture(state, 1 << 20);
 }
-BENCHMARK(CaptureText)->Iterations(51)->UseManualTime()->Unit(benchmark::kMicrosecond);
+BENCHMARK(CaptureText)->Iterations(Rounds(51))->UseManualTime()->Unit(benchmark::kMicrosecond);
 
 void CaptureHugeText(benchmark::State& state) {
     MeasureCapture(state, 50 << 20);
 }
-BENCHMARK(CaptureHugeText)->Iterations(7)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(CaptureHugeText)->Iterations(Rounds(7))->UseManualTime()->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace vbr::bench

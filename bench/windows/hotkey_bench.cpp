@@ -185,7 +185,7 @@ void HotkeyToMenu(benchmark::State& state) {
     UnregisterHotKey(window, kHotkey);
     DestroyWindow(window);
 }
-BENCHMARK(HotkeyToMenu)->Iterations(101)->UseManualTime();
+BENCHMARK(HotkeyToMenu)->Iterations(Rounds(101))->UseManualTime();
 
 }  // namespace
 }  // namespace vbr::bench

@@ -179,7 +179,7 @@ void MenuUntilItsFirstItem(benchmark::State& state) {
         [&] { return TimeToFirstItem([&] { bare.Show(); }); });
     DestroyWindow(window);
 }
-BENCHMARK(MenuUntilItsFirstItem)->Arg(50)->Arg(500)->Iterations(31)->UseManualTime();
+BENCHMARK(MenuUntilItsFirstItem)->Arg(50)->Arg(500)->Iterations(Rounds(31))->UseManualTime();
 
 }  // namespace
 }  // namespace vbr::bench

@@ -161,7 +161,7 @@ void PostedQuery(benchmark::State& state) {
     UnhookWindowsHookEx(hook);
 }
 // A few hundred pairs are over before the processor has changed its pace once.
-BENCHMARK(PostedQuery)->Iterations(3001)->UseManualTime()->Unit(benchmark::kMicrosecond);
+BENCHMARK(PostedQuery)->Iterations(Rounds(3001))->UseManualTime()->Unit(benchmark::kMicrosecond);
 
 }  // namespace
 }  // namespace vbr::bench
