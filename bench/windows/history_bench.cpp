@@ -6,11 +6,16 @@
 #include <string>
 
 #include "fakes/memory_log.h"
-#include "fakes/native_profile_store.h"
 #include "fakes/temp_folder.h"
-#include "history/win32/clipboard_handler.h"
-#include "platform/win32/win_fault_catcher.h"
-#include "platform/win32/win_named_objects.h"
+#include "history/clipboard_capture.h"
+#include "history/history_folder.h"
+#include "platform/win32/win_ansi_text.h"
+#include "platform/win32/win_bitmaps.h"
+#include "platform/win32/win_clipboard_access.h"
+#include "platform/win32/win_clock.h"
+#include "platform/win32/win_file_store.h"
+#include "platform/win32/win_program_windows.h"
+#include "platform/win32/win_stamped_files.h"
 #include "ratio.h"
 
 namespace vbr::bench {

@@ -9,8 +9,15 @@
 #include "fakes/temp_folder.h"
 #include "platform/object_names.h"
 #include "platform/win32/wide.h"
+#include "platform/win32/win_ansi_text.h"
+#include "platform/win32/win_bitmaps.h"
+#include "platform/win32/win_clipboard_access.h"
+#include "platform/win32/win_clock.h"
 #include "platform/win32/win_fault_catcher.h"
+#include "platform/win32/win_file_store.h"
 #include "platform/win32/win_named_objects.h"
+#include "platform/win32/win_program_windows.h"
+#include "platform/win32/win_stamped_files.h"
 #include "windows/global_memory.h"
 #include "windows/message_window.h"
 #include "windows/pump.h"
@@ -60,18 +67,35 @@ class Handler : public testing::Test {
     MyCopyGuard myCopy_{clock_, log_};
     MessageWindow parent_;
     MessageWindow owner_;
-    CVBRWndClipboardHandler handler_{{settings_, Folder(), faults_, myCopy_, *end_, log_}};
+    WinAnsiText ansi_;
+    WinBitmaps bitmaps_;
+    WinProgramWindows windows_;
+    WinFileStore store_;
+    WinStampedFiles files_;
+    WinClipboardAccess access_{nullptr};
+    CVBRWndClipboardHandler handler_{{.Settings = settings_,
+                                      .Folder = Folder(),
+                                      .Clock = clock_,
+                                      .Ansi = ansi_,
+                                      .Bitmaps = bitmaps_,
+                                      .Windows = windows_,
+                                      .Store = store_,
+                                      .Files = files_,
+                                      .Access = access_,
+                                      .Faults = faults_,
+                                      .MyCopy = myCopy_,
+                                      .ProgramEnd = *end_,
+                                      .Log = log_}};
 };
 
-TEST_F(Handler, OwnWritesAreIgnoredUntilTheBracketEnds) {
+TEST_F(Handler, OwnWritesAreIgnoredUntilAnOutsiderEndsTheBlock) {
+    myCopy_.Add();
     ASSERT_TRUE(Start());
-    WinNamedObjects objects;
-    objects.Signal(kEventStartCopy);
-    ASSERT_TRUE(PumpUntil([this] { return myCopy_.IsMyCopy(); }));
+    EXPECT_FALSE(myCopy_.IsMyCopy());
+    myCopy_.AsynBlockClipboardHandler();
     PutText(u"own");
     ASSERT_TRUE(PumpUntil([this] { return log_.Tells(u"My copy process detected"); }));
-    objects.Signal(kEventEndCopy);
-    ASSERT_TRUE(PumpUntil([this] { return !myCopy_.IsMyCopy(); }));
+    SendMessageW(handler_.Handle(), WM_DELAY_UNLOCK, 0, 0);
     PutText(u"theirs");
     ASSERT_TRUE(WaitForText(u"theirs"));
     EXPECT_EQ(handler_.GetCount(), 1U);

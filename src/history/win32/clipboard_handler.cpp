@@ -15,11 +15,6 @@ constexpr std::u16string_view kProductName = u"Vellumbridge";
 enum Answer : LRESULT { kNotTaken = 0, kTaken = 1, kLater = 2 };
 constexpr DWORD kLaterMs = 200;
 
-std::unique_ptr<NamedEvent> MakeUnnamedEvent() {
-    UniqueHandle event(CreateEventW(nullptr, TRUE, FALSE, nullptr));
-    return event ? std::make_unique<WinNamedEvent>(std::move(event)) : nullptr;
-}
-
 // Set while nobody saves or loads.
 std::unique_ptr<NamedEvent> OpenSaveLoadGuard() {
     UniqueHandle event(CreateEventW(nullptr, TRUE, TRUE, Wide(kEventSaveLoadHistory.data())));
@@ -32,15 +27,24 @@ UINT Registered(std::u16string_view name) {
 
 }  // namespace
 
-CVBRWndClipboardHandler::CVBRWndClipboardHandler(Parts parts)
-    : parts_(std::move(parts)),
+CVBRWndClipboardHandler::CVBRWndClipboardHandler(Collaborators collaborators)
+    : collaborators_(std::move(collaborators)),
       loaded_(Registered(kMessageHistoryLoaded)),
       saved_(Registered(kMessageItemSaved)),
       addItem_(Registered(kMessageAddItem)),
       itemStored_(Registered(kMessageItemStored)),
-      folder_(parts_.Folder, store_, files_, parts_.HandlerLog),
+      folder_(collaborators_.Folder, collaborators_.Store, collaborators_.Files,
+              collaborators_.Log),
       queue_(folder_),
-      spy_(parts_.HandlerLog),
+      spy_(collaborators_.Log),
+      capture_({.Access = collaborators_.Access,
+                .Windows = collaborators_.Windows,
+                .Clock = collaborators_.Clock,
+                .MyCopy = collaborators_.MyCopy,
+                .Kept = collaborators_.Settings.ClipboardFormats,
+                .Ansi = collaborators_.Ansi,
+                .Bitmaps = collaborators_.Bitmaps,
+                .Log = collaborators_.Log}),
       worker_(folder_, OpenSaveLoadGuard()) {}
 
 CVBRWndClipboardHandler::~CVBRWndClipboardHandler() {
@@ -54,7 +58,7 @@ bool CVBRWndClipboardHandler::Create(HWND parent, UINT controlId, bool captureOn
     controlId_ = controlId;
     captureOnCreate_ = captureOnCreate;
     lastError_ = 0;
-    parts_.MyCopy.Set(0);
+    collaborators_.MyCopy.Set(0);
     WindowCreation creation;
     creation.ClassName = L"Vellumbridge_ClipboardHandler";
     creation.Style = WS_CHILD;
@@ -65,9 +69,8 @@ bool CVBRWndClipboardHandler::Create(HWND parent, UINT controlId, bool captureOn
     if (lastError_ == 0) {
         lastError_ = GetLastError();
     }
-    StopWatching();
-    parts_.HandlerLog.LogError(Concat(u"Clipboad History, ", u"Error code: ", lastError_, u"\n",
-                                      WinErrorText().TextOf(lastError_)));
+    collaborators_.Log.LogError(Concat(u"Clipboad History, ", u"Error code: ", lastError_, u"\n",
+                                       WinErrorText().TextOf(lastError_)));
     return false;
 }
 
@@ -102,27 +105,11 @@ std::optional<LRESULT> CVBRWndClipboardHandler::OnMessage(UINT message, WPARAM w
 
 LRESULT CVBRWndClipboardHandler::OnCreate(WPARAM, LPARAM) {
     SetWindowLongPtrW(Handle(), GWLP_ID, static_cast<LONG_PTR>(controlId_));
-    stopEvent_ = MakeUnnamedEvent();
-    if (!stopEvent_) {
-        lastError_ = GetLastError();
-        return -1;
-    }
-    clipboard_ = std::make_unique<WinClipboardAccess>(Handle());
-    capture_ = std::make_unique<ClipboardCapture>(
-        ClipboardCapture::Collaborators{.Access = *clipboard_,
-                                        .Windows = windows_,
-                                        .Clock = clock_,
-                                        .MyCopy = parts_.MyCopy,
-                                        .Kept = parts_.Settings.ClipboardFormats,
-                                        .Ansi = ansi_,
-                                        .Bitmaps = bitmaps_,
-                                        .Log = parts_.HandlerLog});
-    WatchCopyEvents();
     if (!InstallSpy()) {
         lastError_ = GetLastError();
         return -1;
     }
-    if (parts_.Settings.SaveClipboardHistory) {
+    if (collaborators_.Settings.SaveClipboardHistory) {
         StartLoad();
     }
     if (captureOnCreate_) {
@@ -137,43 +124,15 @@ LRESULT CVBRWndClipboardHandler::OnDestroy(WPARAM, LPARAM) {
         const std::lock_guard lock(saveMutex_);
         StartSave();
     }
-    StopWatching();
     return 0;
-}
-
-void CVBRWndClipboardHandler::StopWatching() {
-    if (stopEvent_) {
-        stopEvent_->Set();
-    }
-    startCopy_.reset();
-    endCopy_.reset();
-    stopEvent_.reset();
-    capture_.reset();
-    clipboard_.reset();
-}
-
-void CVBRWndClipboardHandler::WatchCopyEvents() {
-    const auto watch = [this](std::u16string_view name, std::int32_t count) {
-        auto watcher = std::make_unique<EventWatcher>();
-        const auto start = [&](ObjectAccess access) {
-            return watcher->Start(name, EventReset::Automatic, access, *stopEvent_,
-                                  [this, count] { parts_.MyCopy.Set(count); });
-        };
-        if (!start(ObjectAccess::World) && !start(ObjectAccess::Default)) {
-            parts_.HandlerLog.LogError(Concat(u"Cannot watch the event ", name));
-        }
-        return watcher;
-    };
-    startCopy_ = watch(kEventStartCopy, 1);
-    endCopy_ = watch(kEventEndCopy, 0);
 }
 
 bool CVBRWndClipboardHandler::InstallSpy() {
     const auto method =
-        SpyMethodOfSetting(parts_.Settings.ClipboardSpyMethod, HasClipboardListener());
+        SpyMethodOfSetting(collaborators_.Settings.ClipboardSpyMethod, HasClipboardListener());
     if (!method) {
-        parts_.HandlerLog.LogError(
-            Concat(u"No clipboard spy method has the number ", parts_.Settings.ClipboardSpyMethod));
+        collaborators_.Log.LogError(Concat(u"No clipboard spy method has the number ",
+                                           collaborators_.Settings.ClipboardSpyMethod));
         return false;
     }
     spy_.Spy().ClearObservers();
@@ -199,11 +158,11 @@ void CVBRWndClipboardHandler::_OnClipboardSpyStateChanged(std::uint32_t) {
 }
 
 void CVBRWndClipboardHandler::Capture(WindowHandle owner, HistoryChange change) {
-    std::unique_ptr<CCHItem> item = capture_->Capture(owner);
+    std::unique_ptr<CCHItem> item = capture_.Capture(owner);
     if (!item) {
         return;
     }
-    queue_.Add(std::move(item), parts_.Settings.ClipboardHistoryMax);
+    queue_.Add(std::move(item), collaborators_.Settings.ClipboardHistoryMax);
     savePending_ = true;
     Notify(kNoticeHistoryChanged, change);
     PostMessageW(Handle(), WM_SAVE_HISTORY, 0, 0);
@@ -217,18 +176,18 @@ void CVBRWndClipboardHandler::Notify(std::uint32_t code, HistoryChange change) {
 }
 
 LRESULT CVBRWndClipboardHandler::OnDelayUnlock(WPARAM, LPARAM) {
-    parts_.MyCopy.EndBlock();
+    collaborators_.MyCopy.EndBlock();
     return 0;
 }
 
 void CVBRWndClipboardHandler::RequestSave() {
     savePending_ = true;
-    saveStamp_ = GetTickCount();
+    saveStamp_ = collaborators_.Clock.TickCount();
     SetTimer(Handle(), kTimerSave, kSaveDelayMs, nullptr);
 }
 
 LRESULT CVBRWndClipboardHandler::OnTimer(WPARAM id, LPARAM) {
-    if (id == kTimerSave && GetTickCount() - saveStamp_ > kSaveDelayMs) {
+    if (id == kTimerSave && collaborators_.Clock.TickCount() - saveStamp_ > kSaveDelayMs) {
         KillTimer(Handle(), kTimerSave);
         PostMessageW(Handle(), WM_SAVE_HISTORY, 0, 0);
     }
@@ -251,7 +210,8 @@ void CVBRWndClipboardHandler::SaveNow() {
 void CVBRWndClipboardHandler::StartSave() {
     savePending_ = false;
     TakeUnsent();
-    ItemList copies = parts_.Settings.SaveClipboardHistory ? queue_.CopyUnsaved() : ItemList();
+    ItemList copies =
+        collaborators_.Settings.SaveClipboardHistory ? queue_.CopyUnsaved() : ItemList();
     if (copies.empty()) {
         return;
     }
@@ -292,7 +252,7 @@ void CVBRWndClipboardHandler::TakeUnsent() {
 void CVBRWndClipboardHandler::StartLoad() {
     worker_.Load([this, window = Handle()](CCHQueue& queue) {
         while (SendFromWorker(window, loaded_, &queue) == kLater &&
-               parts_.ProgramEnd.Wait(kLaterMs) == WaitResult::TimedOut) {
+               collaborators_.ProgramEnd.Wait(kLaterMs) == WaitResult::TimedOut) {
         }
     });
 }
@@ -312,7 +272,7 @@ LRESULT CVBRWndClipboardHandler::OnLoaded(LPARAM queue) {
     if (queue_.IsLocked()) {
         return kLater;
     }
-    queue_.Merge(*reinterpret_cast<CCHQueue*>(queue), parts_.Settings.ClipboardHistoryMax);
+    queue_.Merge(*reinterpret_cast<CCHQueue*>(queue), collaborators_.Settings.ClipboardHistoryMax);
     Notify(kNoticeHistoryLoaded, HistoryChange::Captured);
     return kTaken;
 }
@@ -328,14 +288,14 @@ LRESULT CVBRWndClipboardHandler::OnSaved(LPARAM item) {
 // Code of this process gives the address, but anybody may send the message.
 const CCHItem* CVBRWndClipboardHandler::ItemAt(LPARAM address) {
     const auto* item = reinterpret_cast<const CCHItem*>(address);
-    const bool isItem =
-        address != 0 && RunSilently(parts_.Faults, false, [item] { return CCHItem::IsAt(item); });
+    const bool isItem = address != 0 && RunSilently(collaborators_.Faults, false,
+                                                    [item] { return CCHItem::IsAt(item); });
     return isItem ? item : nullptr;
 }
 
 LRESULT CVBRWndClipboardHandler::OnAddItem(LPARAM address) {
     const CCHItem* item = ItemAt(address);
-    return item && queue_.Add(item->Copy(), parts_.Settings.ClipboardHistoryMax);
+    return item && queue_.Add(item->Copy(), collaborators_.Settings.ClipboardHistoryMax);
 }
 
 LRESULT CVBRWndClipboardHandler::OnItemStored(LPARAM address) {

@@ -15,18 +15,17 @@
 #include "history/history_queue.h"
 #include "history/history_worker.h"
 #include "history/win32/clipboard_spy_window.h"
+#include "platform/ansi_text.h"
+#include "platform/bitmaps.h"
+#include "platform/clipboard_access.h"
+#include "platform/clock.h"
 #include "platform/fault_catcher.h"
+#include "platform/file_store.h"
 #include "platform/log.h"
 #include "platform/my_copy.h"
 #include "platform/named_objects.h"
-#include "platform/win32/event_watcher.h"
-#include "platform/win32/win_ansi_text.h"
-#include "platform/win32/win_bitmaps.h"
-#include "platform/win32/win_clipboard_access.h"
-#include "platform/win32/win_clock.h"
-#include "platform/win32/win_file_store.h"
-#include "platform/win32/win_program_windows.h"
-#include "platform/win32/win_stamped_files.h"
+#include "platform/program_windows.h"
+#include "platform/stamped_files.h"
 #include "platform/win32/window_base.h"
 #include "settings/settings.h"
 
@@ -45,16 +44,23 @@ enum class TrackingState { NotTried = 0, Listener = 2, Viewer = 3 };
 // long as the object. Belongs to the main thread; what it needs for its threads must outlive it.
 class CVBRWndClipboardHandler : public WindowBase, private ClipboardObserver {
   public:
-    struct Parts {
+    struct Collaborators {
         const CVBRSettings& Settings;
         std::filesystem::path Folder;
+        const vbr::Clock& Clock;
+        const AnsiText& Ansi;
+        vbr::Bitmaps& Bitmaps;
+        const ProgramWindows& Windows;
+        FileStore& Store;
+        StampedFiles& Files;
+        ClipboardAccess& Access;
         FaultCatcher& Faults;
         MyCopyGuard& MyCopy;
         NamedEvent& ProgramEnd;  // set when the program ends
-        Log& HandlerLog;
+        vbr::Log& Log;
     };
 
-    explicit CVBRWndClipboardHandler(Parts parts);
+    explicit CVBRWndClipboardHandler(Collaborators collaborators);
     ~CVBRWndClipboardHandler() override;
 
     // Both succeed at once when that is so already. A failure is logged.
@@ -102,14 +108,11 @@ class CVBRWndClipboardHandler : public WindowBase, private ClipboardObserver {
     void _OnClipboardSpyStateChanged(std::uint32_t userValue) override;
 
     bool InstallSpy();
-    void WatchCopyEvents();
     void Capture(WindowHandle owner, HistoryChange change);
     // Unless a save is under way, which is followed by another then.
     void SaveNow();
     void StartSave();  // with the mutex held
     void OnSaveEnded(HWND window, bool complete);
-    // Ends what lives with the window.
-    void StopWatching();
     void StartLoad();
     LRESULT SendFromWorker(HWND window, UINT message, const void* sent);
     // Items that were saved while there was no window to tell. With the mutex held.
@@ -117,24 +120,16 @@ class CVBRWndClipboardHandler : public WindowBase, private ClipboardObserver {
     void Notify(std::uint32_t code, HistoryChange change);
     const CCHItem* ItemAt(LPARAM address);
 
-    Parts parts_;
+    Collaborators collaborators_;
     UINT loaded_;
     UINT saved_;
     UINT addItem_;
     UINT itemStored_;
 
-    WinClock clock_;
-    WinAnsiText ansi_;
-    WinBitmaps bitmaps_;
-    WinProgramWindows windows_;
-    WinFileStore store_;
-    WinStampedFiles files_;
     HistoryFolder folder_;
     CCHQueue queue_;
     ClipboardSpyWindow spy_;
-    std::unique_ptr<WinClipboardAccess> clipboard_;  // these three live with the window
-    std::unique_ptr<ClipboardCapture> capture_;
-    std::unique_ptr<NamedEvent> stopEvent_;
+    ClipboardCapture capture_;
 
     TrackingState trackingState_ = TrackingState::NotTried;
     std::uint32_t lastError_ = 0;
@@ -149,8 +144,6 @@ class CVBRWndClipboardHandler : public WindowBase, private ClipboardObserver {
     ItemList unsent_;
     bool saving_ = false;
     bool saveAgain_ = false;
-    std::unique_ptr<EventWatcher> startCopy_;
-    std::unique_ptr<EventWatcher> endCopy_;
     HistoryWorker worker_;
 };
 

@@ -3,6 +3,7 @@
 
 #include "platform/win32/windows.h"
 
+#include "platform/object_names.h"
 #include "shell/tray_messages.h"
 #include "shell/win32/app_objects.h"
 
@@ -22,11 +23,42 @@ HistoryKeeper::HistoryKeeper(const CVBRSettings& settings, const std::u16string&
       log_(log),
       myCopy_(clock_, log),
       notices_(log),
-      handler_({settings, programFolder + std::u16string(kFolderName), faults_, myCopy_, programEnd,
-                log}) {}
+      handler_({.Settings = settings,
+                .Folder = programFolder + std::u16string(kFolderName),
+                .Clock = clock_,
+                .Ansi = ansi_,
+                .Bitmaps = bitmaps_,
+                .Windows = windows_,
+                .Store = store_,
+                .Files = files_,
+                .Access = clipboard_,
+                .Faults = faults_,
+                .MyCopy = myCopy_,
+                .ProgramEnd = programEnd,
+                .Log = log}) {}
 
 bool HistoryKeeper::StartSpy() {
+    WatchCopyEvents();
     return handler_.Create(CAppObjects::TrayWindow(), kHistoryControlId, true);
+}
+
+void HistoryKeeper::WatchCopyEvents() {
+    if (startCopy_) {
+        return;
+    }
+    const auto watch = [this](std::u16string_view name, std::int32_t count) {
+        auto watcher = std::make_unique<EventWatcher>();
+        const auto start = [&](ObjectAccess access) {
+            return watcher->Start(name, EventReset::Automatic, access, programEnd_,
+                                  [this, count] { myCopy_.Set(count); });
+        };
+        if (!start(ObjectAccess::World) && !start(ObjectAccess::Default)) {
+            log_.LogError(Concat(u"Cannot watch the event ", name));
+        }
+        return watcher;
+    };
+    startCopy_ = watch(kEventStartCopy, 1);
+    endCopy_ = watch(kEventEndCopy, 0);
 }
 
 void HistoryKeeper::StartSpyWithRetry() {

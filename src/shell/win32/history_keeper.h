@@ -5,8 +5,15 @@
 #include "history/win32/clipboard_handler.h"
 #include "platform/my_copy.h"
 #include "platform/task_threads.h"
+#include "platform/win32/event_watcher.h"
+#include "platform/win32/win_ansi_text.h"
+#include "platform/win32/win_bitmaps.h"
+#include "platform/win32/win_clipboard_access.h"
 #include "platform/win32/win_clock.h"
 #include "platform/win32/win_fault_catcher.h"
+#include "platform/win32/win_file_store.h"
+#include "platform/win32/win_program_windows.h"
+#include "platform/win32/win_stamped_files.h"
 #include "settings/settings.h"
 #include "shell/rooms.h"
 
@@ -39,15 +46,25 @@ class HistoryKeeper : public HistoryRoom {
     }
 
   private:
+    void WatchCopyEvents();
+
     const CVBRSettings& settings_;
     NamedEvent& programEnd_;
     Log& log_;
     WinFaultCatcher faults_;
     WinClock clock_;
+    WinAnsiText ansi_;
+    WinBitmaps bitmaps_;
+    WinProgramWindows windows_;
+    WinFileStore store_;
+    WinStampedFiles files_;
+    WinClipboardAccess clipboard_{nullptr};  // for reading only
     MyCopyGuard myCopy_;
     HistoryNotices notices_;
     CVBRWndClipboardHandler handler_;
     TaskThreads retries_;
+    std::unique_ptr<EventWatcher> startCopy_;
+    std::unique_ptr<EventWatcher> endCopy_;
 };
 
 }  // namespace vbr
