@@ -1,18 +1,18 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <condition_variable>
-#include <deque>
 #include <functional>
-#include <mutex>
+#include <memory>
 
 #include "history/history_folder.h"
 #include "platform/named_objects.h"
+#include "platform/serial_worker.h"
 
 namespace vbr {
 
-// Saves and loads the history without making the caller wait: one job at a time and in order, on a
-// thread that lives as long as there is something to do. The guard event is reset meanwhile.
+// Saves and loads the history without making the caller wait, one job at a time and in order. The
+// guard event is reset meanwhile. Its end waits for all jobs; those that find the guard held by
+// another program then write nothing.
 class HistoryWorker {
   public:
     // On the worker's thread.
@@ -24,38 +24,19 @@ class HistoryWorker {
     HistoryWorker(HistoryFolder& folder, std::unique_ptr<NamedEvent> guard)
         : folder_(folder), guard_(std::move(guard)) {}
 
-    // Waits for the end of the job under way and of those that wait.
-    ~HistoryWorker();
-    HistoryWorker(const HistoryWorker&) = delete;
-    HistoryWorker& operator=(const HistoryWorker&) = delete;
-
     // Writes the items and calls for each that was written, and at the end.
     void Save(ItemList items, OnSaved onSaved, OnEnd onEnd);
     // Reads the folder and calls once, when it held anything.
     void Load(OnLoaded onLoaded);
 
-    void Flush();
-
   private:
-    struct Job {
-        ItemList Items;
-        OnSaved Saved;
-        OnEnd Ended;
-        OnLoaded Loaded;
-    };
-
-    void Start(Job job);
-    void RunAll();
-    void Run(const Job& job);
+    // Does the work while nobody else saves or loads.
+    void Guarded(const std::function<void()>& work);
     bool WaitForGuard();
 
     HistoryFolder& folder_;
     std::unique_ptr<NamedEvent> guard_;
-    std::mutex mutex_;
-    std::condition_variable idle_;
-    std::deque<Job> jobs_;
-    bool busy_ = false;
-    bool ending_ = false;
+    SerialWorker worker_;
 };
 
 }  // namespace vbr
