@@ -4,19 +4,16 @@
 #include <limits>
 #include <memory>
 #include <optional>
-#include <tinyxml.h>
 
 #include "base/text.h"
 #include "base/xml_guard.h"
-#include "base/xml_references.h"
+#include "base/xml_printer.h"
 
 namespace vbr {
 namespace {
 
 constexpr const char* kQueryRoot = "WPQuery";
 constexpr const char* kAnswerRoot = "WPAnswer";
-constexpr const char* kLineBreak = "\r\n";
-constexpr const char* kIndent = "    ";
 
 // A decimal number; nothing when it isn't within the range of `Number`.
 template <typename Number>
@@ -72,15 +69,11 @@ LayoutHandle ReadLayout(const TiXmlElement& root) {
     return word(high) << 16 | word(low);
 }
 
-void AppendText(TiXmlElement& element, std::u16string_view text) {
-    element.LinkEndChild(new TiXmlText(MarkReferences(Utf16ToUtf8(text))));
-}
-
 void AppendItems(TiXmlElement& parent, const WPMenuGroup& items, Log& log);
 
 std::unique_ptr<TiXmlElement> MakeGroup(const WPMenuItem& item, Log& log) {
     auto element = std::make_unique<TiXmlElement>("Group");
-    AppendText(*element, CutUnits(item.Text, kAnswerTextMax));
+    AppendXmlText(*element, CutUnits(item.Text, kAnswerTextMax));
     element->SetAttribute("Default", item.Flags & 1);
     if (item.Children->empty()) {
         log.Write(u"Oops! Group is empty");
@@ -92,15 +85,13 @@ std::unique_ptr<TiXmlElement> MakeGroup(const WPMenuItem& item, Log& log) {
 std::unique_ptr<TiXmlElement> MakeCommand(const WPMenuItem& item) {
     auto element = std::make_unique<TiXmlElement>("Command");
     const bool isSeparator = item.CMDID == 0;
-    AppendText(*element, isSeparator ? u"" : CutUnits(item.Text, kAnswerTextMax));
+    AppendXmlText(*element, isSeparator ? u"" : CutUnits(item.Text, kAnswerTextMax));
     element->SetAttribute("Flags", item.Flags);
     element->SetAttribute("CMDID", static_cast<std::int32_t>(item.CMDID));
     element->SetAttribute("DataType", item.DataType);
     element->SetAttribute("LCID", item.LCID);
     if (!item.ToolTipText.empty()) {
-        auto tip = std::make_unique<TiXmlElement>("ToolTipText");
-        AppendText(*tip, CutUnits(item.ToolTipText, kAnswerTipMax));
-        element->LinkEndChild(tip.release());
+        AppendXmlElement(*element, "ToolTipText", CutUnits(item.ToolTipText, kAnswerTipMax));
     }
     return element;
 }
@@ -151,25 +142,17 @@ bool ParseQuery(std::string_view document, WPQuery& query) {
 }
 
 std::string AnswerDocument(const WPAnswer& answer, Log& log) {
-    TiXmlDocument document;
-    document.LinkEndChild(new TiXmlDeclaration("1.0", "", ""));
-    auto root = std::make_unique<TiXmlElement>(kAnswerRoot);
-    root->SetAttribute("Sound", answer.Sound);
-    root->SetAttribute("ShowToolTips", answer.ShowToolTips);
-    root->SetAttribute("ForegroundTopMostWnd", answer.ForegroundTopMostWnd);
+    TiXmlElement root(kAnswerRoot);
+    root.SetAttribute("Sound", answer.Sound);
+    root.SetAttribute("ShowToolTips", answer.ShowToolTips);
+    root.SetAttribute("ForegroundTopMostWnd", answer.ForegroundTopMostWnd);
     auto group = std::make_unique<TiXmlElement>("Group");
     AppendItems(*group, answer.Items, log);
     if (answer.MenuPerColumn != 0) {
-        auto perColumn = std::make_unique<TiXmlElement>("MenuPerColumn");
-        AppendText(*perColumn, ToDecimal(answer.MenuPerColumn));
-        group->LinkEndChild(perColumn.release());
+        AppendXmlElement(*group, "MenuPerColumn", ToDecimal(answer.MenuPerColumn));
     }
-    root->LinkEndChild(group.release());
-    document.LinkEndChild(root.release());
-    TiXmlPrinter printer;
-    printer.SetIndent(kIndent);
-    printer.SetLineBreak(kLineBreak);
-    return document.Accept(&printer) ? UnmarkReferences(printer.Str()) : std::string();
+    root.LinkEndChild(group.release());
+    return PrintXml(TiXmlDeclaration("1.0", "", ""), root);
 }
 
 }  // namespace vbr

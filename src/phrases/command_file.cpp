@@ -4,18 +4,15 @@
 #include <algorithm>
 #include <array>
 #include <limits>
-#include <tinyxml.h>
 
 #include "base/text.h"
 #include "base/xml_guard.h"
-#include "base/xml_references.h"
+#include "base/xml_printer.h"
 
 namespace vbr {
 namespace {
 
 constexpr const char* kRootName = "VBRCommand";
-constexpr const char* kLineBreak = "\r\n";
-constexpr const char* kIndent = "    ";
 
 // What the parser takes for white space, or skips like it.
 constexpr std::u16string_view kBlanks = u" \t\r\n\v\f\uFEFF\uFFFE\uFFFF";
@@ -123,12 +120,6 @@ void SetNumber(TiXmlElement& element, const char* name, std::int64_t value) {
     element.SetAttribute(name, Utf16ToUtf8(ToDecimal(value)));
 }
 
-void AddElement(TiXmlElement& root, const char* name, std::u16string_view text) {
-    auto element = std::make_unique<TiXmlElement>(name);
-    element->LinkEndChild(new TiXmlText(MarkReferences(Utf16ToUtf8(text))));
-    root.LinkEndChild(element.release());
-}
-
 void WriteAttributes(TiXmlElement& root, const VBRCommand& record) {
     if (!record.IsEnabled()) {
         SetNumber(root, "Excluded", 1);
@@ -197,21 +188,15 @@ CommandReadResult ParseCommand(VBRCommand& record, const std::string& xml) {
 }
 
 std::string CommandToXml(const VBRCommand& record) {
-    TiXmlDocument document;
-    document.LinkEndChild(new TiXmlDeclaration("1.0", "UTF-8", "yes"));
-    auto root = std::make_unique<TiXmlElement>(kRootName);
-    WriteAttributes(*root, record);
+    TiXmlElement root(kRootName);
+    WriteAttributes(root, record);
     if (!record.IsGroup()) {
-        AddElement(*root, "MenuName", record.Text);
-        AddElement(*root, "DataType", DataTypeToText(record.DataType));
-        AddElement(*root, "Cmd", record.Cmd);
-        AddElement(*root, "Hint", record.ToolTipText);
+        AppendXmlElement(root, "MenuName", record.Text);
+        AppendXmlElement(root, "DataType", DataTypeToText(record.DataType));
+        AppendXmlElement(root, "Cmd", record.Cmd);
+        AppendXmlElement(root, "Hint", record.ToolTipText);
     }
-    document.LinkEndChild(root.release());
-    TiXmlPrinter printer;
-    printer.SetIndent(kIndent);
-    printer.SetLineBreak(kLineBreak);
-    return document.Accept(&printer) ? UnmarkReferences(printer.Str()) : std::string();
+    return PrintXml(TiXmlDeclaration("1.0", "UTF-8", "yes"), root);
 }
 
 std::filesystem::path CommandFileOf(const VBRCommand& record) {
