@@ -40,8 +40,7 @@ bool ItemClipboard::PutItem(const CCHItem& item) {
             return SetClipboardBlock(
                 StandardBlock(kClipUnicodeText, TextOrNothing(item.WideText())));
         case CHF_RTF:
-            return SetClipboardBlock(
-                NamedBlock(kRichTextFormat, TextOrNothing(item.ByteText())));
+            return SetClipboardBlock(NamedBlock(kRichTextFormat, TextOrNothing(item.ByteText())));
         case CHF_KELPNOTES:
             return SetClipboardBlock(NamedBlock(kKelpNotesFormat, item.Data()));
         case CHF_BITMAP:

@@ -14,7 +14,6 @@
 namespace vbr {
 namespace {
 
-
 // Every picture has the same object.
 class OneObject : public Bitmaps {
   public:
