@@ -7,13 +7,8 @@
 #include <gtest/gtest.h>
 
 #include "fakes/profile_cases.h"
-#include "platform/object_names.h"
-#include "platform/win32/handle.h"
-#include "platform/win32/wide.h"
 #include "platform/win32/win_menu_font.h"
-#include "platform/win32/win_named_objects.h"
 #include "platform/win32/win_profile_store.h"
-#include "settings/shared_settings.h"
 
 namespace vbr {
 namespace {
@@ -71,24 +66,6 @@ TEST_F(WinSettingsTest, ASavedFileIsReadBackByTheSystemsCalls) {
     settings.Save();
     EXPECT_EQ(GetPrivateProfileIntW(L"Settings", L"DaysCheckForUpdates", 0, file_.c_str()), 12u);
     EXPECT_EQ(Make({}).GetLanguageFileName(), u"C:\\App\\Русский.lng");
-}
-
-TEST(SharedArea, AnotherProgramReadsTheLastTextAsLongAsTheWriterLives) {
-    const auto open = [] {
-        return UniqueHandle(OpenFileMappingW(FILE_MAP_READ, FALSE, Wide(kAreaSettings.data())));
-    };
-    {
-        WinNamedObjects objects;
-        SharedSettings shared(objects);
-        for (const std::u16string_view selected : {u"a longer text", u"x", u"Фраза"}) {
-            EXPECT_TRUE(shared.WriteSharedSettings(13, 3, true, selected));
-            const UniqueHandle area = open();
-            const auto view = MapView<const char>(area.get(), FILE_MAP_READ, 0);
-            ASSERT_TRUE(view);
-            EXPECT_EQ(view.get(), SharedSettingsText(13, 3, true, selected));
-        }
-    }
-    EXPECT_FALSE(open());
 }
 
 }  // namespace
