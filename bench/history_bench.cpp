@@ -5,7 +5,7 @@
 #include <iterator>
 #include <malloc.h>
 
-#include "fakes/history_desk.h"
+#include "fakes/history_fixture.h"
 #include "ratio.h"
 
 namespace vbr::bench {
@@ -63,19 +63,19 @@ void ReadAll(const std::filesystem::path& folder) {
 
 // Loading the history costs little more than reading its files.
 void LoadHistory(benchmark::State& state) {
-    HistoryDesk desk;
+    HistoryFixture fixture;
     for (int i = 0; i < 10'000; ++i) {
-        desk.Add(TextItem(Clip(i)));
+        fixture.Add(TextItem(Clip(i)));
     }
-    desk.Save();
+    fixture.Save();
     MeasureCpuRatio(
         state, 2,
-        [&desk] {
-            CCHQueue queue(desk.Folder);
-            desk.Folder.Load(queue);
+        [&fixture] {
+            CCHQueue queue(fixture.Folder);
+            fixture.Folder.Load(queue);
             benchmark::DoNotOptimize(queue.GetCount());
         },
-        [&desk] { ReadAll(desk.Folder.Path()); });
+        [&fixture] { ReadAll(fixture.Folder.Path()); });
 }
 BENCHMARK(LoadHistory)->Iterations(Rounds(21))->UseManualTime()->Unit(benchmark::kMillisecond);
 

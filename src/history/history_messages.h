@@ -11,7 +11,7 @@ inline constexpr std::uint32_t WM_SAVE_HISTORY = 32769;  // save what is unsaved
 inline constexpr std::uint32_t WM_DELAY_UNLOCK = 32770;  // the end of a block
 
 inline constexpr std::uintptr_t kTimerSave = 2343;
-inline constexpr std::uint32_t kSaveDelayMs = 1000;
+inline constexpr std::uint32_t kSaveTimerMs = 1000;
 
 // Notices to the parent. A change has a parameter behind the header.
 inline constexpr std::uint32_t kNoticeHistoryChanged = 2816;

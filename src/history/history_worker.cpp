@@ -10,19 +10,24 @@ constexpr std::uint32_t kGuardPatienceMs = 200;
 
 }  // namespace
 
-void HistoryWorker::Save(ItemList items, OnSaved onSaved, OnEnd onEnd) {
+void HistoryWorker::Save(ItemList items, SaveCalls calls) {
     // A job must be copyable.
     worker_.Post([this, shared = std::make_shared<ItemList>(std::move(items)),
-                  saved = std::move(onSaved), ended = std::move(onEnd)] {
-        if (WaitForGuard()) {
-            Guarded([&] {
-                if (folder_.Make()) {
-                    folder_.Save(*shared, saved);
-                }
+                  told = std::move(calls)] { told.OnEnd(WaitForGuard() && Write(*shared, told)); });
+}
+
+bool HistoryWorker::Write(ItemList& items, const SaveCalls& calls) {
+    std::erase_if(items, [&calls](const auto& item) { return calls.IsWritten(*item); });
+    std::size_t left = items.size();
+    Guarded([&] {
+        if (folder_.Make()) {
+            folder_.Save(items, [&](const CCHItem& item) {
+                --left;
+                calls.OnSaved(item);
             });
         }
-        ended();
     });
+    return left == 0;
 }
 
 void HistoryWorker::Load(OnLoaded onLoaded) {

@@ -15,21 +15,29 @@ namespace vbr {
 // another program then write nothing.
 class HistoryWorker {
   public:
-    // On the worker's thread.
-    using OnSaved = std::function<void(const CCHItem&)>;
+    // All calls come on the worker's thread.
+    struct SaveCalls {
+        std::function<bool(const CCHItem&)> IsWritten;  // by a save before: it is left out
+        std::function<void(const CCHItem&)> OnSaved;    // for each that was written
+        std::function<void(bool complete)> OnEnd;       // whether all are on the disk
+    };
     using OnLoaded = std::function<void(CCHQueue&)>;
-    using OnEnd = std::function<void()>;
 
     // Without a guard nobody else is told.
     HistoryWorker(HistoryFolder& folder, std::unique_ptr<NamedEvent> guard)
         : folder_(folder), guard_(std::move(guard)) {}
 
-    // Writes the items and calls for each that was written, and at the end.
-    void Save(ItemList items, OnSaved onSaved, OnEnd onEnd);
+    // Writes the items.
+    void Save(ItemList items, SaveCalls calls);
     // Reads the folder and calls once, when it held anything.
     void Load(OnLoaded onLoaded);
 
+    // Waits until there is nothing to do, for as long as another program holds the guard.
+    void Flush() { worker_.Flush(); }
+
   private:
+    // Whether all that had to be written was.
+    bool Write(ItemList& items, const SaveCalls& calls);
     // Does the work while nobody else saves or loads.
     void Guarded(const std::function<void()>& work);
     bool WaitForGuard();

@@ -119,7 +119,7 @@ inline std::unique_ptr<CCHItem> TextItem(std::u16string_view text, std::uint16_t
 }
 
 // A queue over a folder of its own on the disk.
-struct HistoryDesk {
+struct HistoryFixture {
     TempFolder Temp;
     MemoryLog Log;
     NativeFileStore Store;

@@ -6,7 +6,7 @@
 #include "fakes/fake_ansi_text.h"
 #include "fakes/fake_clipboard_access.h"
 #include "fakes/fake_clock.h"
-#include "fakes/history_desk.h"
+#include "fakes/history_fixture.h"
 #include "fakes/text_cases.h"
 #include "history/owner_info.h"
 #include "history/source_url.h"

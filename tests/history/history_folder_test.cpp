@@ -3,14 +3,14 @@
 
 #include <gtest/gtest.h>
 
-#include "fakes/history_desk.h"
+#include "fakes/history_fixture.h"
 
 namespace vbr {
 namespace {
 
 using Names = std::set<std::string>;
 
-class HistoryFiles : public testing::Test, protected HistoryDesk {
+class HistoryFiles : public testing::Test, protected HistoryFixture {
   protected:
     // Writes an ".info" file by hand.
     void WriteInfoFile(const std::string& name, const std::string& lines) {
@@ -44,7 +44,7 @@ TEST_F(HistoryFiles, EveryFormatComesBackAsItWas) {
 
     CCHQueue loaded(Folder);
     Folder.Load(loaded);
-    EXPECT_EQ(HistoryDesk::TextsOf(loaded), u"k {\\rtf1 x} жук\U0001F600 old");
+    EXPECT_EQ(HistoryFixture::TextsOf(loaded), u"k {\\rtf1 x} жук\U0001F600 old");
     EXPECT_EQ(loaded.GetItem(0)->Data(), Queue.GetItem(0)->Data());
     const CCHItem& rtf = *loaded.GetItem(1);
     EXPECT_EQ(rtf.time, TimeAt(3));

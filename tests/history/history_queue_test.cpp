@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "fakes/history_desk.h"
+#include "fakes/history_fixture.h"
 
 namespace vbr {
 namespace {
@@ -49,7 +49,7 @@ TEST(HistoryItem, SameMeansEqualContentInOneFormat) {
     }
 }
 
-class HistoryQueue : public testing::Test, protected HistoryDesk {};
+class HistoryQueue : public testing::Test, protected HistoryFixture {};
 
 TEST_F(HistoryQueue, RepeatMovesToTheFrontAndKeepsIdAndProtection) {
     AddTexts(u"abc");
@@ -94,7 +94,7 @@ TEST_F(HistoryQueue, LimitTakesTheOldestThatAreNotProtected) {
             queue.SetProtected(index, true);
         }
         queue.Trim(test.Max);
-        EXPECT_EQ(HistoryDesk::TextsOf(queue), test.Left);
+        EXPECT_EQ(HistoryFixture::TextsOf(queue), test.Left);
     }
 }
 

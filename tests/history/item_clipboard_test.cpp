@@ -8,7 +8,7 @@
 #include "fakes/fake_clipboard_access.h"
 #include "fakes/fake_locale.h"
 #include "fakes/fake_rich_text_engine.h"
-#include "fakes/history_desk.h"
+#include "fakes/history_fixture.h"
 #include "history/item_export.h"
 
 namespace vbr {
@@ -50,7 +50,7 @@ std::uint32_t Number(const std::string& bytes, std::size_t at) {
     return number;
 }
 
-class ItemClipboardTest : public testing::Test, protected HistoryDesk {
+class ItemClipboardTest : public testing::Test, protected HistoryFixture {
   protected:
     void AddPicture() {
         auto item = std::make_unique<CCHItem>(CHF_BITMAP, 0, TimeAt(0));

@@ -6,7 +6,7 @@
 #include "fakes/fake_ansi_text.h"
 #include "fakes/fake_locale.h"
 #include "fakes/fake_rich_text_engine.h"
-#include "fakes/history_desk.h"
+#include "fakes/history_fixture.h"
 
 namespace vbr {
 namespace {
@@ -24,7 +24,7 @@ class CaseLocale : public FakeLocale {
 };
 
 // An edit by its count: u and l turn the case, t trims, j joins.
-class Edits : public testing::Test, protected HistoryDesk {
+class Edits : public testing::Test, protected HistoryFixture {
   protected:
     std::size_t Edit(char edit, std::size_t index = 0) {
         switch (edit) {
@@ -42,7 +42,7 @@ class Edits : public testing::Test, protected HistoryDesk {
     const CCHItem& Add(std::unique_ptr<CCHItem> item) {
         item->sourceUrl = u"http://a/";
         item->alternatives.push_back(ByteItem(CHF_HTML, "h"));
-        HistoryDesk::Add(std::move(item));
+        HistoryFixture::Add(std::move(item));
         Save();
         return *Queue.GetItem(0);
     }

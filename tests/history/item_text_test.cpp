@@ -3,7 +3,7 @@
 
 #include "fakes/fake_ansi_text.h"
 #include "fakes/fake_rich_text_engine.h"
-#include "fakes/history_desk.h"
+#include "fakes/history_fixture.h"
 #include "fakes/text_cases.h"
 
 namespace vbr {

@@ -5,7 +5,7 @@
 
 #include "fakes/fake_ansi_text.h"
 #include "fakes/fake_rich_text_engine.h"
-#include "fakes/history_desk.h"
+#include "fakes/history_fixture.h"
 #include "menu/history_region.h"
 #include "phrases/command_record.h"
 #include "settings/embedded_strings.h"
@@ -13,7 +13,7 @@
 namespace vbr {
 namespace {
 
-class QueueHistoryTest : public testing::Test, protected HistoryDesk {
+class QueueHistoryTest : public testing::Test, protected HistoryFixture {
   protected:
     FakeAnsiText ansi_;
     FakeRichTextEngine engine_;

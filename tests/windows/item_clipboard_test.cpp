@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-#include "fakes/history_desk.h"
+#include "fakes/history_fixture.h"
 #include "platform/win32/win_ansi_text.h"
 #include "platform/win32/win_bitmaps.h"
 #include "platform/win32/win_clipboard.h"
@@ -30,20 +30,20 @@ class WinItemClipboard : public testing::Test {
     }
 
     MessageWindow owner_;
-    HistoryDesk desk_;
-    CCHQueue& queue_ = desk_.Queue;
+    HistoryFixture fixture_;
+    CCHQueue& queue_ = fixture_.Queue;
     WinAnsiText ansi_;
     WinBitmaps pictures_;
     WinLocale locale_;
-    WinRichTextEngine engine_{desk_.Log};
+    WinRichTextEngine engine_{fixture_.Log};
     WinClipboardAccess access_{owner_.Get()};
-    ItemTexts texts_{ansi_, engine_, desk_.Log};
+    ItemTexts texts_{ansi_, engine_, fixture_.Log};
     ItemClipboard clipboard_{{.Queue = queue_,
                               .Access = access_,
                               .Bitmaps = pictures_,
                               .Texts = texts_,
                               .Locale = locale_,
-                              .Log = desk_.Log}};
+                              .Log = fixture_.Log}};
 };
 
 TEST_F(WinItemClipboard, FormattedTextGoesThereAsItIsOrPlain) {

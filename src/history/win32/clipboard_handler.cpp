@@ -45,10 +45,25 @@ CVBRWndClipboardHandler::CVBRWndClipboardHandler(Collaborators collaborators)
                 .Ansi = collaborators_.Ansi,
                 .Bitmaps = collaborators_.Bitmaps,
                 .Log = collaborators_.Log}),
+      saver_({.Queue = queue_,
+              .Worker = worker_,
+              .IsOn = collaborators_.Settings.SaveClipboardHistory,
+              .TellSaved =
+                  [this](const CCHItem& item) {
+                      return SendFromWorker(reportTo_, saved_, &item) == kTaken;
+                  },
+              .AskForSave =
+                  [this] {
+                      if (const HWND window = reportTo_) {
+                          PostMessageW(window, WM_SAVE_HISTORY, 0, 0);
+                      }
+                  }}),
       worker_(folder_, OpenSaveLoadGuard()) {}
 
 CVBRWndClipboardHandler::~CVBRWndClipboardHandler() {
     Destroy();
+    // What was changed while there was no window.
+    saver_.SaveRest();
 }
 
 bool CVBRWndClipboardHandler::Create(HWND parent, UINT controlId, bool captureOnCreate) {
@@ -115,15 +130,13 @@ LRESULT CVBRWndClipboardHandler::OnCreate(WPARAM, LPARAM) {
     if (captureOnCreate_) {
         Capture(0, HistoryChange::AtCreation);
     }
+    reportTo_ = Handle();
     return 0;
 }
 
 LRESULT CVBRWndClipboardHandler::OnDestroy(WPARAM, LPARAM) {
-    if (savePending_) {
-        // Even while a save is under way: nobody would ask again.
-        const std::lock_guard lock(saveMutex_);
-        StartSave();
-    }
+    reportTo_ = nullptr;
+    saver_.SaveRest();
     return 0;
 }
 
@@ -163,7 +176,7 @@ void CVBRWndClipboardHandler::Capture(WindowHandle owner, HistoryChange change) 
         return;
     }
     queue_.Add(std::move(item), collaborators_.Settings.ClipboardHistoryMax);
-    savePending_ = true;
+    saver_.NoteChange();
     Notify(kNoticeHistoryChanged, change);
     PostMessageW(Handle(), WM_SAVE_HISTORY, 0, 0);
 }
@@ -181,13 +194,14 @@ LRESULT CVBRWndClipboardHandler::OnDelayUnlock(WPARAM, LPARAM) {
 }
 
 void CVBRWndClipboardHandler::RequestSave() {
-    savePending_ = true;
-    saveStamp_ = collaborators_.Clock.TickCount();
-    SetTimer(Handle(), kTimerSave, kSaveDelayMs, nullptr);
+    saver_.RequestSave(collaborators_.Clock.TickCount());
+    if (IsKeeping()) {
+        SetTimer(Handle(), kTimerSave, kSaveTimerMs, nullptr);
+    }
 }
 
 LRESULT CVBRWndClipboardHandler::OnTimer(WPARAM id, LPARAM) {
-    if (id == kTimerSave && collaborators_.Clock.TickCount() - saveStamp_ > kSaveDelayMs) {
+    if (id == kTimerSave && saver_.IsDue(collaborators_.Clock.TickCount())) {
         KillTimer(Handle(), kTimerSave);
         PostMessageW(Handle(), WM_SAVE_HISTORY, 0, 0);
     }
@@ -195,58 +209,8 @@ LRESULT CVBRWndClipboardHandler::OnTimer(WPARAM id, LPARAM) {
 }
 
 LRESULT CVBRWndClipboardHandler::OnSaveHistory(WPARAM, LPARAM) {
-    SaveNow();
+    saver_.Save();
     return 0;
-}
-
-void CVBRWndClipboardHandler::SaveNow() {
-    const std::lock_guard lock(saveMutex_);
-    saveAgain_ = saving_;
-    if (!saving_) {
-        StartSave();
-    }
-}
-
-void CVBRWndClipboardHandler::StartSave() {
-    savePending_ = false;
-    TakeUnsent();
-    ItemList copies =
-        collaborators_.Settings.SaveClipboardHistory ? queue_.CopyUnsaved() : ItemList();
-    if (copies.empty()) {
-        return;
-    }
-    saving_ = true;
-    const auto unwritten = std::make_shared<std::size_t>(copies.size());
-    worker_.Save(
-        std::move(copies),
-        [this, unwritten, window = Handle()](const CCHItem& item) {
-            --*unwritten;
-            if (SendFromWorker(window, saved_, &item) != kTaken) {
-                const std::lock_guard lock(saveMutex_);
-                unsent_.push_back(item.Copy());
-            }
-        },
-        [this, unwritten, window = Handle()] { OnSaveEnded(window, *unwritten == 0); });
-}
-
-void CVBRWndClipboardHandler::OnSaveEnded(HWND window, bool complete) {
-    const std::lock_guard lock(saveMutex_);
-    saving_ = false;
-    if (!complete) {
-        // A full disk, say: the next save takes them along, at the latest the one at the end.
-        savePending_ = true;
-    }
-    if (saveAgain_) {
-        saveAgain_ = false;
-        PostMessageW(window, WM_SAVE_HISTORY, 0, 0);
-    }
-}
-
-void CVBRWndClipboardHandler::TakeUnsent() {
-    for (const auto& item : unsent_) {
-        queue_.NoteSaved(*item);
-    }
-    unsent_.clear();
 }
 
 void CVBRWndClipboardHandler::StartLoad() {

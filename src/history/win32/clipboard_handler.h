@@ -7,12 +7,12 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
-#include <mutex>
 
 #include "history/clipboard_capture.h"
 #include "history/history_folder.h"
 #include "history/history_messages.h"
 #include "history/history_queue.h"
+#include "history/history_saver.h"
 #include "history/history_worker.h"
 #include "history/win32/clipboard_spy_window.h"
 #include "platform/ansi_text.h"
@@ -109,14 +109,8 @@ class CVBRWndClipboardHandler : public WindowBase, private ClipboardObserver {
 
     bool InstallSpy();
     void Capture(WindowHandle owner, HistoryChange change);
-    // Unless a save is under way, which is followed by another then.
-    void SaveNow();
-    void StartSave();  // with the mutex held
-    void OnSaveEnded(HWND window, bool complete);
     void StartLoad();
     LRESULT SendFromWorker(HWND window, UINT message, const void* sent);
-    // Items that were saved while there was no window to tell. With the mutex held.
-    void TakeUnsent();
     void Notify(std::uint32_t code, HistoryChange change);
     const CCHItem* ItemAt(LPARAM address);
 
@@ -135,15 +129,12 @@ class CVBRWndClipboardHandler : public WindowBase, private ClipboardObserver {
     std::uint32_t lastError_ = 0;
     UINT controlId_ = 0;
     bool captureOnCreate_ = false;
-    std::atomic<bool> savePending_ = false;  // the end of the keeping must save
-    std::uint32_t saveStamp_ = 0;
     std::function<void(bool)> onSpyState_;
     // What a thread of ours is sending; no other address in such a message is believed.
     std::atomic<const void*> sentByWorker_ = nullptr;
-    std::recursive_mutex saveMutex_;  // guards these three; a save may run in the caller
-    ItemList unsent_;
-    bool saving_ = false;
-    bool saveAgain_ = false;
+    // The window that a save reports to; null while there is none.
+    std::atomic<HWND> reportTo_ = nullptr;
+    HistorySaver saver_;
     HistoryWorker worker_;
 };
 

@@ -1,0 +1,100 @@
+// SPDX-License-Identifier: MIT
+#include "history/history_saver.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace vbr {
+namespace {
+
+constexpr std::uint32_t kSaveDelayMs = 1000;
+
+}  // namespace
+
+void HistorySaver::NoteChange() {
+    const std::lock_guard lock(mutex_);
+    pending_ = true;
+}
+
+void HistorySaver::RequestSave(std::uint32_t tick) {
+    NoteChange();
+    requestTick_ = tick;
+}
+
+bool HistorySaver::IsDue(std::uint32_t tick) const {
+    return tick - requestTick_ > kSaveDelayMs;
+}
+
+void HistorySaver::Save() {
+    {
+        const std::lock_guard lock(mutex_);
+        if (running_ > 0) {
+            again_ = pending_ = true;
+            return;
+        }
+    }
+    Begin();
+}
+
+void HistorySaver::SaveRest() {
+    {
+        const std::lock_guard lock(mutex_);
+        if (!pending_) {
+            return;
+        }
+    }
+    Begin();
+}
+
+void HistorySaver::Begin() {
+    ItemList written;
+    {
+        const std::lock_guard lock(mutex_);
+        pending_ = again_ = false;
+        ++running_;
+        written.swap(untold_);
+    }
+    for (const auto& item : written) {
+        collaborators_.Queue.NoteSaved(*item);
+    }
+    ItemList copies = collaborators_.IsOn ? collaborators_.Queue.CopyUnsaved() : ItemList();
+    if (copies.empty()) {
+        OnEnd(true);
+        return;
+    }
+    collaborators_.Worker.Save(
+        std::move(copies), {.IsWritten = [this](const CCHItem& item) { return IsWritten(item); },
+                            .OnSaved = [this](const CCHItem& item) { OnSaved(item); },
+                            .OnEnd = [this](bool complete) { OnEnd(complete); }});
+}
+
+bool HistorySaver::IsWritten(const CCHItem& item) {
+    const std::lock_guard lock(mutex_);
+    return std::any_of(untold_.begin(), untold_.end(), [&item](const auto& written) {
+        return written->key == item.key && written->revision == item.revision;
+    });
+}
+
+void HistorySaver::OnSaved(const CCHItem& item) {
+    if (!collaborators_.TellSaved(item)) {
+        const std::lock_guard lock(mutex_);
+        untold_.push_back(item.Copy());
+    }
+}
+
+void HistorySaver::OnEnd(bool complete) {
+    bool ask = false;
+    {
+        const std::lock_guard lock(mutex_);
+        --running_;
+        // A full disk, say: the next save takes the others along, at the latest the last one.
+        pending_ = pending_ || !complete;
+        ask = again_ && running_ == 0;
+        again_ = again_ && !ask;
+    }
+    if (ask) {
+        collaborators_.AskForSave();
+    }
+}
+
+}  // namespace vbr
