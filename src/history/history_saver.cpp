@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "history/history_saver.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace vbr {
@@ -47,14 +46,14 @@ void HistorySaver::SaveRest() {
 }
 
 void HistorySaver::Begin() {
-    ItemList written;
+    ItemList untold;
     {
         const std::lock_guard lock(mutex_);
         pending_ = again_ = false;
         ++running_;
-        written.swap(untold_);
+        untold.swap(untold_);
     }
-    for (const auto& item : written) {
+    for (const auto& item : untold) {
         collaborators_.Queue.NoteSaved(*item);
     }
     ItemList copies = collaborators_.IsOn ? collaborators_.Queue.CopyUnsaved() : ItemList();
@@ -70,14 +69,14 @@ void HistorySaver::Begin() {
 
 bool HistorySaver::IsWritten(const CCHItem& item) {
     const std::lock_guard lock(mutex_);
-    return std::any_of(untold_.begin(), untold_.end(), [&item](const auto& written) {
-        return written->key == item.key && written->revision == item.revision;
-    });
+    return written_.contains({item.key, item.revision});
 }
 
 void HistorySaver::OnSaved(const CCHItem& item) {
-    if (!collaborators_.TellSaved(item)) {
-        const std::lock_guard lock(mutex_);
+    const bool taken = collaborators_.TellSaved(item);
+    const std::lock_guard lock(mutex_);
+    written_.emplace(item.key, item.revision);
+    if (!taken) {
         untold_.push_back(item.Copy());
     }
 }
@@ -86,11 +85,12 @@ void HistorySaver::OnEnd(bool complete) {
     bool ask = false;
     {
         const std::lock_guard lock(mutex_);
-        --running_;
+        if (--running_ == 0) {
+            written_.clear();
+        }
         // A full disk, say: the next save takes the others along, at the latest the last one.
         pending_ = pending_ || !complete;
-        ask = again_ && running_ == 0;
-        again_ = again_ && !ask;
+        ask = std::exchange(again_, false);
     }
     if (ask) {
         collaborators_.AskForSave();

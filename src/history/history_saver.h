@@ -4,6 +4,9 @@
 #include <cstdint>
 #include <functional>
 #include <mutex>
+#include <set>
+#include <string>
+#include <utility>
 
 #include "history/history_queue.h"
 #include "history/history_worker.h"
@@ -51,10 +54,12 @@ class HistorySaver {
     Collaborators collaborators_;
     std::uint32_t requestTick_ = 0;
     std::mutex mutex_;      // guards what follows
-    ItemList untold_;       // written, but nobody took it
     int running_ = 0;       // saves under way
     bool pending_ = false;  // something is unsaved
     bool again_ = false;    // another save was asked for meanwhile
+    ItemList untold_;       // written, but nobody took it
+    // What the saves under way have written, by key and revision: the later ones may hold it too.
+    std::set<std::pair<std::u16string, std::uint32_t>> written_;
 };
 
 }  // namespace vbr

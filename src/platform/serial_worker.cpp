@@ -43,11 +43,12 @@ void SerialWorker::Flush() {
 void SerialWorker::RunAll() {
     std::unique_lock lock(mutex_);
     while (!jobs_.empty()) {
-        std::function<void()> job = std::move(jobs_.front());
-        jobs_.pop_front();
-        lock.unlock();
-        job();
-        job = nullptr;  // what it holds may be large
+        {
+            const std::function<void()> job = std::move(jobs_.front());
+            jobs_.pop_front();
+            lock.unlock();
+            job();
+        }
         lock.lock();
     }
     busy_ = false;

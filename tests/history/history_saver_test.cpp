@@ -106,18 +106,43 @@ TEST_F(Saver, TheEndOfTheKeepingInTheMiddleOfASaveWritesEachItemOnce) {
     });
     hasWindow_ = false;
     saver_.SaveRest();
-    // Kept again before both are through.
-    hasWindow_ = true;
-    saver_.Save();
-    hasWindow_ = false;
     Finish();
-    EXPECT_EQ(asked_, 1);
+    EXPECT_EQ(FileNames().size(), 8U);  // the old text too, until its result is noted
     hasWindow_ = true;
     saver_.Save();
-    EXPECT_TRUE(IsAllNoted());
     Finish();
     EXPECT_EQ(Reloaded(), u"c B a");
     EXPECT_EQ(FileNames().size(), 6U);
+}
+
+TEST_F(Saver, KeepingAgainInTheMiddleOfASaveWritesEachItemOnce) {
+    Hold();
+    AddTexts(u"a");
+    saver_.Save();
+    saver_.NoteChange();
+    saver_.SaveRest();
+    AddTexts(u"b");
+    saver_.Save();
+    Finish();  // a new window takes what the old one asked for
+    EXPECT_EQ(FileNames().size(), 2U);
+    ASSERT_EQ(asked_, 1);
+    saver_.Save();
+    Finish();
+    EXPECT_EQ(Reloaded(), u"b a");
+    EXPECT_EQ(FileNames().size(), 4U);
+}
+
+TEST_F(Saver, HoweverSavesFallTogetherEachItemIsWrittenOnce) {
+    hasWindow_ = false;
+    for (int i = 0; i < 30; ++i) {
+        Add(TextItem(Concat(u"text ", i)));
+        saver_.NoteChange();
+        saver_.SaveRest();
+    }
+    Finish();
+    saver_.Save();
+    EXPECT_TRUE(IsAllNoted());
+    EXPECT_EQ(FileNames().size(), 60U);
 }
 
 TEST_F(Saver, AnAskedSaveThatNobodyBeganIsMadeUpForByTheLastOne) {
