@@ -4,6 +4,7 @@
 #   ./test.sh --ring 1|2|3          one ring: native, Windows calls, the program on a desktop
 #   ./test.sh --bench               the benchmarks, native and on Windows; one above its bound fails
 #   ./test.sh --fuzz [SECONDS]      the fuzz targets, each for that long (60)
+#   ./test.sh --thread              the native tests under the thread sanitizer
 #   ./test.sh ... --filter PATTERN  only tests whose names match, as GoogleTest's filter does
 set -euo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/scripts/common.sh"
@@ -17,6 +18,7 @@ while (($# > 0)); do
         fuzz=60
         [[ ! ${2:-} =~ ^[1-9][0-9]*$ ]] || { fuzz=$2 && shift; }
         ;;
+    --thread) only=thread ;;
     --filter) filter=${2:?} && shift ;;
     *) usage "$0" && exit 2 ;;
     esac
@@ -106,6 +108,12 @@ run_bench() {
     fi
 }
 
+thread_tests() {
+    local program=$root/build/thread/bin/vellumbridge_tests
+    need_program "$program"
+    run_tests thread "$(nproc)" timeout 600 "$program"
+}
+
 bench() {
     local program=$root/build/bench/bin/vellumbridge_bench
     need_program "$program"
@@ -164,6 +172,12 @@ if [[ -n $fuzz ]]; then
 fi
 
 run_stage "packages" "$root/scripts/install-packages.sh"
+if [[ $only == thread ]]; then
+    run_stage "thread build" build thread
+    run_stage "native tests under the thread sanitizer" thread_tests
+    passed=yes
+    exit 0
+fi
 if [[ -z $only ]]; then
     run_stage "format" check_format
 fi
