@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "history/history_saver.h"
 
+#include <atomic>
 #include <gtest/gtest.h>
+#include <thread>
 
 #include "fakes/held_event.h"
 #include "fakes/history_fixture.h"
@@ -22,6 +24,7 @@ class Saver : public testing::Test, protected HistoryFixture {
 
     bool hasWindow_ = true;  // that takes what was saved
     int asked_ = 0;
+    std::atomic<int> told_ = 0;
     bool isOn_ = true;
     HeldEvent guard_;
     HistorySaver saver_{{.Queue = Queue,
@@ -29,6 +32,7 @@ class Saver : public testing::Test, protected HistoryFixture {
                          .IsOn = isOn_,
                          .TellSaved =
                              [this](const CCHItem& item) {
+                                 ++told_;
                                  if (hasWindow_) {
                                      Queue.NoteSaved(item);
                                  }
@@ -136,6 +140,12 @@ TEST_F(Saver, HoweverSavesFallTogetherEachItemIsWrittenOnce) {
     hasWindow_ = false;
     for (int i = 0; i < 30; ++i) {
         Add(TextItem(Concat(u"text ", i)));
+        saver_.NoteChange();
+        saver_.SaveRest();
+        while (told_ <= i) {
+            std::this_thread::yield();
+        }
+        // Just now the worker is about to keep the result.
         saver_.NoteChange();
         saver_.SaveRest();
     }
