@@ -26,7 +26,8 @@ class Saver : public testing::Test, protected HistoryFixture {
     int asked_ = 0;
     std::atomic<int> told_ = 0;
     bool isOn_ = true;
-    HeldEvent guard_;
+    std::unique_ptr<HeldEvent> made_ = std::make_unique<HeldEvent>();
+    HeldEvent& guard_ = *made_;
     HistorySaver saver_{{.Queue = Queue,
                          .Worker = worker_,
                          .IsOn = isOn_,
@@ -39,7 +40,7 @@ class Saver : public testing::Test, protected HistoryFixture {
                                  return hasWindow_;
                              },
                          .AskForSave = [this] { ++asked_; }}};
-    HistoryWorker worker_{Folder, guard_.Handle()};
+    HistoryWorker worker_{Folder, std::move(made_)};
 };
 
 TEST_F(Saver, ASaveAskedForMeanwhileFollowsTheOneUnderWay) {

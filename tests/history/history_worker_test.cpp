@@ -20,12 +20,13 @@ class Worker : public testing::Test, protected HistoryFixture {
                        .OnEnd = [this](bool complete) { Tell(complete ? u"all" : u"not all"); }});
     }
     void Tell(std::u16string_view what) {
-        told_ += Concat(u" ", what, guard_.IsSet() ? u" (guard is set)" : u"");
+        told_ += Concat(u" ", what, guard_.IsSet ? u" (guard is set)" : u"");
     }
 
-    HeldEvent guard_;
+    std::unique_ptr<HeldEvent> made_ = std::make_unique<HeldEvent>();
+    HeldEvent& guard_ = *made_;  // as long as the worker
     std::u16string told_;
-    std::optional<HistoryWorker> worker_{std::in_place, Folder, guard_.Handle()};
+    std::optional<HistoryWorker> worker_{std::in_place, Folder, std::move(made_)};
 };
 
 TEST_F(Worker, JobsRunInOrderWhileTheGuardIsReset) {
@@ -35,7 +36,7 @@ TEST_F(Worker, JobsRunInOrderWhileTheGuardIsReset) {
     worker_->Load([this](CCHQueue& loaded) { Tell(Concat(u"loaded ", TextsOf(loaded))); });
     worker_->Flush();
     EXPECT_EQ(told_, u" a b all (guard is set) loaded b a");
-    EXPECT_TRUE(guard_.IsSet());
+    EXPECT_TRUE(guard_.IsSet);
 }
 
 TEST_F(Worker, AnEmptyFolderBringsNoQueue) {
@@ -48,7 +49,9 @@ TEST_F(Worker, AnotherHolderOfTheGuardDelaysASaveButNoLoad) {
     AddTexts(u"a");
     guard_.Reset();
     SaveAll();
-    guard_.WaitForWaiter();
+    while (!guard_.WasWaitedFor) {
+        std::this_thread::yield();
+    }
     EXPECT_EQ(Reloaded(), u"");
     guard_.Set();
     worker_->Flush();

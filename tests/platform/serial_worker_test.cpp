@@ -2,7 +2,6 @@
 #include "platform/serial_worker.h"
 
 #include <gtest/gtest.h>
-#include <memory>
 #include <pthread.h>
 #include <semaphore>
 #include <system_error>
@@ -106,14 +105,6 @@ TEST(SerialWorker, ItsEndTellsTheJobsThatWaitAndRunsAllThatAreLeft) {
         }
     }
     EXPECT_EQ(runs, 2);
-}
-
-TEST(SerialWorker, WhatAJobHoldsGoesWithIt) {
-    const auto held = std::make_shared<int>();
-    SerialWorker worker;
-    worker.Post([held] {});
-    worker.Flush();
-    EXPECT_EQ(held.use_count(), 1);
 }
 
 }  // namespace
