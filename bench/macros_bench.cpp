@@ -3,7 +3,7 @@
 #include <string>
 
 #include "base/text.h"
-#include "fakes/macro_desk.h"
+#include "fakes/macro_fixture.h"
 #include "ratio.h"
 
 namespace vbr::bench {
@@ -14,13 +14,13 @@ constexpr std::size_t kPhrases = 1000;
 
 // A text without a macro costs no more than finding that it has no percent sign.
 void TextWithoutMacro(benchmark::State& state) {
-    const MacroDesk desk;
+    const MacroFixture fixture;
     std::u16string text(1000, u'x');
     MeasureCpuRatio(
         state, 1.5,
         [&] {
             for (int i = 0; i < kRepeats; ++i) {
-                benchmark::DoNotOptimize(desk.Engine.ExpandMacros(text, {}).Replaced);
+                benchmark::DoNotOptimize(fixture.Engine.ExpandMacros(text, {}).Replaced);
             }
         },
         [&] {
@@ -34,7 +34,7 @@ BENCHMARK(TextWithoutMacro)->Iterations(Rounds(1001))->UseManualTime();
 
 // Captions and tips of a menu against copying the texts they are made from.
 void MenuTexts(benchmark::State& state, std::u16string_view text, double bound) {
-    const MacroDesk desk;
+    const MacroFixture fixture;
     const MacroInput input{u"a few selected words", u"a text from the clipboard", kEnglish};
     std::vector<VBRCommand> phrases(kPhrases);
     for (VBRCommand& phrase : phrases) {
@@ -45,7 +45,7 @@ void MenuTexts(benchmark::State& state, std::u16string_view text, double bound) 
         state, bound,
         [&] {
             for (const VBRCommand& phrase : phrases) {
-                benchmark::DoNotOptimize(desk.Previews.BuildMenuTexts(phrase, input));
+                benchmark::DoNotOptimize(fixture.Previews.BuildMenuTexts(phrase, input));
             }
         },
         [&] {

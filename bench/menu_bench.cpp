@@ -3,8 +3,8 @@
 #include <string>
 
 #include "base/text.h"
-#include "fakes/fake_menu_history.h"
-#include "fakes/macro_desk.h"
+#include "fakes/macro_fixture.h"
+#include "fakes/menu_history_fixture.h"
 #include "menu/extra_commands.h"
 #include "menu/history_region.h"
 #include "menu/phrase_region.h"
@@ -34,41 +34,46 @@ std::vector<VBRCommand> MakeTree(std::size_t phrases) {
     return tree;
 }
 
-FakeMenuHistory MakeHistory() {
-    FakeMenuHistory history;
-    for (int i = 0; i < kHistoryItems; ++i) {
-        history.Items.push_back({Concat(u"A clip with the number ", i, u"\r\nand a second line")});
+// Clips whose captions and tips are yet to be made.
+QueueHistory& FreshHistory() {
+    static MenuHistoryFixture clips;
+    for (int i = static_cast<int>(clips.Queue.GetCount()); i < kHistoryItems; ++i) {
+        clips.AddClip(Concat(u"A clip with the number ", i, u"\r\nand a second line"));
     }
-    return history;
+    for (std::size_t i = 0; i < clips.Queue.GetCount(); ++i) {
+        clips.History.MenuCaption(i).clear();
+        clips.History.MenuTip(i).clear();
+    }
+    return clips.History;
 }
 
 const MacroInput kInput{u"a few selected words", u"a text from the clipboard", kEnglish};
 
-void BuildMenu(const MacroDesk& desk, const std::vector<VBRCommand>& tree) {
-    FakeMenuHistory history = MakeHistory();
+void BuildMenu(const MacroFixture& fixture, const std::vector<VBRCommand>& tree) {
+    QueueHistory& history = FreshHistory();
     PhraseMenu menu;
-    AddPhraseRegion(tree, {.Input = kInput}, desk.Items, menu);
-    AddHistoryRegion(history, {}, desk.Texts, menu);
-    AddExtraCommands({true, true, true}, true, kInput.SelText, desk.Texts, menu);
+    AddPhraseRegion(tree, {.Input = kInput}, fixture.Items, menu);
+    AddHistoryRegion(history, {}, fixture.Texts, menu);
+    AddExtraCommands({true, true, true}, true, kInput.SelText, fixture.Texts, menu);
     benchmark::DoNotOptimize(menu.data());
 }
 
 // The whole menu against the captions and tips that stand in it.
 void MenuOfAThousandPhrases(benchmark::State& state) {
-    const MacroDesk desk;
+    const MacroFixture fixture;
     const std::vector<VBRCommand> tree = MakeTree(1000);
     MeasureCpuRatio(
-        state, 2, [&] { BuildMenu(desk, tree); },
+        state, 2, [&] { BuildMenu(fixture, tree); },
         [&] {
             for (const VBRCommand& group : tree) {
                 for (const VBRCommand& phrase : *group.Commands) {
-                    benchmark::DoNotOptimize(desk.Previews.BuildMenuTexts(phrase, kInput));
+                    benchmark::DoNotOptimize(fixture.Previews.BuildMenuTexts(phrase, kInput));
                 }
             }
-            FakeMenuHistory history = MakeHistory();
+            QueueHistory& history = FreshHistory();
             for (std::size_t i = 0; i < history.GetCount(); ++i) {
                 benchmark::DoNotOptimize(UncutHistoryCaption(history, i));
-                benchmark::DoNotOptimize(HistoryTip(history, i, desk.Texts));
+                benchmark::DoNotOptimize(HistoryTip(history, i, fixture.Texts));
             }
         });
 }
@@ -76,11 +81,11 @@ BENCHMARK(MenuOfAThousandPhrases)->Iterations(Rounds(501))->UseManualTime();
 
 // Ten times the phrases take at most twelve times as long.
 void MenuGrowsWithItsPhrases(benchmark::State& state) {
-    const MacroDesk desk;
+    const MacroFixture fixture;
     const std::vector<VBRCommand> few = MakeTree(1000);
     const std::vector<VBRCommand> many = MakeTree(10000);
     MeasureCpuRatio(
-        state, 12, [&] { BuildMenu(desk, many); }, [&] { BuildMenu(desk, few); });
+        state, 12, [&] { BuildMenu(fixture, many); }, [&] { BuildMenu(fixture, few); });
 }
 BENCHMARK(MenuGrowsWithItsPhrases)->Iterations(Rounds(101))->UseManualTime();
 

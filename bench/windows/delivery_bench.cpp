@@ -5,7 +5,6 @@
 #include <string>
 #include <vector>
 
-#include "fakes/fake_delivery_host.h"
 #include "fakes/fake_rich_text_engine.h"
 #include "fakes/memory_log.h"
 #include "macros/key_events.h"
@@ -52,30 +51,34 @@ class KeyTarget {
     HWND window_;
 };
 
-struct DeliveryParts {
-    explicit DeliveryParts(HWND owner) : Clipboard(owner) {}
+struct Delivery {
+    explicit Delivery(HWND owner) : Clipboard(owner) {}
 
-    Journal Calls;
     WinInputInjector Input;
     WinClipboardAccess Clipboard;
     FakeRichTextEngine RichText;
-    WinLocale Forms;
-    WinClock Time;
-    FakeDeliveryHost Host{Calls};
+    WinLocale Locale;
+    WinClock Clock;
     MemoryLog Log;
-    TextDelivery Text{
-        {Input, Clipboard, RichText, Forms, Time, Host, Log, [] { return PasteSettings{}; }}};
+    TextDelivery Text{{.Input = Input,
+                       .Clipboard = Clipboard,
+                       .RichText = RichText,
+                       .Locale = Locale,
+                       .Clock = Clock,
+                       .Log = Log,
+                       .Settings = [] { return PasteSettings{}; },
+                       .OnCopied = [] {}}};
 };
 
 // Typing a text, from the text to the queue, against the bare call with the same events ready.
 void Typing(benchmark::State& state) {
     const KeyTarget target;
-    DeliveryParts parts(target.Window());
+    Delivery delivery(target.Window());
     const std::u16string text(static_cast<std::size_t>(state.range(0)), u'x');
     std::vector<INPUT> ready(1);
     ready[0].type = INPUT_KEYBOARD;
     ready[0].ki = {VK_CONTROL, 0, KEYEVENTF_KEYUP, 0, 0};
-    for (const KeyEvent& event : PrintEvents(text, 0, parts.Input)) {
+    for (const KeyEvent& event : PrintEvents(text, 0, delivery.Input)) {
         INPUT input{};
         input.type = INPUT_KEYBOARD;
         input.ki = {event.Vk, event.Scan, event.Flags, event.Time, 0};
@@ -86,7 +89,7 @@ void Typing(benchmark::State& state) {
     MeasureRatio(
         state, 1.3,
         [&] {
-            parts.Text.PrintText(text, 0);
+            delivery.Text.PrintText(text, 0);
             typed += target.Drain();
             ++rounds;
         },
@@ -104,13 +107,13 @@ BENCHMARK(Typing)->Arg(10000)->Iterations(Rounds(5))->UseManualTime();
 // A whole paste against the waits that are part of it.
 void Pasting(benchmark::State& state) {
     const KeyTarget target;
-    DeliveryParts parts(target.Window());
+    Delivery delivery(target.Window());
     const std::u16string text(static_cast<std::size_t>(state.range(0)), u'x');
     bool pasted = true;
     MeasureRatio(
         state, 1.1,
         [&] {
-            pasted = parts.Text.PasteText(text, 0) && pasted;
+            pasted = delivery.Text.PasteText(text, 0) && pasted;
             target.Drain();
         },
         [] { Sleep(kToldWaitsMs); });

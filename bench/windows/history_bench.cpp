@@ -22,9 +22,9 @@ namespace vbr::bench {
 namespace {
 
 // The clipboard with a text of that many bytes in it, and the parts that read it.
-class CaptureDesk {
+class CaptureFixture {
   public:
-    explicit CaptureDesk(std::size_t bytes) : text_(bytes / sizeof(wchar_t), L'x') {
+    explicit CaptureFixture(std::size_t bytes) : text_(bytes / sizeof(wchar_t), L'x') {
         HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, (text_.size() + 1) * sizeof(wchar_t));
         std::memcpy(GlobalLock(memory), text_.c_str(), (text_.size() + 1) * sizeof(wchar_t));
         GlobalUnlock(memory);
@@ -33,9 +33,9 @@ class CaptureDesk {
         SetClipboardData(CF_UNICODETEXT, memory);
         CloseClipboard();
     }
-    ~CaptureDesk() { DestroyWindow(window_); }
-    CaptureDesk(const CaptureDesk&) = delete;
-    CaptureDesk& operator=(const CaptureDesk&) = delete;
+    ~CaptureFixture() { DestroyWindow(window_); }
+    CaptureFixture(const CaptureFixture&) = delete;
+    CaptureFixture& operator=(const CaptureFixture&) = delete;
 
     // What the main thread does about a clipboard change.
     void Capture() { queue_.Add(capture_.Capture(0), 1); }
@@ -79,9 +79,9 @@ class CaptureDesk {
 };
 
 void MeasureCapture(benchmark::State& state, std::size_t bytes) {
-    CaptureDesk desk(bytes);
+    CaptureFixture fixture(bytes);
     MeasureRatio(
-        state, 3, [&desk] { desk.Capture(); }, [&desk] { desk.CopyOut(); });
+        state, 3, [&fixture] { fixture.Capture(); }, [&fixture] { fixture.CopyOut(); });
 }
 
 // The main thread is held up little longer than a plain copy takes.

@@ -12,9 +12,11 @@
 #include "exchange/win32/win_desktops.h"
 #include "fakes/fake_clock.h"
 #include "fakes/memory_log.h"
+#include "platform/clipboard_text.h"
+#include "platform/my_copy.h"
 #include "platform/win32/handle.h"
 #include "platform/win32/wide.h"
-#include "platform/win32/win_clipboard.h"
+#include "platform/win32/win_ansi_text.h"
 #include "platform/win32/win_clipboard_access.h"
 #include "platform/win32/win_desktop_windows.h"
 #include "platform/win32/win_input_injector.h"
@@ -32,30 +34,40 @@ struct QuietLog : MemoryLog {
 };
 
 // From the press to the moment at which the menu would be built. The clock's waits take no time.
-struct Road {
-    QuietLog RoadLog;
+struct PressToMenu {
+    QuietLog Log;
     FakeClock Clock;
     WinNamedObjects Objects;
     WinDesktops Desktops;
     WinDesktopWindows Windows;
-    WinClipboard Clipboard;
+    WinAnsiText Ansi;
     WinInputInjector Input;
     WinClipboardAccess Access;
-    CClipboardSnapshot Snapshot{Access, RoadLog};
-    SelectedTextReader Selection{Clipboard, Input, Windows, Clock, [] {}};
-    LocalRoad Local{Windows, Selection};
+    CClipboardSnapshot Snapshot{Access, Log};
+    MyCopyGuard OwnCopy{Clock, Log};
+    SelectedTextReader Selection{{.Clipboard = Access,
+                                  .Ansi = Ansi,
+                                  .Input = Input,
+                                  .Windows = Windows,
+                                  .Clock = Clock,
+                                  .OwnCopy = OwnCopy}};
+    LocalRoute Local{Windows, Selection};
     HookModule Library;
-    CVBRDLLService Hooks{Library, Objects, Windows, Local, u"", RoadLog};
+    CVBRDLLService Hooks{{.Library = Library,
+                          .LibraryPath = u"",
+                          .Objects = Objects,
+                          .Windows = Windows,
+                          .Route = Local,
+                          .Log = Log}};
 
-    Road(HWND window, const std::u16string& library) : Access(window), Library(library) {
-        std::uint32_t code = 0;
-        Hooks.InstallDLLService({.TrayWindow = reinterpret_cast<WindowHandle>(window)}, code);
+    PressToMenu(HWND window, const std::u16string& library) : Access(window), Library(library) {
+        Hooks.InstallDLLService({.TrayWindow = reinterpret_cast<WindowHandle>(window)});
     }
-    ~Road() { Hooks.UninstallDLLService(); }
+    ~PressToMenu() { Hooks.UninstallDLLService(); }
 
     void OnHotkey() {
-        benchmark::DoNotOptimize(MayServeHotkey(Desktops, RoadLog));
-        std::u16string text = Clipboard.UnicodeText();
+        benchmark::DoNotOptimize(MayServeHotkey(Desktops, Log));
+        std::u16string text = ReadUnicodeText(Access);
         benchmark::DoNotOptimize(text);
         Selection.AllowCopy(Snapshot.Take());
         WPQuery query;
@@ -167,8 +179,8 @@ void HotkeyToMenu(benchmark::State& state) {
         CreateWindowExW(0, L"Static", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
     RegisterHotKey(window, kHotkey, MOD_CONTROL | MOD_ALT, VK_RETURN);
     const wchar_t* folder = _wgetenv(L"VELLUMBRIDGE_FOLDER");
-    Road road(window, Concat(std::u16string_view(FromWide(folder)), u"\\Vellumbridge.dll"));
-    if (!road.Hooks.IsInstalled()) {
+    PressToMenu route(window, Concat(std::u16string_view(FromWide(folder)), u"\\Vellumbridge.dll"));
+    if (!route.Hooks.IsInstalled()) {
         state.SkipWithError("the hook library is not there");
         return;
     }
@@ -176,7 +188,7 @@ void HotkeyToMenu(benchmark::State& state) {
         state, kBound,
         [&] {
             PressAndWait(window);
-            road.OnHotkey();
+            route.OnHotkey();
         },
         [&] {
             PressAndWait(window);

@@ -8,9 +8,9 @@
 #include <string>
 
 #include "base/text.h"
-#include "fakes/fake_menu_history.h"
-#include "fakes/guard_desk.h"
-#include "fakes/macro_desk.h"
+#include "fakes/guard_fixture.h"
+#include "fakes/macro_fixture.h"
+#include "fakes/menu_history_fixture.h"
 #include "fakes/native_profile_store.h"
 #include "fakes/phrase_tree.h"
 #include "menu/phrase_menu_handler.h"
@@ -124,17 +124,29 @@ class BareMenu : public WindowBase {
 };
 
 // The program's menu of that many phrases, over the real screen.
-class PhraseMenuDesk {
+class PhraseMenuFixture {
   public:
-    PhraseMenuDesk(HWND window, std::size_t count)
-        : presenter_({window, settings_, desk_.Texts, clock_, guard_.Sections, guard_.Log,
-                      [](RightMenuCode, std::uint32_t) { return false; }, [] {}, u""}),
-          handler_({phrases_.Tree, desk_.Items, history_, settings_, desk_.Texts, presenter_,
-                    clock_, guard_.Sections, guard_.Log,
-                    [](WindowHandle asked) {
+    PhraseMenuFixture(HWND window, std::size_t count)
+        : presenter_({.Foreground = window,
+                      .Settings = settings_,
+                      .Texts = macros_.Texts,
+                      .Clock = clock_,
+                      .Guard = guard_.Sections,
+                      .Log = guard_.Log,
+                      .OnRightCommand = [](RightMenuCode, const MenuSubject&) { return false; },
+                      .Editor = u""}),
+          handler_({.Tree = phrases_.Tree,
+                    .Items = macros_.Items,
+                    .History = clips_.History,
+                    .Settings = settings_,
+                    .Texts = macros_.Texts,
+                    .Presenter = presenter_,
+                    .Clock = clock_,
+                    .Guard = guard_.Sections,
+                    .Log = guard_.Log,
+                    .StateOf = [](WindowHandle asked) {
                         return WindowState{asked, false, {}};
-                    }},
-                   [](std::int32_t, WindowHandle) {}) {
+                    }}) {
         settings_.FontForMenu = SystemMenuFont();
         settings_.ExtMenuCommand = {};
         for (std::size_t i = 0; i < count; ++i) {
@@ -155,11 +167,11 @@ class PhraseMenuDesk {
 
   private:
     PhraseTree phrases_;
-    MacroDesk desk_;
-    FakeMenuHistory history_;
+    MacroFixture macros_;
+    MenuHistoryFixture clips_;
     NativeProfileStore profile_;
     CVBRSettings settings_{profile_, {}};
-    GuardDesk guard_;
+    GuardFixture guard_;
     WinClock clock_;
     PopupMenuPresenter presenter_;
     IDataNeededHander_MenuSelf handler_;
@@ -171,7 +183,7 @@ void MenuUntilItsFirstItem(benchmark::State& state) {
                                         0, 50, 50, nullptr, nullptr, nullptr, nullptr);
     SetForegroundWindow(window);
     const auto count = static_cast<std::size_t>(state.range(0));
-    PhraseMenuDesk ours(window, count);
+    PhraseMenuFixture ours(window, count);
     BareMenu bare(count);
     const FirstItemHook hook;
     MeasureRatioOfTimes(

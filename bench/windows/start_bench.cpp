@@ -44,9 +44,9 @@ bool TellsItsHotkey() {
 }
 
 // The program with its phrases, and what a start of it has to do.
-class StartDesk {
+class StartFixture {
   public:
-    StartDesk() {
+    StartFixture() {
         for (int i = 0; i < kPhrases; ++i) {
             const std::string folder = "Group " + std::to_string(i % kFolders);
             std::filesystem::create_directories(program_.Phrases() / folder);
@@ -113,19 +113,20 @@ class StartDesk {
 
 // From the start of the process until its hot key works.
 void StartUntilHotkey(benchmark::State& state) {
-    StartDesk desk;
+    StartFixture fixture;
     // What the system reads once is read by now.
-    desk.TimeAllowed();
-    desk.StartProgram();
+    fixture.TimeAllowed();
+    fixture.StartProgram();
     MeasureRatioOfTimes(
-        state, 1, [&desk] { return desk.StartProgram(); }, [&desk] { return desk.TimeAllowed(); });
-    if (desk.Failed()) {
+        state, 1, [&fixture] { return fixture.StartProgram(); },
+        [&fixture] { return fixture.TimeAllowed(); });
+    if (fixture.Failed()) {
         state.SkipWithError("a start went wrong");
         return;
     }
-    state.counters["median ms"] = Median(desk.ProgramTimes()) / 1e6;
-    state.counters["bare start ms"] = Median(desk.BareTimes()) / 1e6;
-    state.counters["reading ms"] = Median(desk.ReadTimes()) / 1e6;
+    state.counters["median ms"] = Median(fixture.ProgramTimes()) / 1e6;
+    state.counters["bare start ms"] = Median(fixture.BareTimes()) / 1e6;
+    state.counters["reading ms"] = Median(fixture.ReadTimes()) / 1e6;
 }
 BENCHMARK(StartUntilHotkey)->Iterations(Rounds(15))->UseManualTime()->Unit(benchmark::kMillisecond);
 

@@ -53,10 +53,10 @@ std::int64_t ParseDecimal(std::string_view text);
 std::int64_t ParseDecimal(std::u16string_view text);
 
 namespace detail {
-inline std::size_t Room(std::u16string_view piece) {
+inline std::size_t SpaceFor(std::u16string_view piece) {
     return piece.size();
 }
-inline std::size_t Room(std::integral auto) {
+inline std::size_t SpaceFor(std::integral auto) {
     return 20;  // digits and sign of any 64-bit number
 }
 inline void Append(std::u16string& out, std::u16string_view piece) {
@@ -71,7 +71,7 @@ inline void Append(std::u16string& out, std::integral auto number) {
 template <typename... Pieces>
 std::u16string Concat(const Pieces&... pieces) {
     std::u16string out;
-    out.reserve((detail::Room(pieces) + ...));
+    out.reserve((detail::SpaceFor(pieces) + ...));
     (detail::Append(out, pieces), ...);
     return out;
 }

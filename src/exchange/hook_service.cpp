@@ -40,7 +40,7 @@ WPInstallParams MakeParams(const HookServiceStart& start) {
     params.LogPath = start.LogPath.empty() ? nullptr : start.LogPath.c_str();
     params.LogAtom = start.LogAtom;
     params.AllowWaitAnswer = start.AllowWaitAnswer ? 1 : 0;
-    params.Road = start.Road;
+    params.Route = start.Route;
     return params;
 }
 
@@ -50,77 +50,74 @@ std::u16string DescribeHookError(std::uint32_t code) {
     return Concat(HookErrorText(code), u"\nError code: ", code);
 }
 
-bool CVBRDLLService::InstallDLLService(const HookServiceStart& start, std::uint32_t& errorCode) {
+std::optional<std::uint32_t> CVBRDLLService::InstallDLLService(const HookServiceStart& start) {
     if (installed_) {
-        errorCode = kHookAlreadyInstalled;
-        log_.LogError(u"InstallDLLService_IML_32::DLL service already installed");
-        return false;
+        with_.Log.LogError(u"InstallDLLService_IML_32::DLL service already installed");
+        return kHookAlreadyInstalled;
     }
-    if (!library_.Load()) {
-        errorCode = kHookNotLoaded;
-        log_.LogError(Concat(u"Cannot load DLL by ", libraryPath_));
-        return false;
+    if (!with_.Library.Load()) {
+        with_.Log.LogError(Concat(u"Cannot load DLL by ", with_.LibraryPath));
+        return kHookNotLoaded;
     }
-    installed_ = RunInstall(start, errorCode);
-    if (!installed_) {
+    const std::optional<std::uint32_t> failure = RunInstall(start);
+    installed_ = !failure;
+    if (failure) {
         serviceEvent_.reset();
-        library_.Unload();
+        with_.Library.Unload();
     }
-    return installed_;
+    return failure;
 }
 
-bool CVBRDLLService::RunInstall(const HookServiceStart& start, std::uint32_t& errorCode) {
-    serviceEvent_ = objects_.Create(u"", EventReset::Manual, ObjectAccess::Default);
+std::optional<std::uint32_t> CVBRDLLService::RunInstall(const HookServiceStart& start) {
+    serviceEvent_ = with_.Objects.Create(u"", EventReset::Manual, ObjectAccess::Default);
     if (!serviceEvent_) {
-        errorCode = kHookNoServiceEvent;
-        log_.LogError(u"Cannot create service event");
-        return false;
+        with_.Log.LogError(u"Cannot create service event");
+        return kHookNoServiceEvent;
     }
     WPInstallParams params = MakeParams(start);
-    const std::optional<bool> result = library_.Install(params);
+    const std::optional<bool> result = with_.Library.Install(params);
     if (!result) {
-        errorCode = kHookNoInstallExport;
-        log_.LogError(u"WP_Install not found");
-        return false;
+        with_.Log.LogError(u"WP_Install not found");
+        return kHookNoInstallExport;
     }
-    errorCode = params.ErrorCode;
-    return *result;
+    return *result ? std::nullopt : std::optional(params.ErrorCode);
 }
 
 bool CVBRDLLService::UninstallDLLService() {
-    if (!installed_ || !library_.Uninstall().value_or(false)) {
+    if (!installed_ || !with_.Library.Uninstall().value_or(false)) {
         return false;
     }
-    library_.BroadcastNull();
+    with_.Library.BroadcastNull();
     installed_ = false;
     serviceEvent_->Set();
     serviceEvent_.reset();
-    library_.Unload();
+    with_.Library.Unload();
     return true;
 }
 
 QueryStart CVBRDLLService::SendMessageToTargetWindow(std::uintptr_t wParam, WPQuery& query) {
     const WindowHandle target = GetTargetWindow();
     if (!target) {
-        log_.LogError(
+        with_.Log.LogError(
             u"Cannot sendmessage to target window CVBRDLLService::SendMessageToTargetWindow");
         return QueryStart::Failed;
     }
-    if (log_.IsLogOn()) {
+    if (with_.Log.IsLogOn()) {
         LogTarget(target);
     }
-    return road_.Start(target, wParam, query);
+    return with_.Route.Start(target, wParam, query);
 }
 
 void CVBRDLLService::LogTarget(WindowHandle target) {
-    lastPid_ = windows_.ThreadOf(target).Process;
-    const std::u16string program = windows_.ProgramPath(lastPid_);
-    const std::optional<std::uint32_t> type = windows_.BinaryType(program);
+    lastPid_ = with_.Windows.ThreadOf(target).Process;
+    const std::u16string program = with_.Windows.ProgramPath(lastPid_);
+    const std::optional<std::uint32_t> type = with_.Windows.BinaryType(program);
     const bool is64Bit = (type.value_or(0) & kBinary64Bit) == kBinary64Bit;
-    log_.Write(Concat(u"SendMessageToTargetWindow: HWND =", target, u" IsWindow(hwnd)=",
-                      int{windows_.IsWindow(target)}, u" classname=[", windows_.ClassName(target),
-                      u"] PID=", lastPid_, u" exe=[", program, u"] GetBinaryType=[",
-                      int{type.has_value()}, u"], dwType b64=[", int{is64Bit}, u"], b32=[1]"));
+    with_.Log.Write(Concat(u"SendMessageToTargetWindow: HWND =", target, u" IsWindow(hwnd)=",
+                           int{with_.Windows.IsWindow(target)}, u" classname=[",
+                           with_.Windows.ClassName(target), u"] PID=", lastPid_, u" exe=[", program,
+                           u"] GetBinaryType=[", int{type.has_value()}, u"], dwType b64=[",
+                           int{is64Bit}, u"], b32=[1]"));
 }
 
 }  // namespace vbr

@@ -3,11 +3,12 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "exchange/hook_library.h"
 #include "exchange/query.h"
-#include "exchange/query_road.h"
+#include "exchange/query_route.h"
 #include "platform/desktop_windows.h"
 #include "platform/log.h"
 #include "platform/named_objects.h"
@@ -21,7 +22,7 @@ struct HookServiceStart {
     std::u16string LogPath;  // empty while the log is off
     std::uint16_t LogAtom = 0;
     bool AllowWaitAnswer = false;
-    QueryRoadChoice Road = QueryRoadChoice::OfSystem;
+    QueryRouteChoice Route = QueryRouteChoice::OfSystem;
 };
 
 // The text for a code of WPInstallParams, with a line that names the code.
@@ -30,43 +31,42 @@ std::u16string DescribeHookError(std::uint32_t code);
 // Holds the hook library, asks it for the target, and starts queries. Belongs to the main thread.
 class CVBRDLLService {
   public:
-    CVBRDLLService(HookLibrary& library, NamedObjects& objects, DesktopWindows& windows,
-                   QueryRoad& road, std::u16string libraryPath, Log& log)
-        : library_(library),
-          objects_(objects),
-          windows_(windows),
-          road_(road),
-          libraryPath_(std::move(libraryPath)),
-          log_(log) {}
+    struct Collaborators {
+        HookLibrary& Library;
+        std::u16string LibraryPath;
+        NamedObjects& Objects;
+        DesktopWindows& Windows;
+        QueryRoute& Route;
+        vbr::Log& Log;
+    };
 
-    // Loads and installs the library. On a failure `errorCode` says why, as the library or this
+    explicit CVBRDLLService(Collaborators with) : with_(std::move(with)) {}
+
+    // Loads and installs the library. On a failure the code says why, as the library or this
     // service numbers it.
-    bool InstallDLLService(const HookServiceStart& start, std::uint32_t& errorCode);
+    std::optional<std::uint32_t> InstallDLLService(const HookServiceStart& start);
 
     // False when nothing is installed or the library refuses; it then stays loaded.
     bool UninstallDLLService();
 
     bool IsInstalled() const { return installed_; }
-    const std::u16string& LibraryPath() const { return libraryPath_; }
+    const std::u16string& LibraryPath() const { return with_.LibraryPath; }
 
-    WindowHandle GetTargetWindow() { return installed_ ? library_.GetTargetWindow() : 0; }
+    WindowHandle GetTargetWindow() { return installed_ ? with_.Library.GetTargetWindow() : 0; }
     // The window to give the focus back to after one of this program's had it; 0 for none.
-    WindowHandle GetTargetWindowOther() { return installed_ ? library_.GetTargetWindowOther() : 0; }
+    WindowHandle GetTargetWindowOther() {
+        return installed_ ? with_.Library.GetTargetWindowOther() : 0;
+    }
 
     // Starts a query about the target in front; `wParam` tells the hook library its cause. Local
     // means that `query` is filled.
     QueryStart SendMessageToTargetWindow(std::uintptr_t wParam, WPQuery& query);
 
   private:
-    bool RunInstall(const HookServiceStart& start, std::uint32_t& errorCode);
+    std::optional<std::uint32_t> RunInstall(const HookServiceStart& start);
     void LogTarget(WindowHandle target);
 
-    HookLibrary& library_;
-    NamedObjects& objects_;
-    DesktopWindows& windows_;
-    QueryRoad& road_;
-    std::u16string libraryPath_;
-    Log& log_;
+    Collaborators with_;
     std::unique_ptr<NamedEvent> serviceEvent_;
     bool installed_ = false;
     std::uint32_t lastPid_ = 0;  // of the last target logged

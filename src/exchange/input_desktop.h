@@ -5,8 +5,8 @@
 #include <memory>
 #include <string>
 
-#include "platform/file_store.h"
 #include "platform/log.h"
+#include "platform/system_error.h"
 
 namespace vbr {
 

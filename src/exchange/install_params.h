@@ -6,7 +6,7 @@
 namespace vbr {
 
 // Who describes the target: the program itself, or the hook library from within the target.
-enum class QueryRoadChoice : std::uint32_t {
+enum class QueryRouteChoice : std::uint32_t {
     OfSystem = 0,  // the program on 64-bit Windows, the library on 32-bit Windows
     Local = 1,
     Posted = 2,
@@ -27,7 +27,7 @@ struct WPInstallParams {
     std::uint32_t Reserved2 = 0;
     std::uint16_t LogAtom = 0;  // global atom of the log's path, 0 while the log is off
     std::uint32_t AllowWaitAnswer = 0;
-    QueryRoadChoice Road = QueryRoadChoice::OfSystem;
+    QueryRouteChoice Route = QueryRouteChoice::OfSystem;
 };
 #pragma pack(pop)
 

@@ -38,10 +38,10 @@ char32_t TakeCharacter(std::u16string_view text, std::size_t& at) {
     return none ? kReplacement : unit;
 }
 
-// Fills the room from its start, one byte of it kept for the zero.
+// Fills the buffer from its start, one byte of it kept for the zero.
 class Page {
   public:
-    Page(char* room, std::size_t size) : room_(room), size_(size) {}
+    Page(char* buffer, std::size_t size) : buffer_(buffer), size_(size) {}
 
     std::size_t Length() const { return length_; }
     bool IsWhole() const { return whole_; }
@@ -51,12 +51,12 @@ class Page {
         whole_ = true;
     }
 
-    void End() { room_[length_] = '\0'; }
+    void End() { buffer_[length_] = '\0'; }
 
     void Put(char byte) {
         whole_ = whole_ && length_ + 1 < size_;
         if (whole_) {
-            room_[length_++] = byte;
+            buffer_[length_++] = byte;
         }
     }
 
@@ -176,7 +176,7 @@ class Page {
 
     void PutTail(char32_t bits) { Put(static_cast<char>(0x80 | (bits & 0x3F))); }
 
-    char* room_;
+    char* buffer_;
     std::size_t size_;
     std::size_t length_ = 0;
     bool whole_ = true;
@@ -198,9 +198,9 @@ void PutSelection(Page& page, std::int32_t state, std::u16string_view text) {
 
 }  // namespace
 
-bool WriteQueryDocument(const QueryFacts& facts, char* room, std::size_t size) {
+bool WriteQueryDocument(const QueryFacts& facts, char* buffer, std::size_t size) {
     const GuiThreadWindows& thread = facts.GuiThreadInfo;
-    Page page(room, size);
+    Page page(buffer, size);
     page.Put("<WPQuery");
     page.PutAttribute("HWND_Active", Number(thread.Active));
     page.PutAttribute("HWND_Capture", Number(thread.Capture));

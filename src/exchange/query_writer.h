@@ -25,9 +25,9 @@ struct QueryFacts {
     std::int32_t StateSelText = kSelTextNone;
 };
 
-// Writes the WPQuery document, UTF-8 with a zero at its end, to `room`. A selection that does not
+// Writes the WPQuery document, UTF-8 with a zero at its end, to `buffer`. A selection that does not
 // fit is not cut but told as kSelTextFailed. False when the rest does not fit either. Needs no
 // runtime and allocates nothing, since it runs in other programs.
-bool WriteQueryDocument(const QueryFacts& facts, char* room, std::size_t size);
+bool WriteQueryDocument(const QueryFacts& facts, char* buffer, std::size_t size);
 
 }  // namespace vbr

@@ -3,6 +3,8 @@
 
 #include <array>
 
+#include "platform/clipboard_text.h"
+
 namespace vbr {
 namespace {
 
@@ -21,13 +23,15 @@ std::u16string SelectedTextReader::ExtractSelectedText(WindowHandle target) {
     if (!mayCopy_) {
         return {};
     }
-    blockHistory_();
-    clipboard_.Empty();
-    input_.Send(kCopyKeys);
+    with_.OwnCopy.AsynBlockClipboardHandler();
+    if (const auto clipboard = with_.Clipboard.Open(0)) {
+        clipboard->Empty();
+    }
+    with_.Input.Send(kCopyKeys);
     // Some windows answer only the key, others only the message.
-    windows_.SendCopy(target);
-    clock_.Sleep(kCopyWaitMs);
-    return clipboard_.Text();
+    with_.Windows.SendCopy(target);
+    with_.Clock.Sleep(kCopyWaitMs);
+    return ReadAnyText(with_.Clipboard, with_.Ansi);
 }
 
 }  // namespace vbr

@@ -53,13 +53,13 @@ void SessionWatch::OnWmWTSSessionChange(std::uint32_t reason, std::uint32_t sess
         spyOffBySession_ = true;
         const bool stopped = actions_.StopSpy();
         log_.Write(Concat(u"OnWmWTSSessionChange: Clipboard Spy is uninstalled=", int{stopped}));
-        actions_.UpdateIcon();
+        actions_.OnSpyChanged();
     } else if (direction > 0 && spyOffBySession_) {
         const bool started = actions_.StartSpy();
         log_.Write(Concat(u"OnWmWTSSessionChange: Clipboard Spy is installed=", int{started}));
-        actions_.UpdateIcon();
+        actions_.OnSpyChanged();
     }
-    actions_.AnnounceSessionEvent(reason);
+    actions_.Announce(reason);
 }
 
 }  // namespace vbr

@@ -59,6 +59,8 @@ class QueryWaiter {
     // until Stop has returned.
     virtual bool Start(NamedEvent& dataNeeded, NamedEvent& dataCompleted) = 0;
     virtual void Stop() = 0;
+    // A query has come and is not yet handed over.
+    virtual bool IsBusy() const = 0;
 };
 
 // Waits for the queries that the hook library lays into the interchange area, and hands them on.

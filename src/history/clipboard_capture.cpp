@@ -30,28 +30,26 @@ std::uint32_t NumberIn(const std::vector<std::byte>& bytes) {
 
 }  // namespace
 
-ClipboardCapture::ClipboardCapture(Collaborators collaborators)
-    : collaborators_(std::move(collaborators)),
-      rtf_(collaborators_.Access.RegisterFormat(kRichTextFormat)),
-      html_(collaborators_.Access.RegisterFormat(kHtmlFormat)),
-      kelpNotes_(collaborators_.Access.RegisterFormat(kKelpNotesFormat)),
+ClipboardCapture::ClipboardCapture(Collaborators with)
+    : with_(std::move(with)),
+      rtf_(with_.Access.RegisterFormat(kRichTextFormat)),
+      html_(with_.Access.RegisterFormat(kHtmlFormat)),
+      kelpNotes_(with_.Access.RegisterFormat(kKelpNotesFormat)),
       ignoredWith_{
-          collaborators_.Access.RegisterFormat(kNotForMonitorsFormat),
-          collaborators_.Access.RegisterFormat(kNotForViewersFormat),
+          with_.Access.RegisterFormat(kNotForMonitorsFormat),
+          with_.Access.RegisterFormat(kNotForViewersFormat),
       },
-      mayBeKept_(collaborators_.Access.RegisterFormat(kMayBeKeptFormat)) {}
+      mayBeKept_(with_.Access.RegisterFormat(kMayBeKeptFormat)) {}
 
 std::unique_ptr<CCHItem> ClipboardCapture::Capture(WindowHandle owner) {
-    Log& log = collaborators_.Log;
-    if (collaborators_.MyCopy.IsMyCopy()) {
+    Log& log = with_.Log;
+    if (with_.MyCopy.IsMyCopy()) {
         log.Write(u"My copy process detected");
         return nullptr;
     }
-    auto item =
-        std::make_unique<CCHItem>(CHF_UNICODE_TEXT, owner, collaborators_.Clock.LocalTime());
+    auto item = std::make_unique<CCHItem>(CHF_UNICODE_TEXT, owner, with_.Clock.LocalTime());
     {
-        const std::unique_ptr<ClipboardSession> clipboard =
-            collaborators_.Access.Open(kOpenPatienceMs);
+        const std::unique_ptr<ClipboardSession> clipboard = with_.Access.Open(kOpenPatienceMs);
         if (!clipboard) {
             log.LogError(u"Clipboard not captured: another program holds it");
             return nullptr;
@@ -71,12 +69,12 @@ std::unique_ptr<CCHItem> ClipboardCapture::Capture(WindowHandle owner) {
         }
         ReadAlternatives(*clipboard, *item);
     }
-    ReadOwnerInfo(*item, collaborators_.Windows, log);
+    ReadOwnerInfo(*item, with_.Windows, log);
     return item;
 }
 
 bool ClipboardCapture::IsSecret(const ClipboardSession& clipboard) const {
-    const ClipboardAccess& access = collaborators_.Access;
+    const ClipboardAccess& access = with_.Access;
     if (std::any_of(ignoredWith_.begin(), ignoredWith_.end(),
                     [&](std::uint32_t format) { return access.IsFormatAvailable(format); })) {
         return true;
@@ -89,7 +87,7 @@ bool ClipboardCapture::IsSecret(const ClipboardSession& clipboard) const {
 }
 
 bool ClipboardCapture::ReadPrimary(const ClipboardSession& clipboard, CCHItem& item) const {
-    const ClipboardAccess& access = collaborators_.Access;
+    const ClipboardAccess& access = with_.Access;
     const auto take = [&item](ItemFormat format, std::optional<ItemBytes> bytes) {
         if (bytes) {
             item.format = format;
@@ -103,7 +101,7 @@ bool ClipboardCapture::ReadPrimary(const ClipboardSession& clipboard, CCHItem& i
     if (access.IsFormatAvailable(kClipBitmap)) {
         const auto block = clipboard.Read(kClipBitmap);
         item.format = CHF_BITMAP;
-        item.SetPicture(block ? collaborators_.Bitmaps.FromObject(block->Object) : nullptr);
+        item.SetPicture(block ? with_.Bitmaps.FromObject(block->Object) : nullptr);
         TakeSourceUrl(item, {});
         return item.Picture() != nullptr;
     }
@@ -121,9 +119,9 @@ bool ClipboardCapture::ReadPrimary(const ClipboardSession& clipboard, CCHItem& i
 bool ClipboardCapture::ReadAnsi(const ClipboardSession& clipboard, CCHItem& item) const {
     const std::optional<ItemBytes> bytes = ReadText(clipboard, kClipText);
     const std::u16string text =
-        bytes ? collaborators_.Ansi.FromAnsi(
-                    {reinterpret_cast<const char*>(bytes->data()), bytes->size() - 1})
-              : std::u16string();
+        bytes
+            ? with_.Ansi.FromAnsi({reinterpret_cast<const char*>(bytes->data()), bytes->size() - 1})
+            : std::u16string();
     if (text.empty()) {
         return false;
     }
@@ -155,12 +153,12 @@ void ClipboardCapture::ReadAlternatives(const ClipboardSession& clipboard, CCHIt
 
 std::optional<ItemBytes> ClipboardCapture::ReadBytes(const ClipboardSession& clipboard,
                                                      std::uint32_t format) const {
-    if (!collaborators_.Access.IsFormatAvailable(format)) {
+    if (!with_.Access.IsFormatAvailable(format)) {
         return std::nullopt;
     }
     auto block = clipboard.Read(format);
     if (!block || block->Bytes.empty()) {
-        collaborators_.Log.LogError(Concat(u"Clipboard format ", format, u" gives no data"));
+        with_.Log.LogError(Concat(u"Clipboard format ", format, u" gives no data"));
         return std::nullopt;
     }
     return std::move(block->Bytes);
@@ -193,15 +191,15 @@ void ClipboardCapture::TakeSourceUrl(CCHItem& item, std::u16string_view text) co
 bool ClipboardCapture::IsKept(ItemFormat format) const {
     switch (format) {
         case CHF_RTF:
-            return collaborators_.Kept[1];
+            return with_.Kept[1];
         case CHF_BITMAP:
-            return collaborators_.Kept[2];
+            return with_.Kept[2];
         case CHF_KELPNOTES:
-            return collaborators_.Kept[3];
+            return with_.Kept[3];
         case CHF_HTML:
-            return collaborators_.Kept[4];
+            return with_.Kept[4];
         default:
-            return collaborators_.Kept[0];
+            return with_.Kept[0];
     }
 }
 

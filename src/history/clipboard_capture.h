@@ -33,7 +33,7 @@ class ClipboardCapture {
         vbr::Log& Log;
     };
 
-    explicit ClipboardCapture(Collaborators collaborators);
+    explicit ClipboardCapture(Collaborators with);
 
     // Null, with a line in the log, when the change is not to be kept: it is the program's own, it
     // asks not to be seen, it can't be read, or its kind is off.
@@ -51,7 +51,7 @@ class ClipboardCapture {
     void TakeSourceUrl(CCHItem& item, std::u16string_view text) const;
     bool IsKept(ItemFormat format) const;
 
-    Collaborators collaborators_;
+    Collaborators with_;
     std::uint32_t rtf_;
     std::uint32_t html_;
     std::uint32_t kelpNotes_;

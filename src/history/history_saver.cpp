@@ -54,17 +54,17 @@ void HistorySaver::Begin() {
         untold.swap(untold_);
     }
     for (const auto& item : untold) {
-        collaborators_.Queue.NoteSaved(*item);
+        with_.Queue.NoteSaved(*item);
     }
-    ItemList copies = collaborators_.IsOn ? collaborators_.Queue.CopyUnsaved() : ItemList();
+    ItemList copies = with_.IsOn ? with_.Queue.CopyUnsaved() : ItemList();
     if (copies.empty()) {
         OnEnd(true);
         return;
     }
-    collaborators_.Worker.Save(
-        std::move(copies), {.IsWritten = [this](const CCHItem& item) { return IsWritten(item); },
-                            .OnSaved = [this](const CCHItem& item) { OnSaved(item); },
-                            .OnEnd = [this](bool complete) { OnEnd(complete); }});
+    with_.Worker.Save(std::move(copies),
+                      {.IsWritten = [this](const CCHItem& item) { return IsWritten(item); },
+                       .OnSaved = [this](const CCHItem& item) { OnSaved(item); },
+                       .OnEnd = [this](bool complete) { OnEnd(complete); }});
 }
 
 bool HistorySaver::IsWritten(const CCHItem& item) {
@@ -73,7 +73,7 @@ bool HistorySaver::IsWritten(const CCHItem& item) {
 }
 
 void HistorySaver::OnSaved(const CCHItem& item) {
-    const bool taken = collaborators_.TellSaved(item);
+    const bool taken = with_.TellSaved(item);
     const std::lock_guard lock(mutex_);
     written_.emplace(item.key, item.revision);
     if (!taken) {
@@ -93,7 +93,7 @@ void HistorySaver::OnEnd(bool complete) {
         ask = std::exchange(again_, false);
     }
     if (ask) {
-        collaborators_.AskForSave();
+        with_.AskForSave();
     }
 }
 

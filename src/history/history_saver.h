@@ -27,7 +27,7 @@ class HistorySaver {
         std::function<void()> AskForSave;
     };
 
-    explicit HistorySaver(Collaborators collaborators) : collaborators_(std::move(collaborators)) {}
+    explicit HistorySaver(Collaborators with) : with_(std::move(with)) {}
     HistorySaver(const HistorySaver&) = delete;
     HistorySaver& operator=(const HistorySaver&) = delete;
 
@@ -51,7 +51,7 @@ class HistorySaver {
     void OnSaved(const CCHItem& item);
     void OnEnd(bool complete);
 
-    Collaborators collaborators_;
+    Collaborators with_;
     std::uint32_t requestTick_ = 0;
     std::mutex mutex_;      // guards what follows
     int running_ = 0;       // saves under way

@@ -18,18 +18,18 @@ ItemBytes TextOrNothing(std::basic_string_view<Unit> text) {
 }  // namespace
 
 bool ItemClipboard::PutOnClipboard(std::size_t index) {
-    const CCHItem* const item = collaborators_.Queue.GetItem(index);
+    const CCHItem* const item = with_.Queue.GetItem(index);
     return item && PutItem(*item);
 }
 
 bool ItemClipboard::PutItemOnClipboard(std::uint32_t id) {
-    const CCHItem* const item = collaborators_.Queue.FindById(id);
+    const CCHItem* const item = with_.Queue.FindById(id);
     return item && PutItem(*item);
 }
 
 bool ItemClipboard::PutOnClipboardAsPlainText(std::size_t index) {
-    const CCHItem* const item = collaborators_.Queue.GetItem(index);
-    return item && SetClipboardText(collaborators_.Texts.PlainText(*item));
+    const CCHItem* const item = with_.Queue.GetItem(index);
+    return item && SetClipboardText(with_.Texts.PlainText(*item));
 }
 
 bool ItemClipboard::PutItem(const CCHItem& item) {
@@ -51,16 +51,16 @@ bool ItemClipboard::PutItem(const CCHItem& item) {
 }
 
 bool ItemClipboard::SetClipboardBlock(ClipboardBlock block) {
-    const auto clipboard = collaborators_.Access.Open(kNoPatience);
+    const auto clipboard = with_.Access.Open(kNoPatience);
     if (!clipboard) {
-        collaborators_.Log.LogError(u"Cannot open the clipboard for a history item");
+        with_.Log.LogError(u"Cannot open the clipboard for a history item");
         return false;
     }
     clipboard->Empty();
     if (!Write(*clipboard, block)) {
         return false;
     }
-    Write(*clipboard, LocaleBlock(collaborators_.Locale.UserDefault()));
+    Write(*clipboard, LocaleBlock(with_.Locale.UserDefault()));
     return true;
 }
 
@@ -70,14 +70,14 @@ bool ItemClipboard::SetClipboardText(std::u16string_view text) {
 
 bool ItemClipboard::PutBitmapOnClipboard(const Bitmap& bitmap) {
     ClipboardBlock block = StandardBlock(kClipBitmap, {});
-    block.Object = collaborators_.Bitmaps.ObjectOf(bitmap);
+    block.Object = with_.Bitmaps.ObjectOf(bitmap);
     if (!block.Object) {
-        collaborators_.Log.LogError(u"Cannot take the bitmap of a history item");
+        with_.Log.LogError(u"Cannot take the bitmap of a history item");
         return false;
     }
-    const auto clipboard = collaborators_.Access.Open(kNoPatience);
+    const auto clipboard = with_.Access.Open(kNoPatience);
     if (!clipboard) {
-        collaborators_.Log.LogError(u"Cannot open the clipboard for a history item");
+        with_.Log.LogError(u"Cannot open the clipboard for a history item");
         return false;
     }
     return Write(*clipboard, block);
@@ -87,9 +87,9 @@ bool ItemClipboard::Write(ClipboardSession& clipboard, const ClipboardBlock& blo
     if (clipboard.Write(block)) {
         return true;
     }
-    collaborators_.Log.LogError(Concat(u"Cannot put ", block.Bytes.size(),
-                                       u" bytes of a history item on the clipboard, format ",
-                                       block.Format, block.Name));
+    with_.Log.LogError(Concat(u"Cannot put ", block.Bytes.size(),
+                              u" bytes of a history item on the clipboard, format ", block.Format,
+                              block.Name));
     return false;
 }
 

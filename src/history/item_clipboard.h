@@ -27,7 +27,7 @@ class ItemClipboard {
         vbr::Log& Log;
     };
 
-    explicit ItemClipboard(Collaborators collaborators) : collaborators_(collaborators) {}
+    explicit ItemClipboard(Collaborators with) : with_(with) {}
 
     // The item in its own format, without its alternatives. False outside the queue, and for HTML.
     bool PutOnClipboard(std::size_t index);
@@ -47,7 +47,7 @@ class ItemClipboard {
     bool PutItem(const CCHItem& item);
     bool Write(ClipboardSession& clipboard, const ClipboardBlock& block);
 
-    Collaborators collaborators_;
+    Collaborators with_;
 };
 
 }  // namespace vbr

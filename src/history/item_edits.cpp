@@ -75,12 +75,12 @@ std::size_t ItemEdits::JoinItem(std::size_t index) {
 
 std::size_t ItemEdits::Edit(std::size_t index, const std::function<std::size_t(CCHItem&)>& edit) {
     std::size_t count = 0;
-    const bool changed = collaborators_.Queue.ChangeItem(index, [&](CCHItem& item) {
+    const bool changed = with_.Queue.ChangeItem(index, [&](CCHItem& item) {
         count = edit(item);
         return count != 0;
     });
     if (changed) {
-        collaborators_.RequestSave();
+        with_.RequestSave();
     }
     return count;
 }
@@ -89,9 +89,8 @@ bool ItemEdits::TurnCase(CCHItem& item, LetterCase letterCase) {
     switch (item.format) {
         case CHF_UNICODE_TEXT: {
             const auto text = item.WideText();
-            Rewrite(item,
-                    TextBytes(letterCase == LetterCase::Upper ? collaborators_.Locale.Upper(text)
-                                                              : collaborators_.Locale.Lower(text)));
+            Rewrite(item, TextBytes(letterCase == LetterCase::Upper ? with_.Locale.Upper(text)
+                                                                    : with_.Locale.Lower(text)));
             return true;
         }
         case CHF_ANSI_TEXT:
@@ -105,13 +104,11 @@ bool ItemEdits::TurnCase(CCHItem& item, LetterCase letterCase) {
 }
 
 bool ItemEdits::TurnRichCase(CCHItem& item, LetterCase letterCase) {
-    if (!LoadRichInCase(collaborators_.Engine, RichSourceOf(item), letterCase,
-                        collaborators_.Locale)) {
+    if (!LoadRichInCase(with_.Engine, RichSourceOf(item), letterCase, with_.Locale)) {
         LogUnreadable(item);
         return false;
     }
-    const std::string turned =
-        BytesOf(collaborators_.Engine.SaveSource().value_or(std::u16string()));
+    const std::string turned = BytesOf(with_.Engine.SaveSource().value_or(std::u16string()));
     if (turned.empty()) {
         LogUnreadable(item);
         return false;
@@ -123,10 +120,10 @@ bool ItemEdits::TurnRichCase(CCHItem& item, LetterCase letterCase) {
 std::size_t ItemEdits::EditText(CCHItem& item, std::size_t (*edit)(std::u16string&)) {
     const bool isAnsi = item.format == CHF_ANSI_TEXT;
     std::u16string text =
-        isAnsi ? collaborators_.Ansi.FromAnsi(item.ByteText()) : std::u16string(item.WideText());
+        isAnsi ? with_.Ansi.FromAnsi(item.ByteText()) : std::u16string(item.WideText());
     const std::size_t count = edit(text);
     if (count != 0) {
-        Rewrite(item, isAnsi ? TextBytes(collaborators_.Ansi.ToAnsi(text)) : TextBytes(text));
+        Rewrite(item, isAnsi ? TextBytes(with_.Ansi.ToAnsi(text)) : TextBytes(text));
     }
     return count;
 }
@@ -135,19 +132,18 @@ std::size_t ItemEdits::EditRich(CCHItem& item, std::size_t (*edit)(RichTextEngin
     if (item.format != CHF_RTF) {
         return 0;
     }
-    if (!collaborators_.Engine.LoadSource(RichSourceOf(item))) {
+    if (!with_.Engine.LoadSource(RichSourceOf(item))) {
         LogUnreadable(item);
         return 0;
     }
-    const std::size_t count = edit(collaborators_.Engine);
+    const std::size_t count = edit(with_.Engine);
     return count != 0 && WriteBackRich(item) ? count : 0;
 }
 
 // The buffer keeps its size, so only a source that has become shorter fits; the rest of the buffer
 // is zero.
 bool ItemEdits::WriteBackRich(CCHItem& item) {
-    const std::string edited =
-        BytesOf(collaborators_.Engine.SaveSource().value_or(std::u16string()));
+    const std::string edited = BytesOf(with_.Engine.SaveSource().value_or(std::u16string()));
     if (edited.empty() || edited.size() >= item.ByteText().size()) {
         return false;
     }
@@ -159,7 +155,7 @@ bool ItemEdits::WriteBackRich(CCHItem& item) {
 }
 
 void ItemEdits::LogUnreadable(const CCHItem& item) {
-    collaborators_.Log.LogError(
+    with_.Log.LogError(
         Concat(u"Cannot edit formatted text of ", item.Size(), u" bytes in the clipboard history"));
 }
 

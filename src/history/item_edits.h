@@ -27,7 +27,7 @@ class ItemEdits {
         std::function<void()> RequestSave;
     };
 
-    explicit ItemEdits(Collaborators collaborators) : collaborators_(std::move(collaborators)) {}
+    explicit ItemEdits(Collaborators with) : with_(std::move(with)) {}
 
     // Whether the item was written anew, which it is also when no letter changed. Its other formats
     // and its source go.
@@ -48,7 +48,7 @@ class ItemEdits {
     bool WriteBackRich(CCHItem& item);
     void LogUnreadable(const CCHItem& item);
 
-    Collaborators collaborators_;
+    Collaborators with_;
 };
 
 }  // namespace vbr

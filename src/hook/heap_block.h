@@ -13,7 +13,7 @@ inline void FreeHeapBlock(void* block) {
 template <typename T>
 using HeapBlock = Unique<T*, FreeHeapBlock>;
 
-// Room for `count` values, not initialised; null when there is no memory.
+// Space for `count` values, not initialised; null when there is no memory.
 template <typename T>
 HeapBlock<T> MakeHeapBlock(std::size_t count) {
     return HeapBlock<T>(static_cast<T*>(HeapAlloc(GetProcessHeap(), 0, count * sizeof(T))));

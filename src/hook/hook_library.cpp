@@ -13,9 +13,9 @@ namespace {
 constinit MessageHook g_messageHook;
 constinit bool g_installed = false;
 
-bool IsPostedRoad(QueryRoadChoice choice) {
-    if (choice != QueryRoadChoice::OfSystem) {
-        return choice == QueryRoadChoice::Posted;
+bool IsPostedRoute(QueryRouteChoice choice) {
+    if (choice != QueryRouteChoice::OfSystem) {
+        return choice == QueryRouteChoice::Posted;
     }
     BOOL emulated = FALSE;
     const bool is64BitWindows =
@@ -34,7 +34,7 @@ std::uint32_t Install(const WPInstallParams& params) {
     if (!TheForegroundWatch().Start()) {
         return kHookNotHooked;
     }
-    if (IsPostedRoad(params.Road) && !g_messageHook.Set(setup)) {
+    if (IsPostedRoute(params.Route) && !g_messageHook.Set(setup)) {
         TheForegroundWatch().Stop();
         return kHookNotHooked;
     }

@@ -25,9 +25,9 @@ SelectedRange Unknown() {
     return {};
 }
 
-SelectedRange Part(HeapBlock<char16_t> room, std::size_t start, std::size_t length) {
-    const std::u16string_view text(room.get() + start, length);
-    return {kSelTextExtracted, std::move(room), text};
+SelectedRange Part(HeapBlock<char16_t> buffer, std::size_t start, std::size_t length) {
+    const std::u16string_view text(buffer.get() + start, length);
+    return {kSelTextExtracted, std::move(buffer), text};
 }
 
 // Such a control counts its selection in bytes of the code page.
@@ -49,10 +49,10 @@ SelectedRange ReadEdit(HWND edit) {
         length > kTextMax || CountsInBytes(edit)) {
         return Unknown();
     }
-    auto room = MakeHeapBlock<char16_t>(length + 1);
-    const bool read = room && static_cast<std::size_t>(SendMessageW(edit, WM_GETTEXT, length + 1,
-                                                                    Address(room.get()))) >= end;
-    return read ? Part(std::move(room), start, end - start) : Unknown();
+    auto buffer = MakeHeapBlock<char16_t>(length + 1);
+    const bool read = buffer && static_cast<std::size_t>(SendMessageW(
+                                    edit, WM_GETTEXT, length + 1, Address(buffer.get()))) >= end;
+    return read ? Part(std::move(buffer), start, end - start) : Unknown();
 }
 
 SelectedRange ReadRichEdit(HWND edit) {
@@ -68,8 +68,8 @@ SelectedRange ReadRichEdit(HWND edit) {
     }
     // Every character may be the end of a line, which comes as two.
     const std::size_t size = 2 * count + 1;
-    auto room = MakeHeapBlock<char16_t>(size);
-    if (!room) {
+    auto buffer = MakeHeapBlock<char16_t>(size);
+    if (!buffer) {
         return Unknown();
     }
     GETTEXTEX wanted{};
@@ -77,9 +77,9 @@ SelectedRange ReadRichEdit(HWND edit) {
     wanted.flags = GT_SELECTION | GT_USECRLF;
     wanted.codepage = kUtf16;
     const LRESULT told =
-        SendMessageW(edit, EM_GETTEXTEX, reinterpret_cast<WPARAM>(&wanted), Address(room.get()));
+        SendMessageW(edit, EM_GETTEXTEX, reinterpret_cast<WPARAM>(&wanted), Address(buffer.get()));
     const auto length = static_cast<std::size_t>(told);
-    return told > 0 && length < size ? Part(std::move(room), 0, length) : Unknown();
+    return told > 0 && length < size ? Part(std::move(buffer), 0, length) : Unknown();
 }
 
 }  // namespace

@@ -14,8 +14,8 @@ namespace vbr::hook {
 // What is selected in a control, as far as the control tells.
 struct SelectedRange {
     std::int32_t State = kSelTextFailed;  // a value of WPQuery::StateSelText
-    HeapBlock<char16_t> Room;
-    std::u16string_view Text;  // in Room
+    HeapBlock<char16_t> Buffer;
+    std::u16string_view Text;  // in Buffer
 };
 
 // Edit and rich edit controls tell what is selected in them, and that by messages to the control.

@@ -28,13 +28,13 @@ void CVBRAction_Prompt::Execute(WindowHandle window) {
 bool ActionRunner::BuildActions(const CVBRActionContext& context, std::u16string_view text,
                                 ActionList& list) {
     if (context.DataType < kDataTypeText || context.DataType > kDataTypeExec) {
-        parts_.RunLog.LogError(Concat(u"Unknown kind of phrase: ", context.DataType));
+        with_.Log.LogError(Concat(u"Unknown kind of phrase: ", context.DataType));
         return false;
     }
     for (TextSegment& segment : SplitPromptMacros(text)) {
         if (segment.Kind == SegmentKind::Prompt) {
             list.push_back(std::make_unique<CVBRAction_Prompt>(
-                std::move(segment.Text), context.Language, parts_.Delivery, parts_.Prompts));
+                std::move(segment.Text), context.Language, with_.Delivery, with_.Prompts));
         } else {
             list.push_back(MakeTextAction(context, std::move(segment.Text)));
         }
@@ -46,17 +46,17 @@ std::unique_ptr<CVBRAction> ActionRunner::MakeTextAction(const CVBRActionContext
                                                          std::u16string text) const {
     if (context.DataType == kDataTypeExec) {
         ExpandExecCommand(context.TargetWindow, text, context.SelText, context.ClipboardText);
-        return std::make_unique<CVBRAction_Exec>(std::move(text), parts_.Commands);
+        return std::make_unique<CVBRAction_Exec>(std::move(text), with_.Commands);
     }
     const MacroInput input{context.SelText, context.ClipboardText, context.Language};
     if (context.DataType == kDataTypeRtf) {
-        const std::size_t cursorBack = parts_.Rich.ExpandMacrosRich(text, input).CursorBack;
+        const std::size_t cursorBack = with_.Rich.ExpandMacrosRich(text, input).CursorBack;
         return std::make_unique<CVBRAction_RichText>(std::move(text), cursorBack, context.Language,
-                                                     parts_.Delivery);
+                                                     with_.Delivery);
     }
-    const std::size_t cursorBack = parts_.Macros.ExpandMacros(text, input).CursorBack;
+    const std::size_t cursorBack = with_.Macros.ExpandMacros(text, input).CursorBack;
     return std::make_unique<CVBRAction_PlainText>(std::move(text), cursorBack, context.Language,
-                                                  parts_.Delivery);
+                                                  with_.Delivery);
 }
 
 void ActionRunner::ExpandExecCommand(WindowHandle window, std::u16string& text,
@@ -64,18 +64,18 @@ void ActionRunner::ExpandExecCommand(WindowHandle window, std::u16string& text,
                                      std::u16string_view clipboardText) const {
     std::u16string oneLine(selText);
     ReplaceAll(oneLine, u"\r\n", u" ");
-    const std::uint32_t thread = parts_.Windows.ThreadOf(window).Thread;
-    parts_.Macros.ExpandMacros(
-        text, {oneLine, clipboardText, LanguageOf(parts_.Windows.KeyboardLayout(thread))});
+    const std::uint32_t thread = with_.Windows.ThreadOf(window).Thread;
+    with_.Macros.ExpandMacros(
+        text, {oneLine, clipboardText, LanguageOf(with_.Windows.KeyboardLayout(thread))});
 }
 
 bool ActionRunner::RunActions(const CVBRActionContext& context, const ActionList& list) {
     WindowHandle window = context.TargetWindow;
-    if (!parts_.Targets.IsWindow(window)) {
-        parts_.RunLog.Write(u"The target window is gone; keys go to what has the focus now");
+    if (!with_.Targets.IsWindow(window)) {
+        with_.Log.Write(u"The target window is gone; keys go to what has the focus now");
         window = 0;
-    } else if (parts_.Targets.RunsElevated(window)) {
-        parts_.RunLog.LogError(
+    } else if (with_.Targets.RunsElevated(window)) {
+        with_.Log.LogError(
             u"The target runs with administrator's rights; the system keeps typed keys from it");
     }
     for (const std::unique_ptr<CVBRAction>& action : list) {

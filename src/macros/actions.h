@@ -99,7 +99,7 @@ using ActionList = std::vector<std::unique_ptr<CVBRAction>>;
 // Turns a phrase's text into actions and runs them. Belongs to the main thread.
 class ActionRunner {
   public:
-    struct Parts {
+    struct Collaborators {
         const MacroEngine& Macros;
         const RichMacros& Rich;
         TextDelivery& Delivery;
@@ -107,10 +107,10 @@ class ActionRunner {
         Prompter& Prompts;
         const DesktopWindows& Windows;
         const TargetWindows& Targets;
-        Log& RunLog;
+        vbr::Log& Log;
     };
 
-    explicit ActionRunner(const Parts& parts) : parts_(parts) {}
+    explicit ActionRunner(const Collaborators& with) : with_(with) {}
 
     // Every segment of the text expanded by itself, in order. False for an unknown kind of phrase.
     bool BuildActions(const CVBRActionContext& context, std::u16string_view text, ActionList& list);
@@ -125,7 +125,7 @@ class ActionRunner {
     void ExpandExecCommand(WindowHandle window, std::u16string& text, std::u16string_view selText,
                            std::u16string_view clipboardText) const;
 
-    Parts parts_;
+    Collaborators with_;
 };
 
 // The text of all actions, with nothing between them.

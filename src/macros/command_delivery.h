@@ -3,22 +3,26 @@
 
 #include <cstdint>
 #include <filesystem>
-#include <optional>
 #include <string>
 
 #include "macros/actions.h"
-#include "macros/delivery_host.h"
 #include "macros/layout_switcher.h"
 #include "macros/macro_engine.h"
 #include "phrases/command_tree.h"
+#include "platform/event_sounds.h"
 #include "platform/log.h"
+#include "platform/my_copy.h"
 #include "platform/window_handle.h"
 
 namespace vbr {
 
-// What an id stood for. A phrase whose tree was read again meanwhile counts as Handled: its id may
-// be another's by now.
-enum class DeliverResult { Handled = 0, HistoryItem = 1, Phrase = 2, Nothing = 3 };
+// An item of the clipboard history as a phrase: plain text or Rich Text Format source.
+struct ClipText {
+    std::int32_t DataType = 0;
+    std::u16string Text;
+
+    bool operator==(const ClipText&) const = default;
+};
 
 // What the query behind the menu found, kept for the delivery of the choice.
 struct DeliveryContext {
@@ -28,42 +32,37 @@ struct DeliveryContext {
     bool MaySwitchLayout = true;
 };
 
-// The text behind an id of the menu.
-struct ResolvedCommand {
-    DeliverResult Kind = DeliverResult::Nothing;  // Phrase, HistoryItem or Nothing
-    std::u16string Text;
-    std::int32_t DataType = 0;
-};
-
-// The road from a chosen id to text in the target window. Belongs to the main thread. While a
-// prompt is open another delivery may run within one.
+// From a choice to text in the target window. Belongs to the main thread.
 class CommandDelivery {
   public:
-    struct Parts {
+    struct Collaborators {
         CVBRCommandTree& Tree;
         const MacroEngine& Macros;
         ActionRunner& Runner;
         TextDelivery& Delivery;
         LayoutSwitcher& Layouts;
-        DeliveryHost& Host;
-        Log& DeliveryLog;
+        EventSounds& Sounds;
+        MyCopyGuard& OwnCopy;
+        vbr::Log& Log;
     };
 
-    explicit CommandDelivery(const Parts& parts) : parts_(parts) {}
+    explicit CommandDelivery(const Collaborators& with) : with_(with) {}
 
-    // Delivers the phrase or history item with that id and counts a phrase's use. When nothing
-    // answers to the id, the clipboard gets back what it held before the query.
-    DeliverResult DeliverCommand(std::uint32_t id, WindowHandle window,
-                                 const DeliveryContext& context);
-
-    // A phrase goes before a history item with the same id.
-    ResolvedCommand ResolveCommand(std::uint32_t id) const;
+    // Delivers the phrase with that file and counts its use. False when there is none.
+    bool DeliverPhrase(const std::filesystem::path& file, WindowHandle window,
+                       const DeliveryContext& context);
+    // Delivers the item and leaves it on the clipboard.
+    void DeliverClip(ClipText clip, WindowHandle window, const DeliveryContext& context);
 
   private:
+    // Takes the layout macros out of the text; the language that they ask for, or 0.
+    Lcid TakeLayout(std::u16string& text, const DeliveryContext& context) const;
+    // False when there was nothing to do.
+    bool Run(const ClipText& command, Lcid layout, WindowHandle window,
+             const DeliveryContext& context);
     void SwitchLayout(Lcid layout, const CVBRActionContext& context);
-    bool CountUse(std::uint32_t id, const std::filesystem::path& file);
 
-    Parts parts_;
+    Collaborators with_;
 };
 
 }  // namespace vbr

@@ -76,12 +76,12 @@ void CommandStart::ExecuteCommandLine(WindowHandle owner, std::u16string_view co
     const CommandParts parts = SplitCommandLine(command, starter_);
     const auto error = starter_.Start(parts.Path, parts.Parameters);
     if (!error) {
-        host_.PlayEventSound(DeliverySound::ProgramLaunched);
+        sounds_.PlayEventSound(EventSound::ProgramLaunched);
         return;
     }
     const std::u16string text =
-        Concat(errors_.TextOf(*error), u"\n\nCommand: ", command, u"\n\nSource Command: ", command,
-               u"\n\n", ProcessedCommandText(parts));
+        Concat(error->Text, u"\n\nCommand: ", command, u"\n\nSource Command: ", command, u"\n\n",
+               ProcessedCommandText(parts));
     log_.LogError(text);
     starter_.TellFailure(owner, text, texts_.LoadString(kStrProductName));
 }

@@ -4,11 +4,10 @@
 #include <string>
 #include <string_view>
 
-#include "macros/delivery_host.h"
+#include "platform/event_sounds.h"
 #include "platform/log.h"
 #include "platform/program_starter.h"
 #include "platform/strings.h"
-#include "platform/system_error_text.h"
 #include "platform/window_handle.h"
 
 namespace vbr {
@@ -31,18 +30,16 @@ std::u16string ProcessedCommandText(const CommandParts& parts);
 // Starts programs and opens documents and addresses for phrases.
 class CommandStart {
   public:
-    CommandStart(ProgramStarter& starter, const SystemErrorText& errors, const Strings& texts,
-                 DeliveryHost& host, Log& log)
-        : starter_(starter), errors_(errors), texts_(texts), host_(host), log_(log) {}
+    CommandStart(ProgramStarter& starter, const Strings& texts, EventSounds& sounds, Log& log)
+        : starter_(starter), texts_(texts), sounds_(sounds), log_(log) {}
 
     // Runs the command. A failure is logged and shown over the window until the user closes it.
     void ExecuteCommandLine(WindowHandle owner, std::u16string_view command);
 
   private:
     ProgramStarter& starter_;
-    const SystemErrorText& errors_;
     const Strings& texts_;
-    DeliveryHost& host_;
+    EventSounds& sounds_;
     Log& log_;
 };
 

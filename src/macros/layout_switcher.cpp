@@ -46,27 +46,27 @@ std::vector<KeyEvent> LayoutToggleEvents(LayoutToggle toggle, const InputInjecto
 }
 
 bool LayoutSwitcher::IsInstalled(Lcid language) const {
-    const std::vector<Lcid> installed = parts_.Layouts.InstalledLanguages();
+    const std::vector<Lcid> installed = with_.Layouts.InstalledLanguages();
     return std::find(installed.begin(), installed.end(), language) != installed.end();
 }
 
 void LayoutSwitcher::SwitchKeyboardLayout(Lcid language, WindowHandle window) {
-    const LayoutToggle toggle = GetLayoutToggle(parts_.Layouts.ToggleSetting());
-    LogToggle(toggle, parts_.SwitchLog);
-    const std::vector<KeyEvent> events = LayoutToggleEvents(toggle, parts_.Input);
-    const std::size_t layouts = parts_.Layouts.InstalledLanguages().size();
+    const LayoutToggle toggle = GetLayoutToggle(with_.Layouts.ToggleSetting());
+    LogToggle(toggle, with_.Log);
+    const std::vector<KeyEvent> events = LayoutToggleEvents(toggle, with_.Input);
+    const std::size_t layouts = with_.Layouts.InstalledLanguages().size();
     const std::size_t presses = layouts < kLayoutsToAskBack ? 1 : layouts;
-    WaitForRelease(parts_.Input, parts_.Time, parts_.SwitchLog);
+    WaitForRelease(with_.Input, with_.Clock, with_.Log);
     for (std::size_t i = 0; i < presses; ++i) {
-        if (!SendAll(events, parts_.Input, parts_.SwitchLog) || presses == 1) {
+        if (!SendAll(events, with_.Input, with_.Log) || presses == 1) {
             return;
         }
-        if (!parts_.Targets.IsOwnProcess(window)) {
-            parts_.Time.Sleep(kSwitchMs);
-            parts_.Targets.Wake(window);
+        if (!with_.Targets.IsOwnProcess(window)) {
+            with_.Clock.Sleep(kSwitchMs);
+            with_.Targets.Wake(window);
         }
-        const std::uint32_t thread = parts_.Windows.ThreadOf(window).Thread;
-        if (LanguageOf(parts_.Windows.KeyboardLayout(thread)) == language) {
+        const std::uint32_t thread = with_.Windows.ThreadOf(window).Thread;
+        if (LanguageOf(with_.Windows.KeyboardLayout(thread)) == language) {
             return;
         }
     }

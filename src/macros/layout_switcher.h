@@ -25,16 +25,16 @@ std::vector<KeyEvent> LayoutToggleEvents(LayoutToggle toggle, const InputInjecto
 // Brings a window to another keyboard layout by pressing the shortcut of the system.
 class LayoutSwitcher {
   public:
-    struct Parts {
+    struct Collaborators {
         InputInjector& Input;
         const KeyboardLayouts& Layouts;
         const DesktopWindows& Windows;
         TargetWindows& Targets;
-        Clock& Time;
-        Log& SwitchLog;
+        vbr::Clock& Clock;
+        vbr::Log& Log;
     };
 
-    explicit LayoutSwitcher(const Parts& parts) : parts_(parts) {}
+    explicit LayoutSwitcher(const Collaborators& with) : with_(with) {}
 
     bool IsInstalled(Lcid language) const;
 
@@ -43,7 +43,7 @@ class LayoutSwitcher {
     void SwitchKeyboardLayout(Lcid language, WindowHandle window);
 
   private:
-    Parts parts_;
+    Collaborators with_;
 };
 
 }  // namespace vbr

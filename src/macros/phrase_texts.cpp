@@ -95,7 +95,7 @@ std::u16string PhraseTexts::BuildMenuCaption(const VBRCommand& record, const Mac
 }
 
 PhraseTexts::Expansion PhraseTexts::Expand(std::u16string text, const MacroInput& input) const {
-    const MacroOutcome outcome = parts_.Macros.ExpandMacros(text, input);
+    const MacroOutcome outcome = with_.Macros.ExpandMacros(text, input);
     return {std::move(text), outcome};
 }
 
@@ -123,8 +123,8 @@ std::u16string PhraseTexts::RichCaption(const VBRCommand& record, const MacroInp
     std::u16string source = record.Cmd;
     // Formatted text shows no cursor mark. A marker's braces would open a group here.
     ReplaceAll(source, kMacroCursorPos, u" ");
-    parts_.Rich.ExpandMacrosRich(source, input);
-    return ShortenMiddle(RichToPlainText(source, parts_.Engine), kCaptionLimit);
+    with_.Rich.ExpandMacrosRich(source, input);
+    return ShortenMiddle(RichToPlainText(source, with_.Engine), kCaptionLimit);
 }
 
 std::u16string PhraseTexts::BuildMenuTip(const VBRCommand& record, std::u16string_view title,
@@ -148,7 +148,7 @@ void PhraseTexts::FinishPreview(std::u16string& text, const MacroInput& input) c
     if (Holds(text, u"%")) {
         ReplaceAll(text, kMacroSelectedText, input.SelText);
         ReplaceAll(text, kMacroClipboardText, input.ClipboardText);
-        parts_.Macros.StripLayoutMacros(text);
+        with_.Macros.StripLayoutMacros(text);
     }
 }
 
@@ -156,46 +156,45 @@ std::u16string PhraseTexts::TipAround(const VBRCommand& record, std::u16string_v
                                       bool hasText, std::u16string_view preview) const {
     std::u16string tip;
     tip.reserve(title.size() + preview.size() + kTipFrame);
-    tip.append(parts_.Texts.LoadString(KindString(record.DataType))).append(u" » ").append(title);
+    tip.append(with_.Texts.LoadString(KindString(record.DataType))).append(u" » ").append(title);
     if (hasText && record.DataType != kDataTypeExec) {
         const auto length = static_cast<std::int64_t>(preview.size());
-        tip.append(u"\n").append(parts_.Texts.LoadString(kStrChars)).append(u": ");
+        tip.append(u"\n").append(with_.Texts.LoadString(kStrChars)).append(u": ");
         tip.append(ToDecimal(length));
     }
     if (!preview.empty()) {
         tip.append(u"\r\n\r\n").append(preview);
     }
     if (const Lcid layout = LayoutOf(record); layout != 0) {
-        tip += Concat(u"\r\n+ ", parts_.Texts.LoadString(kStrActivateLayout), u"   ",
-                      parts_.Forms.Upper(parts_.Forms.LanguageName(layout)));
+        tip += Concat(u"\r\n+ ", with_.Texts.LoadString(kStrActivateLayout), u"   ",
+                      with_.Locale.Upper(with_.Locale.LanguageName(layout)));
     }
     return tip;
 }
 
 std::u16string PhraseTexts::LayoutBadge(std::u16string_view text) const {
-    return vbr::LayoutBadge(text, parts_.Layouts, parts_.Forms);
+    return vbr::LayoutBadge(text, with_.Layouts, with_.Locale);
 }
 
 std::size_t PhraseTexts::ExpandedLength(const VBRCommand& record) const {
     std::u16string text = PlainTextOf(record);
-    parts_.Macros.ExpandMacrosPlain(text);
+    with_.Macros.ExpandMacrosPlain(text);
     return text.size();
 }
 
 std::u16string PhraseTexts::PlainTextOf(const VBRCommand& record) const {
-    return record.DataType == kDataTypeRtf ? RichToPlainText(record.Cmd, parts_.Engine)
-                                           : record.Cmd;
+    return record.DataType == kDataTypeRtf ? RichToPlainText(record.Cmd, with_.Engine) : record.Cmd;
 }
 
 Lcid PhraseTexts::LayoutOf(const VBRCommand& record) const {
     if (record.DataType == kDataTypeRtf) {
-        return parts_.Rich.StripLayoutMacrosRich(record.Cmd);
+        return with_.Rich.StripLayoutMacrosRich(record.Cmd);
     }
     if (!Holds(record.Cmd, kMacroLayoutPrefix)) {
         return 0;
     }
     std::u16string text = record.Cmd;
-    return parts_.Macros.StripLayoutMacros(text);
+    return with_.Macros.StripLayoutMacros(text);
 }
 
 }  // namespace vbr

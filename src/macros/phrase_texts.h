@@ -31,16 +31,16 @@ struct PhraseMenuTexts {
 // main thread.
 class PhraseTexts {
   public:
-    struct Parts {
+    struct Collaborators {
         const MacroEngine& Macros;
         const RichMacros& Rich;
         RichTextEngine& Engine;
         const KeyboardLayouts& Layouts;
-        const Locale& Forms;
+        const vbr::Locale& Locale;
         const Strings& Texts;
     };
 
-    explicit PhraseTexts(const Parts& parts) : parts_(parts) {}
+    explicit PhraseTexts(const Collaborators& with) : with_(with) {}
 
     // All that the menu shows of a phrase; a plain text is expanded once for it.
     PhraseMenuTexts BuildMenuTexts(const VBRCommand& record, const MacroInput& input) const;
@@ -76,7 +76,7 @@ class PhraseTexts {
     std::u16string PlainTextOf(const VBRCommand& record) const;
     Lcid LayoutOf(const VBRCommand& record) const;
 
-    Parts parts_;
+    Collaborators with_;
 };
 
 }  // namespace vbr

@@ -29,10 +29,10 @@ bool IsTyped(const PasteSettings& settings, std::size_t units) {
 }
 
 bool TextDelivery::DeliverText(std::u16string_view text, std::size_t cursorBack) {
-    if (!IsTyped(parts_.Settings(), text.size())) {
+    if (!IsTyped(with_.Settings(), text.size())) {
         return PasteText(text, cursorBack);
     }
-    parts_.DeliveryLog.Write(Concat(u"DoPrint: ", text));
+    with_.Log.Write(Concat(u"DoPrint: ", text));
     return PrintText(text, cursorBack);
 }
 
@@ -40,26 +40,25 @@ bool TextDelivery::PrintText(std::u16string_view text, std::size_t cursorBack) {
     if (text.empty()) {
         return false;
     }
-    WaitForRelease(parts_.Input, parts_.Time, parts_.DeliveryLog);
+    WaitForRelease(with_.Input, with_.Clock, with_.Log);
     const std::array<KeyEvent, 1> controlUp = {{{.Vk = kVkControl, .Flags = kKeyUp}}};
-    return SendAll(controlUp, parts_.Input, parts_.DeliveryLog) &&
-           SendAll(PrintEvents(text, cursorBack, parts_.Input), parts_.Input, parts_.DeliveryLog);
+    return SendAll(controlUp, with_.Input, with_.Log) &&
+           SendAll(PrintEvents(text, cursorBack, with_.Input), with_.Input, with_.Log);
 }
 
 bool TextDelivery::PasteText(std::u16string_view text, std::size_t cursorBack) {
-    parts_.DeliveryLog.Write(Concat(u"DoPaste: ", text));
+    with_.Log.Write(Concat(u"DoPaste: ", text));
     if (!CopyToClipboard(true, text, 0)) {
-        parts_.DeliveryLog.LogError(
-            u"CVBRAction_TextCommon::MutiCopy_Impl::Cannot set to clipboard");
+        with_.Log.LogError(u"CVBRAction_TextCommon::MutiCopy_Impl::Cannot set to clipboard");
         return false;
     }
     return Paste(cursorBack);
 }
 
 bool TextDelivery::PasteRich(std::u16string_view source, std::size_t cursorBack, Lcid language) {
-    parts_.DeliveryLog.Write(Concat(u"DoPaste: ", source));
+    with_.Log.Write(Concat(u"DoPaste: ", source));
     if (!CopyToClipboard(false, source, language)) {
-        parts_.DeliveryLog.LogError(u"Cannot set data to clipboard as MULTI formats");
+        with_.Log.LogError(u"Cannot set data to clipboard as MULTI formats");
         return false;
     }
     return Paste(cursorBack);
@@ -67,11 +66,11 @@ bool TextDelivery::PasteRich(std::u16string_view source, std::size_t cursorBack,
 
 bool TextDelivery::CopyToClipboard(bool plain, std::u16string_view text, Lcid language) {
     const bool done = PutOnClipboard(
-        plain ? PlainClipboardForm(text, parts_.Forms.ThreadLocale())
-              : RichClipboardForm(text, RichToPlainText(text, parts_.RichText), language),
-        parts_.Clipboard);
+        plain ? PlainClipboardForm(text, with_.Locale.ThreadLocale())
+              : RichClipboardForm(text, RichToPlainText(text, with_.RichText), language),
+        with_.Clipboard);
     if (done) {
-        parts_.Host.KeepClipboard();
+        with_.OnCopied();
     }
     return done;
 }
@@ -81,31 +80,31 @@ bool TextDelivery::Paste(std::size_t cursorBack) {
     try {
         // A new thread sees the keys as they are now; this one as of the input that it has read.
         std::thread([&] {
-            parts_.Time.Sleep(kBeforePasteMs);
+            with_.Clock.Sleep(kBeforePasteMs);
             sent = SendPasteKeys(cursorBack);
         }).join();
     } catch (const std::system_error&) {
-        parts_.DeliveryLog.LogError(u"Cannot start the thread that presses the keys of a paste");
+        with_.Log.LogError(u"Cannot start the thread that presses the keys of a paste");
     }
     return sent;
 }
 
 bool TextDelivery::SendPasteKeys(std::size_t cursorBack) {
-    WaitForRelease(parts_.Input, parts_.Time, parts_.DeliveryLog);
-    if (!SendAll(PasteEvents(parts_.Input), parts_.Input, parts_.DeliveryLog)) {
+    WaitForRelease(with_.Input, with_.Clock, with_.Log);
+    if (!SendAll(PasteEvents(with_.Input), with_.Input, with_.Log)) {
         return false;
     }
-    parts_.Time.Sleep(kAfterPasteMs);
+    with_.Clock.Sleep(kAfterPasteMs);
     const std::size_t portion = CursorStepsAtOnce(cursorBack);
     const std::vector<KeyEvent> events = CursorEvents(std::min(portion, cursorBack));
     for (std::size_t left = cursorBack; left > 0;) {
         const std::size_t steps = std::min(portion, left);
-        if (!SendAll(std::span(events).first(2 * steps), parts_.Input, parts_.DeliveryLog)) {
+        if (!SendAll(std::span(events).first(2 * steps), with_.Input, with_.Log)) {
             return false;
         }
         left -= steps;
         if (steps == portion) {
-            parts_.Time.Sleep(kBetweenStepsMs);
+            with_.Clock.Sleep(kBetweenStepsMs);
         }
     }
     return true;

@@ -6,7 +6,6 @@
 #include <string_view>
 #include <vector>
 
-#include "macros/delivery_host.h"
 #include "platform/clipboard_access.h"
 #include "platform/clock.h"
 #include "platform/input_injector.h"
@@ -28,20 +27,20 @@ bool IsTyped(const PasteSettings& settings, std::size_t units);
 // Gets text into the window that has the keyboard focus. Belongs to the main thread.
 class TextDelivery {
   public:
-    struct Parts {
+    struct Collaborators {
         InputInjector& Input;
         ClipboardAccess& Clipboard;
         RichTextEngine& RichText;
-        const Locale& Forms;
-        Clock& Time;
-        DeliveryHost& Host;
-        Log& DeliveryLog;
+        const vbr::Locale& Locale;
+        vbr::Clock& Clock;
+        vbr::Log& Log;
         std::function<PasteSettings()> Settings;  // asked at each text
+        std::function<void()> OnCopied;           // what was just put on the clipboard stays there
     };
 
-    explicit TextDelivery(Parts parts) : parts_(std::move(parts)) {}
+    explicit TextDelivery(Collaborators with) : with_(std::move(with)) {}
 
-    // Delivers plain text on the road that the settings choose.
+    // Delivers plain text the way that the settings choose.
     bool DeliverText(std::u16string_view text, std::size_t cursorBack);
 
     // Types the text; false when it is empty or the system takes no input.
@@ -62,7 +61,7 @@ class TextDelivery {
   private:
     bool Paste(std::size_t cursorBack);
 
-    Parts parts_;
+    Collaborators with_;
 };
 
 }  // namespace vbr

@@ -30,6 +30,7 @@ constexpr ExtraCommand kCommands[] = {kEditPhrases, kSelection, kSupport};
 PhraseMenuItem& AddCommand(PhraseMenu& menu, const ExtraCommand& command, const Strings& strings) {
     PhraseMenuItem& item = menu.emplace_back();
     item.Info.CommandId = static_cast<std::uint32_t>(command.Command);
+    item.Info.Subject = {MenuSubjectKind::ExtraCommand, item.Info.CommandId};
     item.Info.Label = strings.LoadString(command.Label);
     item.Info.Tip = strings.LoadString(command.Tip);
     return item;

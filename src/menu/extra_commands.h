@@ -21,7 +21,7 @@ inline constexpr std::int32_t kResultSupport = -6;
 // The result of a choice of that command; nothing for any other id.
 std::optional<std::int32_t> ResultOfExtraCommand(std::uint32_t id);
 inline bool IsExtraCommand(const CMenuItemInfo& info) {
-    return !info.History && ResultOfExtraCommand(info.CommandId).has_value();
+    return info.Subject.Kind == MenuSubjectKind::ExtraCommand;
 }
 
 // Adds the commands that the user has not turned off, and takes away a separator at the menu's end.

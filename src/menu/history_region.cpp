@@ -73,7 +73,7 @@ std::u16string Preview(std::u16string_view text, std::size_t lines) {
                   LastLines(text, kLinesAtEitherEnd));
 }
 
-std::u16string MakeTip(const MenuHistory& history, std::size_t index, const Strings& strings) {
+std::u16string MakeTip(const QueueHistory& history, std::size_t index, const Strings& strings) {
     const MenuHistoryKind kind = history.KindOf(index);
     const std::u16string text = HasText(kind) ? history.FullText(index) : std::u16string();
     const std::u16string url = history.SourceUrl(index);
@@ -93,7 +93,7 @@ std::u16string MakeTip(const MenuHistory& history, std::size_t index, const Stri
     return Concat(tip, u"\n\n        ", strings.LoadString(kStrRightClickForExtendedMenu));
 }
 
-PhraseMenuItem HistoryItem(MenuHistory& history, std::size_t index, bool withTip,
+PhraseMenuItem HistoryItem(QueueHistory& history, std::size_t index, bool withTip,
                            const Strings& strings) {
     PhraseMenuItem item;
     item.Info.ExpandedText = UncutHistoryCaption(history, index);
@@ -103,6 +103,7 @@ PhraseMenuItem HistoryItem(MenuHistory& history, std::size_t index, bool withTip
     const MenuHistoryKind kind = history.KindOf(index);
     item.Info.DataType = kind == MenuHistoryKind::FormattedText ? kDataTypeRtf : kDataTypeText;
     item.Info.Bitmap = kind == MenuHistoryKind::Bitmap;
+    item.Info.Subject = {MenuSubjectKind::HistoryItem, history.IdOf(index)};
     item.Info.CommandId = kFirstHistoryItem + static_cast<std::uint32_t>(index);
     if (withTip) {
         item.Info.Tip = HistoryTip(history, index, strings);
@@ -118,7 +119,7 @@ PhraseMenu& AddHistoryPopup(PhraseMenu& menu, std::u16string_view label) {
 
 }  // namespace
 
-std::u16string UncutHistoryCaption(MenuHistory& history, std::size_t index) {
+std::u16string UncutHistoryCaption(QueueHistory& history, std::size_t index) {
     std::u16string& kept = history.MenuCaption(index);
     std::u16string uncut = kept.empty() ? history.MenuCaptionText(index) : kept;
     const std::u16string_view trimmed = Trim(uncut, u" \t\r\n");
@@ -127,7 +128,7 @@ std::u16string UncutHistoryCaption(MenuHistory& history, std::size_t index) {
     return uncut;
 }
 
-const std::u16string& HistoryTip(MenuHistory& history, std::size_t index, const Strings& strings) {
+const std::u16string& HistoryTip(QueueHistory& history, std::size_t index, const Strings& strings) {
     std::u16string& tip = history.MenuTip(index);
     if (tip.empty()) {
         tip = MakeTip(history, index, strings);
@@ -143,7 +144,7 @@ std::u16string HistorySubMenuLabel(std::size_t count, const HistoryRegionOptions
                : Concat(name, u" [", count, u"]");
 }
 
-void AddHistoryRegion(MenuHistory& history, const HistoryRegionOptions& options,
+void AddHistoryRegion(QueueHistory& history, const HistoryRegionOptions& options,
                       const Strings& strings, PhraseMenu& menu) {
     const std::size_t count = history.GetCount();
     if (count == 0) {

@@ -4,8 +4,8 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "menu/menu_history.h"
 #include "menu/menu_item_info.h"
+#include "menu/queue_history.h"
 #include "platform/strings.h"
 
 namespace vbr {
@@ -21,17 +21,17 @@ struct HistoryRegionOptions {
 
 // The label of a history item, made and kept with the item. The text as it was before it was cut is
 // what comes back.
-std::u16string UncutHistoryCaption(MenuHistory& history, std::size_t index);
+std::u16string UncutHistoryCaption(QueueHistory& history, std::size_t index);
 
 // The tip of a history item, made once and kept with the item.
-const std::u16string& HistoryTip(MenuHistory& history, std::size_t index, const Strings& strings);
+const std::u16string& HistoryTip(QueueHistory& history, std::size_t index, const Strings& strings);
 
 // The label of the popup that holds the history.
 std::u16string HistorySubMenuLabel(std::size_t count, const HistoryRegionOptions& options,
                                    const Strings& strings);
 
 // Adds the items of the history, the newest first. An empty history adds nothing.
-void AddHistoryRegion(MenuHistory& history, const HistoryRegionOptions& options,
+void AddHistoryRegion(QueueHistory& history, const HistoryRegionOptions& options,
                       const Strings& strings, PhraseMenu& menu);
 
 }  // namespace vbr

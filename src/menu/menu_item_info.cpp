@@ -12,7 +12,7 @@ std::uint32_t CMenuItemInfo::Number() const {
         return 0;
     }
     if (History) {
-        return CommandId - kFirstHistoryItem + 1;
+        return static_cast<std::uint32_t>(Row) + 1;
     }
     return RecentIndex == kNotRecent ? 0 : static_cast<std::uint32_t>(RecentIndex) + 1;
 }

@@ -19,6 +19,17 @@ inline constexpr std::size_t kItemTextMax = 255;  // UTF-16 units
 
 inline constexpr std::int32_t kNotRecent = -1;
 
+// What an item stands for. Numbers of different kinds may be the same.
+enum class MenuSubjectKind { None, Phrase, HistoryItem, ExtraCommand };
+
+struct MenuSubject {
+    MenuSubjectKind Kind = MenuSubjectKind::None;
+    std::uint32_t Number =
+        0;  // the phrase's CMDID, the history item's own id, the command's number
+
+    bool operator==(const MenuSubject&) const = default;
+};
+
 // What an item of the phrase menu is measured, drawn and explained from.
 struct CMenuItemInfo {
     std::u16string Tip;
@@ -32,7 +43,8 @@ struct CMenuItemInfo {
     std::int32_t Row = 0;  // the running number within its list
     std::uint32_t ItemFlags = 0;
     bool Mark = false;  // the last phrase chosen, or the group that holds it
-    std::uint32_t CommandId = 0;
+    MenuSubject Subject;
+    std::uint32_t CommandId = 0;            // the item's number in the menu
     std::int32_t CursorPos = -1;            // place of the cursor mark in the label, or -1
     std::int32_t RecentIndex = kNotRecent;  // place among the recent phrases
 

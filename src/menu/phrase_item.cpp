@@ -20,6 +20,7 @@ CMenuItemInfo PhraseItemMaker::DescribePhrase(const VBRCommand& record,
     }
     info.PhraseData = CutUnits(record.Cmd, kItemTextMax);
     info.DataType = record.DataType;
+    info.Subject = {MenuSubjectKind::Phrase, record.CMDID};
     info.CommandId = record.CMDID;
     return info;
 }

@@ -7,13 +7,12 @@
 #include "base/text.h"
 #include "menu/extra_commands.h"
 #include "menu/history_region.h"
+#include "menu/menu_numbers.h"
 #include "menu/phrase_region.h"
 #include "resources/resource_ids.h"
 
 namespace vbr {
 namespace {
-
-constexpr std::int32_t kNoChoice = -1;
 
 // The target needs a moment with the foreground before the text comes.
 constexpr std::uint32_t kAfterChoiceMs = 100;
@@ -25,47 +24,69 @@ std::optional<Point> PointOf(const WPQuery& query) {
     return Point{query.PointX, query.PointY};
 }
 
-std::int32_t ResultOf(std::uint32_t choice) {
-    if (choice == 0) {
-        return kNoChoice;
-    }
-    return ResultOfExtraCommand(choice).value_or(static_cast<std::int32_t>(choice));
-}
-
-// Ids of history items in the menu stay right while it is open.
+// Places of history items in the menu stay right while it is open.
 class LockedHistory {
   public:
-    explicit LockedHistory(MenuHistory& history) : history_(history) { history_.SetLocked(true); }
+    explicit LockedHistory(QueueHistory& history) : history_(history) { history_.SetLocked(true); }
     ~LockedHistory() { history_.SetLocked(false); }
     LockedHistory(const LockedHistory&) = delete;
     LockedHistory& operator=(const LockedHistory&) = delete;
 
   private:
-    MenuHistory& history_;
+    QueueHistory& history_;
 };
 
 }  // namespace
 
 void IDataNeededHander_MenuSelf::ClearFonts() {
-    parts_.Log.Write(u"WOW!!! ClearFonts_Internal in IDataNeededHander_MenuSelf");
-    parts_.Presenter.ClearFonts();
+    with_.Log.Write(u"WOW!!! ClearFonts_Internal in IDataNeededHander_MenuSelf");
+    with_.Presenter.ClearFonts();
 }
 
-void IDataNeededHander_MenuSelf::OnDataNeeded(const WPQuery& query, WPAnswer&) {
-    const LockedHistory lock(parts_.History);
-    parts_.Log.Write(Concat(u"IDataNeededHander_MenuSelf::OnDataNeeded lcid=", query.Hkl));
+MenuChoice IDataNeededHander_MenuSelf::OnDataNeeded(const WPQuery& query, WPAnswer&) {
+    const LockedHistory lock(with_.History);
+    with_.Log.Write(Concat(u"IDataNeededHander_MenuSelf::OnDataNeeded lcid=", query.Hkl));
     LogWindows(query);
     selectedText_ = query.SelText;
     hkl_ = query.Hkl;
     // The query may end while the menu is open.
-    const WindowHandle target = query.TargetWindow;
     const std::optional<Point> point = PointOf(query);
-    PhraseMenu menu = parts_.Guard.Run(kFaultMakeMenu, PhraseMenu(), [this] { return MakeMenu(); });
-    const std::uint32_t choice = menu.empty() ? 0 : parts_.Presenter.Show(std::move(menu), point);
-    if (choice != 0) {
-        parts_.Clock.Sleep(kAfterChoiceMs);
+    PhraseMenu menu = with_.Guard.Run(kFaultMakeMenu, PhraseMenu(), [this] { return MakeMenu(); });
+    const MenuSubject chosen =
+        menu.empty() ? MenuSubject() : with_.Presenter.Show(std::move(menu), point);
+    if (chosen.Kind != MenuSubjectKind::None) {
+        with_.Clock.Sleep(kAfterChoiceMs);
     }
-    notice_(ResultOf(choice), target);
+    return ChoiceOf(chosen);
+}
+
+MenuChoice IDataNeededHander_MenuSelf::ChoiceOf(const MenuSubject& subject) const {
+    switch (subject.Kind) {
+        case MenuSubjectKind::Phrase: {
+            const VBRCommand* record = with_.Tree.FindCommand(subject.Number);
+            return record && !record->IsGroup() ? MenuChoice(record->FilePath) : MenuChoice();
+        }
+        case MenuSubjectKind::HistoryItem:
+            return ClipId{subject.Number};
+        case MenuSubjectKind::ExtraCommand:
+            if (const auto result = ResultOfExtraCommand(subject.Number)) {
+                return *result;
+            }
+            return {};
+        default:
+            return {};
+    }
+}
+
+// A phrase goes before a history item with the same number.
+MenuChoice IDataNeededHander_MenuSelf::ChoiceOfNumber(std::uint32_t number) const {
+    const MenuChoice phrase = ChoiceOf({MenuSubjectKind::Phrase, number});
+    if (!std::holds_alternative<std::monostate>(phrase) || number < kFirstHistoryItem) {
+        return phrase;
+    }
+    const std::size_t index = number - kFirstHistoryItem;
+    return index < with_.History.GetCount() ? MenuChoice(ClipId{with_.History.IdOf(index)})
+                                            : MenuChoice();
 }
 
 void IDataNeededHander_MenuSelf::LogWindows(const WPQuery& query) {
@@ -75,68 +96,77 @@ void IDataNeededHander_MenuSelf::LogWindows(const WPQuery& query) {
         {u"Active", windows.Active},   {u"Menu", windows.MenuOwner},
         {u"Capture", windows.Capture}, {u"hwndForMenu", query.TargetWindow}};
     for (const auto& [heading, window] : headed) {
-        LogWindow(parts_.Log, heading, parts_.StateOf(window));
+        LogWindow(with_.Log, heading, with_.StateOf(window));
     }
 }
 
-void IDataNeededHander_MenuSelf::RememberCommand(std::uint32_t id) {
-    const VBRCommand* record = parts_.Tree.FindCommand(id);
-    if (record && !record->IsGroup()) {
-        lastCommandId_ = id;
-        recent_.Remember(id, RecentCapacity(parts_.Settings.AddLastUsedMenuToBegin_Count));
+void IDataNeededHander_MenuSelf::RememberCommand(const std::filesystem::path& file) {
+    if (with_.Tree.FindByFile(file)) {
+        lastFile_ = file;
+        recent_.Remember(file, RecentCapacity(with_.Settings.AddLastUsedMenuToBegin_Count));
+    }
+}
+
+void IDataNeededHander_MenuSelf::ForgetMissing() {
+    for (const std::filesystem::path& file : std::vector(recent_.Files())) {
+        if (!with_.Tree.FindByFile(file)) {
+            recent_.Forget(file);
+        }
     }
 }
 
 PhraseMenu IDataNeededHander_MenuSelf::MakeMenu() {
-    const CVBRSettings& settings = parts_.Settings;
+    const CVBRSettings& settings = with_.Settings;
+    const VBRCommand* last = with_.Tree.FindByFile(lastFile_);
+    const std::uint32_t lastId = last ? last->CMDID : 0;
     const PhraseRegionState state{.Input = {selectedText_, clipboardAtHotkey_, LanguageOf(hkl_)},
-                                  .LastCommandId = lastCommandId_,
-                                  .HoldsLastCommand = [this](const VBRCommand& group) {
-                                      return parts_.Tree.GroupHoldsCommand(group, lastCommandId_);
+                                  .LastCommandId = lastId,
+                                  .HoldsLastCommand = [this, lastId](const VBRCommand& group) {
+                                      return with_.Tree.GroupHoldsCommand(group, lastId);
                                   }};
     PhraseMenu menu;
     if (settings.AddLastUsedMenuToBegin) {
-        AddRecentRegion(FindRecent(), state, parts_.Items, menu);
+        AddRecentRegion(FindRecent(), state, with_.Items, menu);
         if (!menu.empty()) {
-            AddSeparator(menu, parts_.Texts.LoadString(kStrOtherCommands));
+            AddSeparator(menu, with_.Texts.LoadString(kStrOtherCommands));
         }
     }
-    AddPhraseRegion(parts_.Tree.Commands(), state, parts_.Items, menu);
+    AddPhraseRegion(with_.Tree.Commands(), state, with_.Items, menu);
     if (settings.InsertCHIntoMenu) {
         AddClipboardHistoryIntoMenu(true, menu);
     }
     if (!menu.empty()) {
         AddExtraCommands(settings.ExtMenuCommand, settings.InsertCHIntoMenu, selectedText_,
-                         parts_.Texts, menu);
+                         with_.Texts, menu);
     }
+    TellNumbersApart(menu);
     return menu;
 }
 
-// An id whose phrase is gone is told once and then forgotten, not told with each menu.
+// A phrase that is gone is told once and then forgotten, not told with each menu.
 std::vector<const VBRCommand*> IDataNeededHander_MenuSelf::FindRecent() {
     std::vector<const VBRCommand*> found;
-    for (const std::uint32_t id : std::vector(recent_.Ids())) {
-        const VBRCommand* record = parts_.Tree.FindCommand(id);
-        if (record && !record->IsGroup()) {
+    for (const std::filesystem::path& file : std::vector(recent_.Files())) {
+        if (const VBRCommand* record = with_.Tree.FindByFile(file)) {
             found.push_back(record);
         } else {
-            recent_.Forget(id);
-            parts_.Guard.Report().ReportError(u"ERROR IDataNeededHander_MenuSelf::MakeMenu");
+            recent_.Forget(file);
+            with_.Guard.Report().ReportError(u"ERROR IDataNeededHander_MenuSelf::MakeMenu");
         }
     }
     return found;
 }
 
 void IDataNeededHander_MenuSelf::AddClipboardHistoryIntoMenu(bool withTips, PhraseMenu& menu) {
-    const HistoryRegionOptions options{parts_.Settings.GetMaxHistoryItemsInMenu(),
-                                       parts_.Settings.AppendCHAsSubMenu, withTips};
-    parts_.Guard.Run(kFaultAddClipboardHistory, [&] {
-        if (options.AsSubMenu && parts_.History.GetCount() > 0) {
-            parts_.Log.Write(
+    const HistoryRegionOptions options{with_.Settings.GetMaxHistoryItemsInMenu(),
+                                       with_.Settings.AppendCHAsSubMenu, withTips};
+    with_.Guard.Run(kFaultAddClipboardHistory, [&] {
+        if (options.AsSubMenu && with_.History.GetCount() > 0) {
+            with_.Log.Write(
                 Concat(u"History Sub Menu Text: ",
-                       HistorySubMenuLabel(parts_.History.GetCount(), options, parts_.Texts)));
+                       HistorySubMenuLabel(with_.History.GetCount(), options, with_.Texts)));
         }
-        AddHistoryRegion(parts_.History, options, parts_.Texts, menu);
+        AddHistoryRegion(with_.History, options, with_.Texts, menu);
     });
 }
 

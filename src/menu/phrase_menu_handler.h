@@ -2,17 +2,19 @@
 #pragma once
 
 #include <cstdint>
+#include <filesystem>
 #include <functional>
 #include <optional>
 #include <string>
+#include <variant>
 
 #include "diagnostics/guarded_section.h"
 #include "diagnostics/window_entries.h"
 #include "exchange/answer.h"
 #include "exchange/query.h"
-#include "menu/menu_history.h"
 #include "menu/menu_item_info.h"
 #include "menu/phrase_item.h"
+#include "menu/queue_history.h"
 #include "menu/recent_commands.h"
 #include "phrases/command_tree.h"
 #include "platform/clock.h"
@@ -28,24 +30,29 @@ class MenuPresenter {
   public:
     virtual ~MenuPresenter() = default;
 
-    // Runs the menu at the point, or at the mouse cursor; the chosen item's id, 0 for none.
-    virtual std::uint32_t Show(PhraseMenu menu, std::optional<Point> at) = 0;
+    // Runs the menu at the point, or at the mouse cursor; what the chosen item stands for.
+    virtual MenuSubject Show(PhraseMenu menu, std::optional<Point> at) = 0;
     virtual bool IsShown() const = 0;
     // The user's fonts have changed: they are made anew for the next menu.
     virtual void ClearFonts() = 0;
 };
 
-// Told how a menu ended: an item's id, the result of an extra command, or -1 for no choice, and the
-// target window.
-using ChoiceNotice = std::function<void(std::int32_t choice, WindowHandle target)>;
+// What was chosen: nothing, the file of a phrase, the own id of a history item, or the result of an
+// extra command.
+struct ClipId {
+    std::uint32_t Value = 0;
 
-// Turns a query into the phrase menu and hands the user's choice on. Belongs to the main thread.
+    bool operator==(const ClipId&) const = default;
+};
+using MenuChoice = std::variant<std::monostate, std::filesystem::path, ClipId, std::int32_t>;
+
+// Turns a query into the phrase menu. Belongs to the main thread.
 class IDataNeededHander_MenuSelf {
   public:
-    struct Parts {
+    struct Collaborators {
         const CVBRCommandTree& Tree;
         const PhraseItemMaker& Items;
-        MenuHistory& History;
+        QueueHistory& History;
         const CVBRSettings& Settings;
         const Strings& Texts;
         MenuPresenter& Presenter;
@@ -55,23 +62,28 @@ class IDataNeededHander_MenuSelf {
         std::function<WindowState(WindowHandle)> StateOf;  // of any window, for the log
     };
 
-    IDataNeededHander_MenuSelf(const Parts& parts, ChoiceNotice notice)
-        : parts_(parts), notice_(std::move(notice)) {}
+    explicit IDataNeededHander_MenuSelf(Collaborators with) : with_(std::move(with)) {}
 
     void ClearFonts();
     // Keyboard layout macros of a chosen phrase are honoured.
     bool IsAllow_SwitchLayout() const { return true; }
     // The hook side is told not to wait for an answer.
     bool IsAllow_WaitAnswerFromExeAgent() const { return false; }
-    bool IsMenuShown() const { return parts_.Presenter.IsShown(); }
+    bool IsMenuShown() const { return with_.Presenter.IsShown(); }
 
-    // Shows the menu and returns when it has closed. Without phrases and history no menu opens. The
-    // answer stays as it is: what is shown here needs no description.
-    void OnDataNeeded(const WPQuery& query, WPAnswer& answer);
+    // Shows the menu; what was chosen when it has closed. Without phrases and history no menu
+    // opens. The answer stays as it is: what is shown here needs no description.
+    MenuChoice OnDataNeeded(const WPQuery& query, WPAnswer& answer);
 
-    // Marks the phrase as the last one chosen and lets it stand among the recent ones. Any other id
-    // does nothing.
-    void RememberCommand(std::uint32_t id);
+    // Marks the phrase as the last one chosen and lets it stand among the recent ones. A file that
+    // is no phrase does nothing.
+    void RememberCommand(const std::filesystem::path& file);
+    // After the phrases were read again: those that are gone are forgotten.
+    void ForgetMissing();
+
+    // What an item stands for, and what a number that another program sends does.
+    MenuChoice ChoiceOf(const MenuSubject& subject) const;
+    MenuChoice ChoiceOfNumber(std::uint32_t number) const;
 
     void SetClipboardAtHotkey(std::u16string text) { clipboardAtHotkey_ = std::move(text); }
     const std::u16string& ClipboardAtHotkey() const { return clipboardAtHotkey_; }
@@ -84,10 +96,9 @@ class IDataNeededHander_MenuSelf {
     std::vector<const VBRCommand*> FindRecent();
     void AddClipboardHistoryIntoMenu(bool withTips, PhraseMenu& menu);
 
-    Parts parts_;
-    ChoiceNotice notice_;
+    Collaborators with_;
     RecentCommands recent_;
-    std::uint32_t lastCommandId_ = 0;
+    std::filesystem::path lastFile_;  // of the phrase chosen last
     std::u16string selectedText_;
     LayoutHandle hkl_ = 0;
     std::u16string clipboardAtHotkey_;

@@ -4,9 +4,9 @@
 #include "phrases/command_record.h"
 
 namespace vbr {
+namespace {
 
-MenuHistoryKind QueueHistory::KindOf(std::size_t index) const {
-    const CCHItem* item = queue_.GetItem(index);
+MenuHistoryKind KindOfItem(const CCHItem* item) {
     switch (item ? item->format : CHF_KELPNOTES) {
         case CHF_ANSI_TEXT:
         case CHF_UNICODE_TEXT:
@@ -18,6 +18,17 @@ MenuHistoryKind QueueHistory::KindOf(std::size_t index) const {
         default:
             return MenuHistoryKind::Other;
     }
+}
+
+}  // namespace
+
+MenuHistoryKind QueueHistory::KindOf(std::size_t index) const {
+    return KindOfItem(queue_.GetItem(index));
+}
+
+std::uint32_t QueueHistory::IdOf(std::size_t index) const {
+    const CCHItem* item = queue_.GetItem(index);
+    return item ? item->id : 0;
 }
 
 std::u16string QueueHistory::MenuCaptionText(std::size_t index) const {
@@ -46,9 +57,9 @@ std::u16string& QueueHistory::MenuTip(std::size_t index) {
     return item ? item->menuTip : outside_;
 }
 
-std::optional<ClipText> QueueHistory::AsPhrase(std::size_t index) const {
-    const CCHItem* item = queue_.GetItem(index);
-    switch (KindOf(index)) {
+std::optional<ClipText> QueueHistory::AsClip(std::uint32_t id) const {
+    const CCHItem* item = queue_.FindById(id);
+    switch (KindOfItem(item)) {
         case MenuHistoryKind::Text:
             return ClipText{kDataTypeText, texts_.FullText(*item)};
         case MenuHistoryKind::FormattedText:

@@ -2,33 +2,31 @@
 #include "menu/right_menu_commands.h"
 
 #include "base/text.h"
-#include "menu/menu_item_info.h"
 
 namespace vbr {
 
-bool RightMenuCommands::OnRightMenuCommand(std::uint32_t code, std::uint32_t id) {
+bool RightMenuCommands::OnRightMenuCommand(std::uint32_t code, const MenuChoice& item) {
     if (code > kLastRightMenuCode) {
         return false;
     }
-    if (static_cast<RightMenuCode>(code) == RightMenuCode::Copy) {
-        if (CopyItem(id)) {
-            parts_.KeepClipboard();
-        } else {
-            parts_.Log.LogError(Concat(u"Cannot copy the item ", id));
-        }
-    } else {
-        parts_.Log.Write(Concat(u"Right-click command ", code, u" of item ", id, u" is off"));
+    if (static_cast<RightMenuCode>(code) != RightMenuCode::Copy) {
+        with_.Log.Write(Concat(u"Right-click command ", code, u" is not available"));
+    } else if (!CopyItem(item)) {
+        with_.Log.LogError(u"Cannot copy the item of the menu");
     }
-    parts_.Menu.RememberCommand(id);
+    if (const auto* file = std::get_if<std::filesystem::path>(&item)) {
+        with_.Menu.RememberCommand(*file);
+    }
     return false;
 }
 
-bool RightMenuCommands::CopyItem(std::uint32_t id) {
-    const VBRCommand* record = parts_.Tree.FindCommand(id);
-    if (record && !record->IsGroup()) {
-        return parts_.Copy(record->DataType != kDataTypeRtf, parts_.Expand(*record));
+bool RightMenuCommands::CopyItem(const MenuChoice& item) {
+    if (const auto* clip = std::get_if<ClipId>(&item)) {
+        return with_.CopyHistoryItem(*clip);
     }
-    return id >= kFirstHistoryItem && parts_.CopyHistoryItem(id - kFirstHistoryItem);
+    const auto* file = std::get_if<std::filesystem::path>(&item);
+    const VBRCommand* record = file ? with_.Tree.FindByFile(*file) : nullptr;
+    return record && with_.Copy(record->DataType != kDataTypeRtf, with_.Expand(*record));
 }
 
 }  // namespace vbr

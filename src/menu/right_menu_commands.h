@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <string>
@@ -17,30 +16,28 @@ namespace vbr {
 // Carries out what the right-click menu of the phrase menu asks for. Belongs to the main thread.
 class RightMenuCommands {
   public:
-    struct Parts {
+    struct Collaborators {
         const CVBRCommandTree& Tree;
         IDataNeededHander_MenuSelf& Menu;
         // The phrase's text or RTF source as it would be delivered.
         std::function<std::u16string(const VBRCommand&)> Expand;
-        // Puts plain text or RTF source on the clipboard; false when that fails.
+        // Puts plain text or RTF source on the clipboard, where it stays; false when that fails.
         std::function<bool(bool plain, std::u16string_view text)> Copy;
-        // Puts the history item of that index on the clipboard; false when that fails.
-        std::function<bool(std::size_t index)> CopyHistoryItem;
-        // The clipboard is not given back what it held before the query.
-        std::function<void()> KeepClipboard;
+        // Puts the history item on the clipboard, where it stays; false when that fails.
+        std::function<bool(ClipId item)> CopyHistoryItem;
         vbr::Log& Log;
     };
 
-    explicit RightMenuCommands(Parts parts) : parts_(std::move(parts)) {}
+    explicit RightMenuCommands(Collaborators with) : with_(std::move(with)) {}
 
     // A code that is not in RightMenuCode does nothing. The item counts as used for any other. True
     // when the phrase menu is to close.
-    bool OnRightMenuCommand(std::uint32_t code, std::uint32_t id);
+    bool OnRightMenuCommand(std::uint32_t code, const MenuChoice& item);
 
   private:
-    bool CopyItem(std::uint32_t id);
+    bool CopyItem(const MenuChoice& item);
 
-    Parts parts_;
+    Collaborators with_;
 };
 
 }  // namespace vbr

@@ -166,6 +166,13 @@ const VBRCommand* CVBRCommandTree::FindCommand(std::uint32_t id) const {
     return id >= 1 && id <= byId_.size() ? byId_[id - 1].Record : nullptr;
 }
 
+const VBRCommand* CVBRCommandTree::FindByFile(const fs::path& file) const {
+    const auto found = std::find_if(byId_.begin(), byId_.end(), [&file](const IndexEntry& entry) {
+        return !entry.Record->IsGroup() && entry.Record->FilePath.native() == file.native();
+    });
+    return found == byId_.end() || file.empty() ? nullptr : found->Record;
+}
+
 const VBRCommand* CVBRCommandTree::FindParent(std::uint32_t id) const {
     return id >= 1 && id <= byId_.size() ? byId_[id - 1].Parent : nullptr;
 }

@@ -42,6 +42,9 @@ class CVBRCommandTree {
     VBRCommand* FindCommand(std::uint32_t id);
     const VBRCommand* FindCommand(std::uint32_t id) const;
 
+    // The phrase, not a group, whose file that is; null when there is none.
+    const VBRCommand* FindByFile(const std::filesystem::path& file) const;
+
     // The group that holds the record with that id; null at the root or for an unknown id.
     const VBRCommand* FindParent(std::uint32_t id) const;
 

@@ -8,13 +8,9 @@
 #include <string_view>
 #include <vector>
 
-namespace vbr {
+#include "platform/system_error.h"
 
-// A failed call of the system: its error code and the system's own text for it.
-struct SystemError {
-    std::uint32_t Code = 0;
-    std::u16string Text;
-};
+namespace vbr {
 
 enum class PathKind { Missing, File, Folder };
 

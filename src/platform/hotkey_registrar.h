@@ -2,7 +2,10 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
+
+#include "platform/system_error.h"
 
 namespace vbr {
 
@@ -11,9 +14,11 @@ class HotkeyRegistrar {
   public:
     virtual ~HotkeyRegistrar() = default;
 
-    // 0, or the system's error code, for instance when another program owns the key.
-    virtual std::uint32_t Register(std::uint16_t mods, std::uint16_t vk) = 0;
+    // Fails for instance when another program owns the key.
+    virtual std::optional<SystemError> Register(std::uint16_t mods, std::uint16_t vk) = 0;
     virtual bool Unregister() = 0;
+    // Takes back the presses that wait to be served.
+    virtual void DropPresses() = 0;
 
     // The key's name on the user's keyboard.
     virtual std::u16string KeyName(std::uint16_t vk) const = 0;

@@ -3,7 +3,10 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string_view>
+
+#include "platform/system_error.h"
 
 namespace vbr {
 
@@ -34,8 +37,9 @@ class NamedObjects {
     // Creates or opens the event; null when neither works.
     virtual std::unique_ptr<NamedEvent> Create(std::u16string_view name, EventReset reset,
                                                ObjectAccess access) = 0;
-    // Opens an existing event to wait for it; null when there is none.
-    virtual std::unique_ptr<NamedEvent> Open(std::u16string_view name) = 0;
+    // Waits for an existing event to be set. The error has the code 0 when the time was over first.
+    virtual std::optional<SystemError> WaitFor(std::u16string_view name,
+                                               std::uint32_t milliseconds) = 0;
     virtual bool Exists(std::u16string_view name) = 0;
     // Sets an existing event; false when nobody has created it.
     virtual bool Signal(std::u16string_view name) = 0;

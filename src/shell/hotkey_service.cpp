@@ -27,69 +27,63 @@ std::u16string HotkeyText(std::uint16_t mods, std::u16string_view keyName) {
     return text.append(keyName);
 }
 
-bool HotkeyService::Install(const HookServiceStart& start, bool libraryExists,
-                            std::u16string& errorText) {
+std::optional<std::u16string> HotkeyService::Install(const HookServiceStart& start,
+                                                     bool libraryExists) {
     if (!CreateInterchangeObjects()) {
-        parts_.ServiceLog.Write(u"ERROR: Cannot create wait objects");
-        Report(u"ERROR: Cannot create wait objects", errorText);
-        return false;
+        with_.Log.Write(u"ERROR: Cannot create wait objects");
+        return Report(u"ERROR: Cannot create wait objects");
     }
-    if (!RegisterHotkey(errorText)) {
-        parts_.ServiceLog.Write(u"ERROR: Cannot register hot key");
+    if (const auto error = RegisterHotkey()) {
+        with_.Log.Write(u"ERROR: Cannot register hot key");
         CloseInterchangeObjects();
         const std::u16string message = Concat(u"ERROR: Cannot register hot key ", HotkeyName());
-        parts_.ServiceLog.Write(message);
-        Report(message, errorText);
-        return false;
+        with_.Log.Write(message);
+        return Concat(u"\n\n", *error, u"\n", Report(message));
     }
-    std::uint32_t code = kHookSuccess;
-    if (!parts_.Hooks.InstallDLLService(start, code)) {
+    if (const auto code = with_.Hooks.InstallDLLService(start)) {
         const std::u16string message =
             Concat(u"ERROR: Cannot kernel DLL install",
                    libraryExists ? u"\nDLL path: " : u"\nDLL not found: ",
-                   parts_.Hooks.LibraryPath(), u"\n\n", DescribeHookError(code));
-        if (code == kHookSuccess) {
-            parts_.ServiceLog.Write(message);
+                   with_.Hooks.LibraryPath(), u"\n\n", DescribeHookError(*code));
+        if (*code == kHookSuccess) {
+            with_.Log.Write(message);
         } else {
-            parts_.ServiceLog.LogError(message);
+            with_.Log.LogError(message);
         }
         UnregisterHotkey();
         CloseInterchangeObjects();
-        Report(message, errorText);
-        return false;
+        return Report(message);
     }
-    if (!parts_.Waiter.Start(*dataNeeded_, *dataCompleted_)) {
+    if (!with_.Waiter.Start(*dataNeeded_, *dataCompleted_)) {
         Stop();
-        parts_.ServiceLog.Write(u"ERROR: Cannot start wait thread for query");
-        Report(u"ERROR: Cannot start wait thread for query", errorText);
-        return false;
+        with_.Log.Write(u"ERROR: Cannot start wait thread for query");
+        return Report(u"ERROR: Cannot start wait thread for query");
     }
-    return true;
+    return std::nullopt;
 }
 
 void HotkeyService::Stop() {
-    parts_.Hooks.UninstallDLLService();
+    with_.Hooks.UninstallDLLService();
     UnregisterHotkey();
-    parts_.Waiter.Stop();
+    with_.Waiter.Stop();
     CloseInterchangeObjects();
 }
 
 void HotkeyService::RestartWait() {
     if (dataNeeded_ && dataCompleted_) {
-        parts_.Waiter.Start(*dataNeeded_, *dataCompleted_);
+        with_.Waiter.Start(*dataNeeded_, *dataCompleted_);
     }
 }
 
 std::u16string HotkeyService::HotkeyName() const {
-    return HotkeyText(parts_.Settings.HotkeyMods, parts_.Hotkeys.KeyName(parts_.Settings.HotkeyVk));
+    return HotkeyText(with_.Settings.HotkeyMods, with_.Hotkeys.KeyName(with_.Settings.HotkeyVk));
 }
 
 bool HotkeyService::CreateInterchangeObjects() {
-    area_ = parts_.Memory.Create(kAreaInterchange, kAreaInterchangeSize);
-    dataNeeded_ =
-        parts_.Objects.Create(kEventDataNeeded, EventReset::Manual, ObjectAccess::Default);
+    area_ = with_.Memory.Create(kAreaInterchange, kAreaInterchangeSize);
+    dataNeeded_ = with_.Objects.Create(kEventDataNeeded, EventReset::Manual, ObjectAccess::Default);
     dataCompleted_ =
-        parts_.Objects.Create(kEventDataCompleted, EventReset::Manual, ObjectAccess::Default);
+        with_.Objects.Create(kEventDataCompleted, EventReset::Manual, ObjectAccess::Default);
     if (area_ && dataNeeded_ && dataCompleted_) {
         return true;
     }
@@ -103,40 +97,34 @@ void HotkeyService::CloseInterchangeObjects() {
     dataCompleted_.reset();
 }
 
-bool HotkeyService::RegisterHotkey(std::u16string& errorText) {
+std::optional<std::u16string> HotkeyService::RegisterHotkey() {
     if (hotkeyRegistered_) {
-        return true;
+        return std::nullopt;
     }
-    CVBRSettings& settings = parts_.Settings;
+    CVBRSettings& settings = with_.Settings;
     if (settings.HotkeyVk == 0) {
         settings.HotkeyVk = kVkEnter;
         if (settings.HotkeyMods == 0) {
             settings.HotkeyMods = kModAlt | kModControl;
         }
     }
-    const std::uint32_t error = parts_.Hotkeys.Register(settings.HotkeyMods, settings.HotkeyVk);
-    hotkeyRegistered_ = error == 0;
-    if (hotkeyRegistered_) {
-        shared_.WriteSharedSettings(settings.HotkeyVk, settings.HotkeyMods, settings.Hotkey_Doubled,
-                                    u"");
-    } else {
-        const std::u16string message = Concat(u"Cannot register hotkey. Error: ", error);
-        errorText += Concat(u"\n\n", message);
-        parts_.Messages.push_back(message);
+    if (const auto error = with_.Hotkeys.Register(settings.HotkeyMods, settings.HotkeyVk)) {
+        return Report(Concat(u"Cannot register hotkey. Error: ", error->Code));
     }
-    return hotkeyRegistered_;
+    hotkeyRegistered_ = true;
+    shared_.WriteSharedSettings(settings.HotkeyVk, settings.HotkeyMods, settings.Hotkey_Doubled,
+                                u"");
+    return std::nullopt;
 }
 
 void HotkeyService::UnregisterHotkey() {
-    if (hotkeyRegistered_ && parts_.Hotkeys.Unregister()) {
+    if (hotkeyRegistered_ && with_.Hotkeys.Unregister()) {
         hotkeyRegistered_ = false;
     }
 }
 
-void HotkeyService::Report(const std::u16string& message, std::u16string& errorText) {
-    parts_.Messages.push_back(message);
-    errorText += errorText.empty() ? u"" : u"\n";
-    errorText += message;
+std::u16string HotkeyService::Report(std::u16string_view message) {
+    return with_.Messages.emplace_back(message);
 }
 
 }  // namespace vbr

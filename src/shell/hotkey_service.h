@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -29,28 +30,31 @@ std::u16string HotkeyText(std::uint16_t mods, std::u16string_view keyName);
 // main thread.
 class HotkeyService {
   public:
-    struct Parts {
+    struct Collaborators {
         CVBRSettings& Settings;
         CVBRDLLService& Hooks;
         QueryWaiter& Waiter;
         HotkeyRegistrar& Hotkeys;
         NamedObjects& Objects;
         SharedMemory& Memory;
-        Log& ServiceLog;
+        vbr::Log& Log;
         MessageList& Messages;
     };
 
-    explicit HotkeyService(const Parts& parts) : parts_(parts), shared_(parts.Memory) {}
+    explicit HotkeyService(const Collaborators& with) : with_(with), shared_(with.Memory) {}
 
-    // Turns the service on. On a failure everything made is undone, `errorText` tells the user why,
+    // Turns the service on. On a failure everything made is undone, the text tells the user why,
     // and the message list keeps it.
-    bool Install(const HookServiceStart& start, bool libraryExists, std::u16string& errorText);
+    std::optional<std::u16string> Install(const HookServiceStart& start, bool libraryExists);
     void Stop();
     // Waits for queries anew after the wait has failed.
     void RestartWait();
 
+    // A query has come from a target and is not yet handed over.
+    bool IsQueryOnItsWay() const { return with_.Waiter.IsBusy(); }
+
     // The hook library is installed: a hot key press will be served.
-    bool IsInstalled() const { return parts_.Hooks.IsInstalled(); }
+    bool IsInstalled() const { return with_.Hooks.IsInstalled(); }
 
     // The settings' hot key in words.
     std::u16string HotkeyName() const;
@@ -61,11 +65,12 @@ class HotkeyService {
   private:
     bool CreateInterchangeObjects();
     void CloseInterchangeObjects();
-    bool RegisterHotkey(std::u16string& errorText);
+    std::optional<std::u16string> RegisterHotkey();
     void UnregisterHotkey();
-    void Report(const std::u16string& message, std::u16string& errorText);
+    // For the user's report; gives the message back.
+    std::u16string Report(std::u16string_view message);
 
-    Parts parts_;
+    Collaborators with_;
     SharedSettings shared_;
     bool hotkeyRegistered_ = false;
     std::unique_ptr<SharedBlock> area_;

@@ -100,17 +100,10 @@ void InstanceControl::WaitForNextInstance(std::uint32_t delaySeconds) {
 
 void InstanceControl::TakeOver() {
     objects_.Signal(kEventExit);
-    const auto ended = objects_.Open(kEventTakeOver);
-    std::uint32_t code = ended ? 0 : errors_.LastError();
-    if (ended) {
-        const WaitResult result = ended->Wait(kTakeOverWaitMs);
-        if (result == WaitResult::Signalled) {
-            return;
-        }
-        code = result == WaitResult::Failed ? errors_.LastError() : 0;
+    if (const auto error = objects_.WaitFor(kEventTakeOver, kTakeOverWaitMs)) {
+        log_.LogError(Concat(u"Cannot wait event from first instance\n\nError Code: ", error->Code,
+                             u"\n", error->Text));
     }
-    log_.LogError(Concat(u"Cannot wait event from first instance\n\nError Code: ", code, u"\n",
-                         errors_.TextOf(code)));
 }
 
 void InstanceControl::SignalRunning(const CVBRCmdLine& cmdLine) {

@@ -9,7 +9,6 @@
 #include "platform/autostart.h"
 #include "platform/log.h"
 #include "platform/named_objects.h"
-#include "platform/system_error_text.h"
 #include "shell/command_line.h"
 
 namespace vbr {
@@ -24,9 +23,8 @@ inline constexpr int kExitReleasedDelay = 12;  // another process left its autos
 // the one resident instance of the session. Named events are all that instances share.
 class InstanceControl {
   public:
-    InstanceControl(NamedObjects& objects, Autostart& autostart, const SystemErrorText& errors,
-                    Log& log)
-        : objects_(objects), autostart_(autostart), errors_(errors), log_(log) {}
+    InstanceControl(NamedObjects& objects, Autostart& autostart, Log& log)
+        : objects_(objects), autostart_(autostart), log_(log) {}
 
     // The steps up to the instance event. An exit code, or nothing when this process is to be the
     // resident instance and now owns the event. `makeLanguage` prepares the texts after the
@@ -53,7 +51,6 @@ class InstanceControl {
 
     NamedObjects& objects_;
     Autostart& autostart_;
-    const SystemErrorText& errors_;
     Log& log_;
     std::unique_ptr<NamedEvent> instance_;
 };

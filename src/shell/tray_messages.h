@@ -40,6 +40,14 @@ inline constexpr std::uint32_t kPhraseMenuMs = 500;
 inline constexpr std::uintptr_t kTimerLateWatchers = 1248;
 inline constexpr std::uint32_t kLateWatchersMs = 3000;
 
+// Nobody else knows these.
+inline constexpr std::uintptr_t kTimerInstallIcon = 1;
+inline constexpr std::uint32_t kInstallIconMs = 2000;
+inline constexpr std::uintptr_t kTimerBlink = 2;
+inline constexpr std::uint32_t kBlinkMs = 250;
+inline constexpr std::uintptr_t kTimerInstallSpy = 3;
+inline constexpr std::uint32_t kInstallSpyMs = 2000;
+
 inline constexpr std::uint32_t kTrayIconId = 10;
 inline constexpr std::uint32_t kHistoryControlId = 1333;
 inline constexpr int kHotkeyId = 1;

@@ -5,7 +5,7 @@
 #include <gtest/gtest.h>
 #include <memory>
 
-#include "fakes/guard_desk.h"
+#include "fakes/guard_fixture.h"
 
 namespace vbr {
 namespace {
@@ -15,7 +15,7 @@ using testing::IsEmpty;
 
 constexpr std::uint32_t kAccessViolation = 0xC0000005;
 
-class GuardedSectionsTest : public testing::Test, protected GuardDesk {
+class GuardedSectionsTest : public testing::Test, protected GuardFixture {
   protected:
     FakeAlertBox::Box ErrorBox(const std::u16string& text) {
         return {text, u"Vellumbridge", 0x40010};

@@ -142,10 +142,10 @@ TEST(AnswerDocument, TextsAreCutAndNoColumnsLeaveTheElementOut) {
 
 // What the program reads of what the library writes.
 WPQuery ReadBack(const QueryFacts& facts, std::size_t size = kQueryDocumentMax) {
-    std::vector<char> room(size, 'x');
+    std::vector<char> buffer(size, 'x');
     WPQuery query;
-    EXPECT_TRUE(WriteQueryDocument(facts, room.data(), room.size()));
-    EXPECT_TRUE(ParseQuery(room.data(), query));
+    EXPECT_TRUE(WriteQueryDocument(facts, buffer.data(), buffer.size()));
+    EXPECT_TRUE(ParseQuery(buffer.data(), query));
     return query;
 }
 
@@ -190,10 +190,10 @@ TEST(QueryWriter, WhatIsNoCharacterIsReplacedOrLeftOut) {
 
 TEST(QueryWriter, ASelectionThatDoesNotFitIsToldAsUnknownAndNotCut) {
     const std::u16string text(1000, u'x');
-    std::vector<char> room(4096);
+    std::vector<char> buffer(4096);
     const QueryFacts facts{.SelText = text, .StateSelText = kSelTextExtracted};
-    ASSERT_TRUE(WriteQueryDocument(facts, room.data(), room.size()));
-    const std::size_t whole = std::string_view(room.data()).size() + 1;
+    ASSERT_TRUE(WriteQueryDocument(facts, buffer.data(), buffer.size()));
+    const std::size_t whole = std::string_view(buffer.data()).size() + 1;
     EXPECT_EQ(ReadBackSelection(text, whole).SelText, text);
     const WPQuery tight = ReadBackSelection(text, whole - 1);
     EXPECT_EQ(tight.SelText, u"");
@@ -205,8 +205,8 @@ TEST(QueryWriter, RoomThatIsTooSmallIsNeverOverrun) {
     const QueryFacts facts{.AppPath = path};
     for (std::size_t size = 0; size < 300; ++size) {
         // The sanitizer guards the end.
-        const auto room = std::make_unique<char[]>(size);
-        EXPECT_FALSE(WriteQueryDocument(facts, room.get(), size)) << size;
+        const auto buffer = std::make_unique<char[]>(size);
+        EXPECT_FALSE(WriteQueryDocument(facts, buffer.get(), size)) << size;
     }
 }
 

@@ -3,25 +3,23 @@
 
 #include <gtest/gtest.h>
 
-#include "fakes/exchange_desk.h"
+#include "fakes/exchange_fixture.h"
 
 namespace vbr {
 namespace {
 
-class HookService : public testing::Test, protected ExchangeDesk {
+class HookService : public testing::Test, protected ExchangeFixture {
   protected:
-    bool Install() { return Service.InstallDLLService({}, code_); }
+    std::optional<std::uint32_t> Install() { return Service.InstallDLLService({}); }
 
     void ExpectFailure(std::uint32_t code, const Journal& calls) {
         Calls.clear();
-        EXPECT_FALSE(Install());
-        EXPECT_EQ(code_, code);
+        EXPECT_EQ(Install(), code);
         EXPECT_EQ(Calls, calls);
         EXPECT_FALSE(Service.IsInstalled());
         EXPECT_TRUE(Objects.Owned.empty());
     }
 
-    std::uint32_t code_ = 99;
     WPQuery query_;
 };
 
@@ -41,7 +39,7 @@ TEST_F(HookService, TheLibraryIsToldTheLogsPathOnlyWhileTheLogIsOn) {
     Library.InstallResult = false;
     Install();
     EXPECT_EQ(Library.LogPath, std::nullopt);
-    Service.InstallDLLService({.LogPath = u"C:\\log.txt"}, code_);
+    Service.InstallDLLService({.LogPath = u"C:\\log.txt"});
     EXPECT_EQ(Library.LogPath, u"C:\\log.txt");
 }
 
@@ -55,10 +53,8 @@ TEST_F(HookService, UninstallWakesAllWindowsBeforeTheLibraryGoes) {
 }
 
 TEST_F(HookService, ALibraryThatIsInstalledStaysThroughASecondInstallAndARefusedUninstall) {
-    EXPECT_TRUE(Install());
-    EXPECT_EQ(code_, 0U);
-    EXPECT_FALSE(Install());
-    EXPECT_EQ(code_, 2U);
+    EXPECT_EQ(Install(), std::nullopt);
+    EXPECT_EQ(Install(), 2U);
     for (const std::optional<bool> answer : {std::optional(false), std::optional<bool>()}) {
         Library.UninstallResult = answer;
         EXPECT_FALSE(Service.UninstallDLLService());
@@ -71,7 +67,7 @@ TEST_F(HookService, AQueryTellsTheTargetWithOrWithoutASelection) {
     Install();
     Library.Target = 50;
     for (const std::u16string& selected : {std::u16string(), std::u16string(u"selected")}) {
-        Clock.WhileAsleep = [&] { Clipboard.Content = selected; };
+        LetTargetCopy(selected);
         EXPECT_EQ(Service.SendMessageToTargetWindow(0, query_), QueryStart::Local);
         EXPECT_EQ(query_.SelText, selected);
         EXPECT_EQ(query_.StateSelText, selected.empty() ? 1 : 2);
@@ -91,14 +87,20 @@ TEST_F(HookService, EachQueryNamesItsTargetInTheLog) {
               u"exe=[program 52] GetBinaryType=[1], dwType b64=[1], b32=[1]");
 }
 
-TEST_F(HookService, OnThePostedRoadTheTargetGetsTheMessageAndTheQueryStaysEmpty) {
-    PostedRoad road(Windows, Selection, 777, Log);
-    CVBRDLLService service(Library, Objects, Windows, road, u"L:\\lib.dll", Log);
-    service.InstallDLLService({}, code_);
+TEST_F(HookService, OnThePostedRouteTheTargetGetsTheMessageAndTheQueryNamesItAlone) {
+    PostedRoute route(Windows, Selection, 777, Log);
+    CVBRDLLService service({.Library = Library,
+                            .LibraryPath = u"L:\\lib.dll",
+                            .Objects = Objects,
+                            .Windows = Windows,
+                            .Route = route,
+                            .Log = Log});
+    service.InstallDLLService({});
     Library.Target = 50;
     EXPECT_EQ(service.SendMessageToTargetWindow(1, query_), QueryStart::Posted);
     EXPECT_EQ(Calls.back(), "post 777 with 1 to 50");
-    EXPECT_EQ(query_.TargetWindow, 0U);
+    EXPECT_EQ(query_.TargetWindow, 50U);
+    EXPECT_EQ(query_.WindowClassName, u"");
     Windows.Posts = false;
     EXPECT_EQ(service.SendMessageToTargetWindow(0, query_), QueryStart::Failed);
     // The library can't be in there to answer.
@@ -108,12 +110,12 @@ TEST_F(HookService, OnThePostedRoadTheTargetGetsTheMessageAndTheQueryStaysEmpty)
     EXPECT_EQ(query_.TargetWindow, 60U);
 }
 
-TEST(QueryRoad, TheSystemChoosesUnlessOneIsForced) {
-    EXPECT_EQ(ChooseRoad(true, std::nullopt), RoadKind::Local);
-    EXPECT_EQ(ChooseRoad(false, std::nullopt), RoadKind::Posted);
-    EXPECT_EQ(ChooseRoad(true, ParseRoad(u"Posted")), RoadKind::Posted);
-    EXPECT_EQ(ChooseRoad(false, ParseRoad(u"local")), RoadKind::Local);
-    EXPECT_EQ(ParseRoad(u"neither"), std::nullopt);
+TEST(QueryRoute, TheSystemChoosesUnlessOneIsForced) {
+    EXPECT_EQ(ChooseRoute(true, std::nullopt), RouteKind::Local);
+    EXPECT_EQ(ChooseRoute(false, std::nullopt), RouteKind::Posted);
+    EXPECT_EQ(ChooseRoute(true, ParseRoute(u"Posted")), RouteKind::Posted);
+    EXPECT_EQ(ChooseRoute(false, ParseRoute(u"local")), RouteKind::Local);
+    EXPECT_EQ(ParseRoute(u"neither"), std::nullopt);
 }
 
 TEST_F(HookService, WithoutATargetTheQueryFailsAndNothingIsCopied) {
@@ -125,14 +127,23 @@ TEST_F(HookService, WithoutATargetTheQueryFailsAndNothingIsCopied) {
     EXPECT_TRUE(Input.Sent.empty());
 }
 
-TEST_F(HookService, TheTargetCopiesToAnEmptiedClipboardAndGetsTimeForIt) {
-    Clock.WhileAsleep = [&] { Calls.push_back("sleep"); };
+TEST_F(HookService, TheTargetCopiesToAnEmptiedClipboardOutsideTheHistoryAndGetsTimeForIt) {
+    Clock.WhileAsleep = [&] {
+        EXPECT_TRUE(OwnCopy.IsMyCopy());
+        Calls.push_back("sleep");
+    };
     Selection.ExtractSelectedText(50);
-    EXPECT_EQ(Calls,
-              (Journal{"block history", "empty", "keys", "copy message to 50", "sleep", "read"}));
+    EXPECT_EQ(Calls, (Journal{"open 0", "empty", "close", "keys", "copy message to 50", "sleep"}));
     EXPECT_EQ(Clock.Sleeps, std::vector{400U});
     const std::vector<KeyEvent> copyKeys = {{17, 0, 4}, {67, 0, 4}, {67, 0, 6}, {17, 0, 6}};
     EXPECT_EQ(Input.Sent.at(0), copyKeys);
+}
+
+TEST_F(HookService, TextThatATargetCopiesWithoutUnicodeCountsToo) {
+    Clock.WhileAsleep = [&] {
+        Clipboard.Copy({FakeClipboardAccess::Memory(kClipText, std::string_view("ansi\0x", 6))});
+    };
+    EXPECT_EQ(Selection.ExtractSelectedText(50), u"ansi");
 }
 
 TEST_F(HookService, AClipboardThatCouldNotBeKeptIsNotCopiedOver) {

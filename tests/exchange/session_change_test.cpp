@@ -17,20 +17,10 @@ constexpr std::uint32_t kLogoff = 6;
 constexpr std::uint32_t kLock = 7;
 constexpr std::uint32_t kUnlock = 8;
 
-class FakeSpy : public SessionActions {
-  public:
+struct FakeSpy {
     bool Running = true;
     Journal Calls;
 
-    bool IsSpyRunning() const override { return Running; }
-    bool StartSpy() override { return Turn("start", true); }
-    bool StopSpy() override { return Turn("stop", false); }
-    void UpdateIcon() override { Calls.push_back("icon"); }
-    void AnnounceSessionEvent(std::uint32_t reason) override {
-        Calls.push_back("announce " + std::to_string(reason));
-    }
-
-  private:
     bool Turn(const char* call, bool on) {
         Calls.push_back(call);
         Running = on;
@@ -49,7 +39,15 @@ class SessionWatchTest : public testing::Test {
 
     FakeSpy spy_;
     MemoryLog log_;
-    SessionWatch watch_{spy_, log_};
+    SessionWatch watch_{{.IsSpyRunning = [this] { return spy_.Running; },
+                         .StartSpy = [this] { return spy_.Turn("start", true); },
+                         .StopSpy = [this] { return spy_.Turn("stop", false); },
+                         .OnSpyChanged = [this] { spy_.Calls.push_back("icon"); },
+                         .Announce =
+                             [this](std::uint32_t reason) {
+                                 spy_.Calls.push_back("announce " + std::to_string(reason));
+                             }},
+                        log_};
 };
 
 TEST_F(SessionWatchTest, LeavingStopsTheHistoryAndComingBackStartsIt) {

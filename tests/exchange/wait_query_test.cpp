@@ -6,7 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "base/text.h"
-#include "fakes/exchange_desk.h"
+#include "fakes/exchange_fixture.h"
 #include "fakes/fake_shared_memory.h"
 
 namespace vbr {
@@ -18,7 +18,7 @@ using testing::HasSubstr;
 constexpr std::u16string_view kArea = u"area";
 
 class WaitQuery : public testing::Test,
-                  protected ExchangeDesk,
+                  protected ExchangeFixture,
                   private QuerySignals,
                   private QueryReceiver {
   protected:
@@ -128,7 +128,8 @@ TEST_F(WaitQuery, OnlyATextThatTheHookSideFailedToGetIsExtractedHere) {
     for (const auto& c : cases) {
         Lay("<WPQuery><HWND>9</HWND><SelText StateSelText='" + c.State + "'>" + c.Text +
             "</SelText></WPQuery>");
-        Clock.WhileAsleep = [&] { Clipboard.Content = c.Copied; };
+        Clipboard.Copy({});
+        LetTargetCopy(c.Copied);
         Run({kQuery, kStop});
         EXPECT_EQ(received_.SelText, c.SelText);
         EXPECT_EQ(received_.StateSelText, c.StateSelText);

@@ -34,8 +34,12 @@ class FakeNamedObjects : public NamedObjects {
         Made[name] = {reset, access};
         return std::make_unique<Event>(*this, name);
     }
-    std::unique_ptr<NamedEvent> Open(Name name) override {
-        return Exists(name) ? std::make_unique<Event>(*this, name) : nullptr;
+    std::optional<SystemError> WaitFor(Name name, std::uint32_t milliseconds) override {
+        if (!Exists(name)) {
+            return SystemError{2, u"not there"};
+        }
+        return OnWait(name, milliseconds) == WaitResult::Signalled ? std::nullopt
+                                                                   : std::optional(SystemError());
     }
     bool Exists(Name name) override { return Others.contains(name) || Owned.contains(name); }
     bool Signal(Name name) override { return Note(name, Signals); }

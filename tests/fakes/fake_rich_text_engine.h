@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <functional>
 #include <vector>
 
 #include "base/text.h"
@@ -16,8 +17,10 @@ class FakeRichTextEngine : public RichTextEngine {
     bool CanSave = true;
     bool CanTurnCase = false;  // while it loads
     bool ShowsText = true;     // unit by unit
+    std::function<void()> OnLoad = [] {};
 
     bool LoadSource(std::u16string_view source) override {
+        OnLoad();
         text_.clear();
         colors_.clear();
         if (!source.starts_with(u'{') || !source.ends_with(u'}')) {

@@ -18,6 +18,9 @@ class MemoryLog : public Log {
     std::vector<std::u16string> Lines;
     std::vector<std::u16string> Sections;
 
+    bool On = true;
+    bool IsLogOn() const override { return On; }
+
     void Write(std::u16string_view text) override {
         const std::lock_guard lock(mutex_);
         Lines.emplace_back(text);

@@ -19,6 +19,12 @@ struct PhraseTree {
     CommandSaver Saver{Files};
     CVBRCommandTree Tree{Files, Saver, Clock, Log};
 
+    // Writes a phrase titled as its file.
+    void Write(const std::string& path) {
+        VBRCommand record;
+        record.Text = std::filesystem::path(path).stem().u16string();
+        Folder.Write(path, CommandToXml(record));
+    }
     // Writes a phrase, titled as its file, and loads the tree again.
     void Add(const std::string& path, std::u16string_view text,
              std::int32_t dataType = kDataTypeText, std::uint32_t flagsMenu = 0) {

@@ -4,7 +4,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "fakes/delivery_desk.h"
+#include "fakes/delivery_fixture.h"
 #include "macros/clipboard_forms.h"
 #include "macros/key_events.h"
 
@@ -14,75 +14,76 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-class CommandDeliveryTest : public testing::Test, protected DeliveryDesk {
+class CommandDeliveryTest : public testing::Test, protected DeliveryFixture {
   protected:
-    DeliverResult Deliver(std::uint32_t id, const DeliveryContext& context) {
-        return Delivery.DeliverCommand(id, 7, context);
-    }
-    DeliverResult Deliver(std::uint32_t id) {
-        return Deliver(id, {.ClipboardText = u"c", .SelText = u"s", .Language = kEnglish});
+    std::filesystem::path File() const { return Phrases.Folder.Path() / "p.vellumbridge"; }
+    bool Deliver(const DeliveryContext& context = {
+                     .ClipboardText = u"c", .SelText = u"s", .Language = kEnglish}) {
+        return Delivery.DeliverPhrase(File(), 7, context);
     }
     int Uses() const { return Phrases.Tree.FindCommand(1)->UsageCount; }
 };
 
 TEST_F(CommandDeliveryTest, TypesTheExpandedPhraseAndCountsOneMoreUse) {
     Phrases.Add("p.vellumbridge", u"%ACTIVATE_KL_EN%%CLIPBOARD_TEXT%%CURSOR_POS%%SELECTED_TEXT%");
-    EXPECT_EQ(Deliver(1, {u"c", u"s", kEnglish, false}), DeliverResult::Phrase);
+    EXPECT_TRUE(Deliver({u"c", u"s", kEnglish, false}));
     EXPECT_THAT(Input.Sent,
                 ElementsAre(ElementsAre(KeyEvent{17, 0, 2, 0}), PrintEvents(u"cs", 1, Input)));
-    EXPECT_THAT(Calls, ElementsAre("sound 0", "own copy begins", "keys", "keys", "own copy ends"));
+    EXPECT_THAT(Heard(), ElementsAre("kbd.wav"));
+    EXPECT_TRUE(Told(u"PULSEMY_COPY=1"));
+    EXPECT_FALSE(OwnCopy.IsMyCopy());
     EXPECT_EQ(Uses(), 1);
 }
 
-TEST_F(CommandDeliveryTest, AnIdThatNothingAnswersToGivesTheClipboardBack) {
+TEST_F(CommandDeliveryTest, AFileThatIsNoPhraseOfTheTreeIsNotDelivered) {
     Phrases.Add("group/p.vellumbridge", u"text");
-    ASSERT_TRUE(Phrases.Tree.FindCommand(1)->IsGroup());
-    for (const std::uint32_t id : {0U, 1U, 3U, 1999U, 2000U}) {
-        EXPECT_EQ(Deliver(id), DeliverResult::Nothing) << id;
+    for (const char* name : {"group", "p.vellumbridge"}) {
+        EXPECT_FALSE(Delivery.DeliverPhrase(Phrases.Folder.Path() / name, 7, {}));
     }
-    EXPECT_EQ(Calls, Journal(5, "restore"));
+    EXPECT_FALSE(Delivery.DeliverPhrase({}, 7, {}));
+    EXPECT_THAT(Input.Sent, IsEmpty());
 }
 
 TEST_F(CommandDeliveryTest, AnEmptyPhraseTypesNothingAndIsCounted) {
     Phrases.Add("p.vellumbridge", u"");
-    EXPECT_EQ(Deliver(1), DeliverResult::Phrase);
+    EXPECT_TRUE(Deliver());
     EXPECT_THAT(Input.Sent, IsEmpty());
     EXPECT_EQ(Uses(), 1);
 }
 
 TEST_F(CommandDeliveryTest, HistoryItemsGoOutAndStayOnTheClipboardAsTheyStand) {
-    Host.History = {{0, {kDataTypeText, u"t%SELECTED_TEXT%"}},
-                    {1, {kDataTypeRtf, u"{r%SELECTED_TEXT%}"}}};
-    EXPECT_EQ(Deliver(2000), DeliverResult::HistoryItem);
+    const DeliveryContext context{.SelText = u"s", .Language = kEnglish};
+    Delivery.DeliverClip({kDataTypeText, u"t%SELECTED_TEXT%"}, 7, context);
     EXPECT_EQ(Typed(), u"ts");
     EXPECT_EQ(Clipboard.Find(kClipUnicodeText)->Bytes,
               FakeClipboardAccess::Text(u"t%SELECTED_TEXT%").Bytes);
-    EXPECT_EQ(Deliver(2001), DeliverResult::HistoryItem);
+    Delivery.DeliverClip({kDataTypeRtf, u"{r%SELECTED_TEXT%}"}, 7, context);
     const std::uint32_t rich = Clipboard.RegisterFormat(kRichTextFormat);
     EXPECT_EQ(OnClipboard(rich), std::string("{r%SELECTED_TEXT%}") + '\0');
-    EXPECT_EQ(Deliver(2002), DeliverResult::Nothing);
 }
 
 TEST_F(CommandDeliveryTest, PromptsComeInOrderBetweenTextsThatAreAllExpandedBefore) {
     Phrases.Add("p.vellumbridge",
                 u"a%SELECTED_TEXT%%PROMPT_TEXT={%DATE%}%b%TIME%%PROMPT_TEXT={}%c");
     Macros.Clock.Local.Second = 1;
-    Prompts.WhileOpen = [this] { Macros.Clock.Local.Second = 2; };
+    Prompts.WhileOpen = [this] {
+        Macros.Clock.Local.Second = 2;
+        EXPECT_TRUE(OwnCopy.IsMyCopy());
+    };
     Prompts.Answers = {u"%x%", std::nullopt};
-    EXPECT_EQ(Deliver(1), DeliverResult::Phrase);
+    EXPECT_TRUE(Deliver());
     EXPECT_EQ(Typed(), u"as%x%b0:0:1c");
     EXPECT_THAT(Prompts.Defaults, ElementsAre(u"%DATE%", u""));
-    EXPECT_THAT(Calls,
-                ElementsAre("sound 0", "own copy begins", "keys", "keys", "prompt", "keys", "keys",
-                            "keys", "keys", "prompt", "keys", "keys", "own copy ends"));
+    EXPECT_THAT(Calls, ElementsAre("keys", "keys", "prompt", "keys", "keys", "keys", "keys",
+                                   "prompt", "keys", "keys"));
     EXPECT_EQ(Uses(), 1);
 }
 
-TEST_F(CommandDeliveryTest, AnEmptyAnswerTouchesNothingOnTheClipboardRoad) {
-    Settings.Method = 1;
+TEST_F(CommandDeliveryTest, AnEmptyAnswerTouchesNothingOnTheClipboard) {
+    Paste.Method = 1;
     Phrases.Add("p.vellumbridge", u"%PROMPT_TEXT={}%");
     Prompts.Answers = {u""};
-    Deliver(1);
+    Deliver();
     EXPECT_THAT(Clipboard.Blocks, IsEmpty());
     EXPECT_THAT(Input.Sent, IsEmpty());
 }
@@ -95,7 +96,7 @@ TEST_F(CommandDeliveryTest, PhrasesReadAgainUnderAPromptDoNotCountForAnother) {
         Phrases.Tree.LoadTree(Phrases.Folder.Path());
     };
     Prompts.Answers = {u"typed"};
-    EXPECT_EQ(Deliver(1), DeliverResult::Handled);
+    EXPECT_TRUE(Deliver());
     EXPECT_EQ(Typed(), u"typed");
     EXPECT_EQ(Uses(), 0);
 }
@@ -104,15 +105,15 @@ TEST_F(CommandDeliveryTest, CommandsGetTheSelectionAsOneLineAndPromptsGoToTheTar
     Phrases.Add("p.vellumbridge", u"https://x/?q=%SELECTED_TEXT%%CURSOR_POS%%PROMPT_TEXT={d}%",
                 kDataTypeExec);
     Prompts.Answers = {u"answer"};
-    EXPECT_EQ(Deliver(1, {.ClipboardText = u"", .SelText = u"a\r\nb"}), DeliverResult::Phrase);
+    EXPECT_TRUE(Deliver({.ClipboardText = u"", .SelText = u"a\r\nb"}));
     EXPECT_THAT(Starter.Started, ElementsAre(u"[https://x/?q=a b][]"));
     EXPECT_EQ(Typed(), u"answer");
-    EXPECT_EQ(Calls.front(), "sound 1");
+    EXPECT_THAT(Heard(), testing::Each("launch.wav"));
 }
 
 TEST_F(CommandDeliveryTest, RichPhrasesArePastedWithTheirMacros) {
     Phrases.Add("p.vellumbridge", u"{\\1a%SELECTED_TEXT%%CURSOR_POS%bc}", kDataTypeRtf);
-    Deliver(1);
+    Deliver();
     const std::uint32_t rich = Clipboard.RegisterFormat(kRichTextFormat);
     EXPECT_EQ(OnClipboard(rich), std::string("{\\1asbc}") + '\0');
     EXPECT_EQ(Input.Sent.back(), CursorEvents(1));
@@ -134,7 +135,7 @@ TEST_F(CommandDeliveryTest, TheLayoutIsSwitchedWhenAnInstalledOneIsAskedFor) {
     for (const auto& c : cases) {
         Input.Sent.clear();
         Phrases.Add("p.vellumbridge", c.Text);
-        Deliver(1, {u"", u"", c.Language, c.MaySwitch});
+        Deliver({u"", u"", c.Language, c.MaySwitch});
         const auto toggle = LayoutToggleEvents(LayoutToggle::AltShift, Input);
         EXPECT_EQ(Input.Sent.front() == toggle, c.Switches) << Utf16ToUtf8(c.Text);
     }
@@ -144,10 +145,10 @@ TEST_F(CommandDeliveryTest, ATargetThatIsGoneOrOutOfReachIsToldAndTheTextGoesOut
     Phrases.Add("p.vellumbridge", u"%PROMPT_TEXT={}%x");
     Targets.Elevated = {7};
     Prompts.Answers = {std::nullopt, std::nullopt};
-    Deliver(1);
+    Deliver();
     EXPECT_TRUE(Told(u"administrator"));
     Targets.Gone = {7};
-    Deliver(1);
+    Deliver();
     EXPECT_TRUE(Told(u"gone"));
     EXPECT_EQ(Typed(), u"xx");
 }
@@ -199,9 +200,9 @@ TEST_F(CommandDeliveryTest, ACommandPlaysASoundOrTellsWhatFailed) {
     Starter.Files = {u"t.exe"};
     Commands.ExecuteCommandLine(5, u"t.exe 1");
     EXPECT_THAT(Starter.Started, ElementsAre(u"[t.exe][ 1]"));
-    EXPECT_THAT(Calls, ElementsAre("sound 1"));
+    EXPECT_THAT(Heard(), ElementsAre("launch.wav"));
     EXPECT_THAT(Starter.Failures, IsEmpty());
-    Starter.Error = 2;
+    Starter.Error = SystemError{2, u"error 2"};
     Commands.ExecuteCommandLine(5, u"t.exe 1");
     const std::u16string text =
         u"error 2\n\nCommand: t.exe 1\n\nSource Command: t.exe 1\n\nProcessed Command:\n"
@@ -209,7 +210,7 @@ TEST_F(CommandDeliveryTest, ACommandPlaysASoundOrTellsWhatFailed) {
     EXPECT_THAT(Starter.Failures,
                 ElementsAre(FakeProgramStarter::Failure{5, text, u"Vellumbridge"}));
     EXPECT_EQ(Macros.Log.Lines, std::vector{u"ERROR: " + text});
-    EXPECT_THAT(Calls, ElementsAre("sound 1"));
+    EXPECT_THAT(Heard(), ElementsAre("launch.wav"));
 }
 
 }  // namespace

@@ -4,7 +4,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "fakes/delivery_desk.h"
+#include "fakes/delivery_fixture.h"
 
 namespace vbr {
 namespace {

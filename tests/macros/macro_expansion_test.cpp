@@ -2,7 +2,7 @@
 #include <random>
 #include <span>
 
-#include "fakes/macro_desk.h"
+#include "fakes/macro_fixture.h"
 #include "fakes/text_cases.h"
 #include "macros/macro_engine.h"
 #include "macros/macro_tokens.h"
@@ -12,7 +12,7 @@
 namespace vbr {
 namespace {
 
-class MacroExpansion : public testing::Test, protected MacroDesk {
+class MacroExpansion : public testing::Test, protected MacroFixture {
   protected:
     MacroExpansion() { Clock.Local = {2025, 3, 3, 5, 21, 7, 30, 0}; }  // Wednesday, 5 March
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "macros/phrase_texts.h"
 
-#include "fakes/macro_desk.h"
+#include "fakes/macro_fixture.h"
 #include "fakes/text_cases.h"
 
 namespace vbr {
@@ -16,7 +16,7 @@ VBRCommand Phrase(std::u16string_view title, std::u16string_view cmd,
     return record;
 }
 
-class PhraseTextsTest : public testing::Test, protected MacroDesk {
+class PhraseTextsTest : public testing::Test, protected MacroFixture {
   protected:
     PhraseTextsTest() { Clock.Local = {2025, 3, 3, 5, 21, 7, 30, 0}; }
 };

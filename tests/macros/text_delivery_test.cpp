@@ -4,7 +4,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "fakes/delivery_desk.h"
+#include "fakes/delivery_fixture.h"
 #include "macros/clipboard_forms.h"
 #include "macros/key_events.h"
 
@@ -19,7 +19,7 @@ using Events = std::vector<KeyEvent>;
 
 const Events kPasteKeys = {{17, 117, 0, 0}, {86, 186, 0, 0}, {86, 186, 2, 0}, {17, 117, 2, 0}};
 
-class TextDeliveryTest : public testing::Test, protected DeliveryDesk {};
+class TextDeliveryTest : public testing::Test, protected DeliveryFixture {};
 
 TEST(PrintEvents, AreUnicodePairsRealKeysAndCursorSteps) {
     const Events expected = {
@@ -33,7 +33,7 @@ TEST(PrintEvents, AreUnicodePairsRealKeysAndCursorSteps) {
     EXPECT_EQ(PrintEvents(text, 2, RecordingInput()), expected);
 }
 
-TEST(PasteSettings, ChooseTheRoadByMethodAndLength) {
+TEST(PasteSettings, ChooseTheWayByMethodAndLength) {
     const struct {
         PasteSettings Settings;
         std::size_t Units;

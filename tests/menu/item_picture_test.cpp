@@ -34,7 +34,7 @@ CMenuItemInfo Popup(std::u16string label) {
 }
 
 CMenuItemInfo HistoryItem(std::uint32_t index) {
-    return {.Label = u"abc", .History = true, .CommandId = kFirstHistoryItem + index};
+    return {.Label = u"abc", .History = true, .Row = static_cast<std::int32_t>(index)};
 }
 
 ItemPicture Paint(const CMenuItemInfo& info, ItemPlace place = {}, int dpi = 96,
@@ -47,7 +47,8 @@ ItemPicture Paint(const CMenuItemInfo& info, ItemPlace place = {}, int dpi = 96,
 
 TEST(MeasureMenuItem, AsksForTheRoomThatItsTextNeeds) {
     const CMenuItemInfo badge{.Label = u"abcd", .RightText = u"+EN", .CommandId = 1};
-    const CMenuItemInfo extra{.Label = u"abcd", .CommandId = kCmdSupport};
+    const CMenuItemInfo extra{.Label = u"abcd",
+                              .Subject = {MenuSubjectKind::ExtraCommand, kCmdSupport}};
     const std::tuple<CMenuItemInfo, bool, MenuMetrics, Size> cases[] = {
         {Phrase(u""), true, {20, 96}, {129, 24}},
         {Separator(), true, {20, 96}, {129, 12}},
@@ -72,10 +73,10 @@ TEST(MeasureMenuItem, AsksForTheRoomThatItsTextNeeds) {
 TEST(PaintMenuItem, RegionsStatesAndStripesHaveTheirColours) {
     const CMenuItemInfo odd{.Label = u"a", .Row = 1, .CommandId = 1};
     const CMenuItemInfo marked{.Label = u"a", .Mark = true, .CommandId = 1};
-    const CMenuItemInfo extra{.Label = u"a", .CommandId = kCmdEditPhrases};
-    const CMenuItemInfo clip = HistoryItem(1);
-    CMenuItemInfo oddClip = clip;
-    oddClip.Row = 1;
+    const CMenuItemInfo extra{.Label = u"a",
+                              .Subject = {MenuSubjectKind::ExtraCommand, kCmdEditPhrases}};
+    const CMenuItemInfo clip = HistoryItem(0);
+    const CMenuItemInfo oddClip = HistoryItem(1);
     const struct {
         CMenuItemInfo Info;
         bool Selected;
@@ -224,7 +225,8 @@ TEST(MenuLook, FontsAndIconsTellTheKindOfAnItem) {
         EXPECT_EQ(IconOf(info), c.Icon) << testing::PrintToString(c.Label);
         EXPECT_EQ(IndexOf(FontOf(info)), c.Font);
     }
-    const CMenuItemInfo extra{.Label = u"a", .CommandId = kCmdSupport};
+    const CMenuItemInfo extra{.Label = u"a",
+                              .Subject = {MenuSubjectKind::ExtraCommand, kCmdSupport}};
     EXPECT_EQ(IconOf(extra), MenuIcon::None);
     EXPECT_EQ(IndexOf(FontOf(extra)), 1U);
     EXPECT_EQ(IconOf(Popup(u"a")), MenuIcon::None);

@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "base/text.h"
-#include "fakes/fake_menu_history.h"
+#include "fakes/menu_history_fixture.h"
 #include "fakes/menu_picture.h"
 #include "menu/extra_commands.h"
 #include "menu/history_region.h"
@@ -12,13 +12,13 @@ namespace vbr {
 namespace {
 
 std::string HistoryOf(int count, const HistoryRegionOptions& options, bool phraseBefore = true) {
-    FakeMenuHistory history;
-    history.AddTexts(count);
+    MenuHistoryFixture clips;
+    clips.AddClips(count);
     PhraseMenu menu;
     if (phraseBefore) {
         menu.emplace_back().Info.Label = u"a";
     }
-    AddHistoryRegion(history, options, EmbeddedStrings(), menu);
+    AddHistoryRegion(clips.History, options, EmbeddedStrings(), menu);
     std::u16string picture = Utf8ToUtf16(Picture(menu));
     ReplaceAll(picture, u"Clipboard History", u"CH");
     ReplaceAll(picture, u"clip ", u"");
@@ -43,17 +43,20 @@ TEST(HistoryRegion, WhatTheMainMenuHasNoRoomForGoesBelowIt) {
 }
 
 TEST(HistoryRegion, AnItemIsDescribedByItsKind) {
-    FakeMenuHistory history;
-    history.Items = {
-        {u"text"}, {u"rich", MenuHistoryKind::FormattedText}, {u"Bitmap", MenuHistoryKind::Bitmap}};
+    MenuHistoryFixture clips;
+    clips.Add(std::make_unique<CCHItem>(CHF_BITMAP, 0, TimeAt(1)));
+    clips.Add(ByteItem(CHF_RTF, "{rich}"));
+    clips.AddClip(u"text");
     PhraseMenu menu;
-    AddHistoryRegion(history, {}, EmbeddedStrings(), menu);
+    AddHistoryRegion(clips.History, {}, EmbeddedStrings(), menu);
     ASSERT_EQ(menu.size(), 3U);
     EXPECT_EQ(menu[1].Info.DataType, 1);
     EXPECT_EQ(menu[2].Info.DataType, 0);
     EXPECT_TRUE(menu[2].Info.Bitmap);
     EXPECT_FALSE(menu[1].Info.Bitmap);
     EXPECT_EQ(menu[2].Info.CommandId, 2002U);
+    EXPECT_EQ(menu[2].Info.Subject,
+              (MenuSubject{MenuSubjectKind::HistoryItem, clips.Queue.GetItem(2)->id}));
     EXPECT_EQ(menu[2].Info.Row, 2);
     // The size of a picture's name says nothing about it.
     EXPECT_EQ(
@@ -63,17 +66,19 @@ TEST(HistoryRegion, AnItemIsDescribedByItsKind) {
 }
 
 TEST(HistoryRegion, CaptionsAndTipsAreMadeOnceAndKept) {
-    FakeMenuHistory history;
-    const std::u16string words = u"one two three four five six seven eight nine ten eleven twelve";
-    history.Items = {{u" " + words + u" thirteen "}};
-    for (int i = 0; i < 2; ++i) {
-        PhraseMenu menu;
-        AddHistoryRegion(history, {}, EmbeddedStrings(), menu);
-        EXPECT_EQ(menu[0].Info.Label, u"one two three four five six…ten eleven twelve thirteen");
-        EXPECT_EQ(menu[0].Info.ExpandedText,
-                  i == 0 ? history.Items[0].Text : history.Items[0].Caption);
-    }
-    EXPECT_EQ(history.TextsRead, 1);
+    MenuHistoryFixture clips;
+    clips.AddClip(u" one two ");
+    PhraseMenu menu;
+    AddHistoryRegion(clips.History, {}, EmbeddedStrings(), menu);
+    EXPECT_EQ(menu[0].Info.Label, u"one two");
+    EXPECT_EQ(menu[0].Info.ExpandedText, u" one two ");
+    EXPECT_EQ(clips.History.MenuTip(0), menu[0].Info.Tip);
+    clips.History.MenuCaption(0) = u"kept";
+    clips.History.MenuTip(0) = u"kept too";
+    menu.clear();
+    AddHistoryRegion(clips.History, {}, EmbeddedStrings(), menu);
+    EXPECT_EQ(menu[0].Info.Label, u"kept");
+    EXPECT_EQ(menu[0].Info.Tip, u"kept too");
 }
 
 TEST(HistoryRegion, ATipShowsTheStartAndTheEndOfALongText) {
@@ -85,9 +90,9 @@ TEST(HistoryRegion, ATipShowsTheStartAndTheEndOfALongText) {
         {u"1\r2\r3\r4\r5\r6\r", u"Lines: 7\n\n1\r2\r3\n\t………\n5\r6\r"},
     };
     for (const auto& [text, expected] : cases) {
-        FakeMenuHistory history;
-        history.Items = {{text, MenuHistoryKind::Text, u"http://example.org/"}};
-        EXPECT_EQ(Utf16ToUtf8(HistoryTip(history, 0, EmbeddedStrings())),
+        MenuHistoryFixture clips;
+        clips.AddClip(text, u"http://example.org/");
+        EXPECT_EQ(Utf16ToUtf8(HistoryTip(clips.History, 0, EmbeddedStrings())),
                   Utf16ToUtf8(Concat(u"\tURL: http://example.org/\n\nInsert plain text: Data from "
                                      u"clipboard history\n\tChars: ",
                                      text.size(), u", ", expected,

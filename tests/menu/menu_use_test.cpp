@@ -24,7 +24,7 @@ class Typing : public testing::Test {
         menu_[1].ItemFlags = kItemSeparator;
         for (const std::size_t i : {7U, 8U}) {
             menu_[i].History = true;
-            menu_[i].CommandId = kFirstHistoryItem + static_cast<std::uint32_t>(i) - 7;
+            menu_[i].Row = static_cast<std::int32_t>(i) - 7;
         }
     }
 
@@ -190,7 +190,7 @@ TEST(RightClickMenu, OffersWhatCanBeDoneWithTheItem) {
 
 TEST(RightClickMenu, ExtraCommandsPopupsAndSeparatorsHaveNone) {
     EXPECT_TRUE(HasRightClickMenu({}));
-    EXPECT_FALSE(HasRightClickMenu({.CommandId = kCmdSupport}));
+    EXPECT_FALSE(HasRightClickMenu({.Subject = {MenuSubjectKind::ExtraCommand, kCmdSupport}}));
     EXPECT_FALSE(HasRightClickMenu({.ItemFlags = kItemPopup}));
     EXPECT_FALSE(HasRightClickMenu({.ItemFlags = kItemSeparator}));
 }

@@ -2,18 +2,20 @@
 #include "menu/phrase_menu_handler.h"
 
 #include <gtest/gtest.h>
+#include <map>
 
 #include "base/text.h"
-#include "fakes/menu_desk.h"
+#include "fakes/menu_fixture.h"
 #include "fakes/menu_picture.h"
 #include "menu/extra_commands.h"
 #include "menu/right_menu_commands.h"
+#include "resources/resource_ids.h"
 
 namespace vbr {
 namespace {
 
 // The menu of phrases alone, until a test turns on more.
-class PhraseMenuHandler : public testing::Test, protected MenuDesk {
+class PhraseMenuHandler : public testing::Test, protected MenuFixture {
   protected:
     PhraseMenuHandler() {
         Settings.ExtMenuCommand = {};
@@ -31,13 +33,7 @@ class PhraseMenuHandler : public testing::Test, protected MenuDesk {
         Phrases.Tree.LoadTree(Phrases.Folder.Path());
     }
 
-    void Remember(std::u16string_view title) {
-        for (std::uint32_t id = 1; id < Phrases.Tree.NextCommandId(); ++id) {
-            if (Phrases.Tree.FindCommand(id)->Text == title) {
-                Handler.RememberCommand(id);
-            }
-        }
-    }
+    void Remember(std::u16string_view title) { Handler.RememberCommand(FileOf(title)); }
 
     std::string MenuFor(const WPQuery& query = {}) {
         Ask(query);
@@ -49,27 +45,89 @@ class PhraseMenuHandler : public testing::Test, protected MenuDesk {
 
 TEST_F(PhraseMenuHandler, WithoutPhrasesAndHistoryNoMenuOpens) {
     Settings.ExtMenuCommand = {true, true, true};
-    Ask({.TargetWindow = 7});
+    EXPECT_EQ(Ask({.TargetWindow = 7}), MenuChoice());
     EXPECT_TRUE(Presenter.Shown.empty());
-    EXPECT_EQ(Notice, "-1 for 7 after 0 ms, locked");
-    History.AddTexts(1);
+    Clips.AddClips(1);
     EXPECT_EQ(MenuFor(),
               "1:clip A - Edit menu\\settings ~Selection into Phrase -Visit to us- "
               "Technical Support");
 }
 
-TEST_F(PhraseMenuHandler, AChoiceIsToldWithItsTargetWhenThatHadTimeForTheForeground) {
+TEST_F(PhraseMenuHandler, AChoiceIsToldByWhatItIsWhenTheTargetHadTimeForTheForeground) {
     Phrases.Add("a.vellumbridge", u"text");
-    Presenter.WhileShown = [this] { EXPECT_TRUE(History.Locked); };
-    for (const auto& [choice, expected] : std::vector<std::pair<std::uint32_t, std::string>>{
-             {0, "-1"}, {1, "1"}, {2014, "2014"}, {32772, "-2"}, {32826, "-4"}, {32784, "-6"}}) {
-        Phrases.Clock.Tick = 0;
-        Presenter.Choice = choice;
-        Ask({.TargetWindow = 7});
-        EXPECT_EQ(Notice, expected + (choice == 0 ? " for 7 after 0 ms, locked"
-                                                  : " for 7 after 100 ms, locked"));
-        EXPECT_FALSE(History.Locked);
+    Clips.AddClips(2);
+    const std::uint32_t older = Clips.History.IdOf(1);
+    Presenter.WhileShown = [this] { EXPECT_TRUE(Clips.Queue.IsLocked()); };
+    const struct {
+        MenuSubject Chosen;
+        MenuChoice Told;
+    } cases[] = {
+        {{}, {}},
+        {{MenuSubjectKind::Phrase, 1}, FileOf(u"a")},
+        {{MenuSubjectKind::HistoryItem, older}, ClipId{older}},
+        {{MenuSubjectKind::ExtraCommand, kCmdEditPhrases}, kResultEditPhrases},
+        {{MenuSubjectKind::ExtraCommand, kCmdSupport}, kResultSupport},
+    };
+    for (const auto& c : cases) {
+        Phrases.Clock.Sleeps.clear();
+        Presenter.Choice = c.Chosen;
+        EXPECT_EQ(Ask({.TargetWindow = 7}), c.Told);
+        EXPECT_EQ(Phrases.Clock.Sleeps.size(), c.Told == MenuChoice() ? 0U : 1U);
+        EXPECT_FALSE(Clips.Queue.IsLocked());
     }
+}
+
+TEST_F(PhraseMenuHandler, ThingsThatShareANumberHaveNumbersOfTheirOwnInTheMenu) {
+    Settings.AddLastUsedMenuToBegin = true;
+    Settings.ExtMenuCommand.EditSetting = true;
+    Clips.AddClips(3);
+    for (int i = 1; i <= 2001; ++i) {
+        VBRCommand record;
+        record.Text = Concat(u"phrase ", i);
+        Phrases.Folder.Write(std::to_string(i) + ".vellumbridge", CommandToXml(record));
+    }
+    Phrases.Tree.LoadTree(Phrases.Folder.Path());
+    Handler.RememberCommand(Phrases.Tree.FindCommand(2000)->FilePath);
+    Ask({});
+    std::map<std::uint32_t, MenuSubject> byNumber;
+    std::map<std::uint32_t, int> clips;
+    for (const PhraseMenuItem& item : Presenter.Shown) {
+        if (!item.IsSeparator()) {
+            EXPECT_EQ(byNumber.try_emplace(item.Info.CommandId, item.Info.Subject).first->second,
+                      item.Info.Subject);
+            clips[item.Info.CommandId] += item.Info.History ? 1 : 0;
+        }
+    }
+    // The clips, and of the phrases the recent one stands twice.
+    EXPECT_EQ(byNumber.size(), 2001U + 3 + 1);
+    EXPECT_EQ(byNumber[2000].Kind, MenuSubjectKind::Phrase);
+    EXPECT_EQ(clips[2000] + clips[2001], 0);
+    EXPECT_EQ(clips[2002], 1);
+}
+
+TEST_F(PhraseMenuHandler, ANumberFromOutsideIsAPhraseAndElseAClip) {
+    Phrases.Add("group/a.vellumbridge", u"text");
+    Clips.AddClips(1);
+    EXPECT_EQ(Handler.ChoiceOfNumber(2), MenuChoice(FileOf(u"a")));
+    EXPECT_EQ(Handler.ChoiceOfNumber(2000), MenuChoice(ClipId{Clips.History.IdOf(0)}));
+    for (const std::uint32_t nothing : {0U, 1U, 3U, 1999U, 2001U}) {  // 1 is the group
+        EXPECT_EQ(Handler.ChoiceOfNumber(nothing), MenuChoice()) << nothing;
+    }
+}
+
+TEST_F(PhraseMenuHandler, TheMarkAndTheRecentPhrasesFollowTheirFilesWhenIdsChange) {
+    Settings.AddLastUsedMenuToBegin = true;
+    AddInOrder("bc");
+    Remember(u"b");
+    Remember(u"c");
+    VBRCommand first;
+    first.Text = u"a";
+    Phrases.Folder.Write("a.vellumbridge", CommandToXml(first));
+    std::filesystem::remove(FileOf(u"b"));
+    Phrases.Tree.LoadTree({});
+    Handler.ForgetMissing();
+    EXPECT_EQ(MenuFor(), "1:*c -Other commands- a");
+    EXPECT_TRUE(Guard.Box.Shown.empty());
 }
 
 TEST_F(PhraseMenuHandler, TheMenuDoesNotEndInASeparator) {
@@ -116,7 +174,7 @@ TEST_F(PhraseMenuHandler, TheLastPhrasesStandFirstAsManyAsTheUserWants) {
         for (const char16_t* title : {u"a", u"b", u"d", u"c", u"d"}) {
             Remember(title);
         }
-        Handler.RememberCommand(kFirstHistoryItem);
+        Handler.RememberCommand(Phrases.Folder.Path());
         EXPECT_EQ(MenuFor(), expected);
     }
     Settings.AddLastUsedMenuToBegin = false;
@@ -126,11 +184,10 @@ TEST_F(PhraseMenuHandler, TheLastPhrasesStandFirstAsManyAsTheUserWants) {
 TEST_F(PhraseMenuHandler, ARecentPhraseThatIsGoneIsToldOnceAndTheMenuOpens) {
     Settings.AddLastUsedMenuToBegin = true;
     AddInOrder("ab");
-    const std::filesystem::path gone = Phrases.Tree.FindCommand(2)->FilePath;
-    Handler.RememberCommand(2);
-    std::filesystem::remove(gone);
+    Remember(u"b");
+    std::filesystem::remove(FileOf(u"b"));
     Phrases.Tree.LoadTree({});
-    EXPECT_EQ(MenuFor(), gone.stem() == "b" ? "a" : "b");
+    EXPECT_EQ(MenuFor(), "a");
     MenuFor();
     EXPECT_EQ(Guard.Box.Shown,
               std::vector<FakeAlertBox::Box>(
@@ -140,75 +197,75 @@ TEST_F(PhraseMenuHandler, ARecentPhraseThatIsGoneIsToldOnceAndTheMenuOpens) {
 
 TEST_F(PhraseMenuHandler, AFaultInTheHistoryLeavesThePhrasesAndTheItemsBeforeIt) {
     Phrases.Add("a.vellumbridge", u"text");
-    History.AddTexts(20);
-    History.OnCaption = [](std::size_t index) {
-        if (index == 1) {
-            throw Fault{0xC0000005};
-        }
-    };
-    EXPECT_EQ(MenuFor(), "a -Clipboard History [15/20]- 1:clip A");
+    for (int i = 0; i < 18; ++i) {
+        Clips.AddClip(Concat(u"older ", i));
+    }
+    Clips.Add(ByteItem(CHF_RTF, "{faulty}"));
+    Clips.AddClip(u"newest");
+    Clips.Engine.OnLoad = [] { throw Fault{0xC0000005}; };
+    EXPECT_EQ(MenuFor(), "a -Clipboard History [15/20]- 1:newest");
     EXPECT_EQ(Guard.Box.Shown.size(), 1U);
 }
 
 TEST_F(PhraseMenuHandler, TheHistoryCanBeLeftOut) {
     Phrases.Add("a.vellumbridge", u"text");
-    History.AddTexts(1);
+    Clips.AddClips(1);
     Settings.InsertCHIntoMenu = false;
     Settings.ExtMenuCommand.Support = true;
     EXPECT_EQ(MenuFor(), "a -Clipboard History [Skipped]- Technical Support");
 }
 
-class RightMenu : public testing::Test, protected MenuDesk {
+class RightMenu : public testing::Test, protected MenuFixture {
   protected:
     std::string journal_;
     bool copies_ = true;
-    RightMenuCommands commands_{{Phrases.Tree, Handler,
-                                 [](const VBRCommand& record) { return record.Cmd; },
-                                 [this](bool plain, std::u16string_view text) {
-                                     journal_ += (plain ? "plain " : "rich ") + Utf16ToUtf8(text);
-                                     return copies_;
-                                 },
-                                 [this](std::size_t index) {
-                                     journal_ += "clip " + std::to_string(index);
-                                     return copies_;
-                                 },
-                                 [this] { journal_ += ", kept"; }, Phrases.Log}};
+    RightMenuCommands commands_{{.Tree = Phrases.Tree,
+                                 .Menu = Handler,
+                                 .Expand = [](const VBRCommand& record) { return record.Cmd; },
+                                 .Copy =
+                                     [this](bool plain, std::u16string_view text) {
+                                         journal_ +=
+                                             (plain ? "plain " : "rich ") + Utf16ToUtf8(text);
+                                         return copies_;
+                                     },
+                                 .CopyHistoryItem =
+                                     [this](ClipId item) {
+                                         journal_ += "clip " + std::to_string(item.Value);
+                                         return copies_;
+                                     },
+                                 .Log = Phrases.Log}};
 };
 
-TEST_F(RightMenu, CopiedTextStaysOnTheClipboardAndThePhraseCountsAsChosen) {
+TEST_F(RightMenu, APhraseIsCopiedAsItsKindAndCountsAsChosen) {
     for (const auto& [type, expected] :
          {std::pair(kDataTypeText, "plain text"), std::pair(kDataTypeRtf, "rich text"),
           std::pair(kDataTypeExec, "plain text")}) {
         Phrases.Add("a.vellumbridge", u"text", type);
-        for (copies_ = true;; copies_ = false) {
-            journal_.clear();
-            EXPECT_FALSE(commands_.OnRightMenuCommand(0, 1));
-            EXPECT_EQ(journal_, copies_ ? expected + std::string(", kept") : expected);
-            if (!copies_) {
-                break;
-            }
-        }
+        journal_.clear();
+        EXPECT_FALSE(commands_.OnRightMenuCommand(0, FileOf(u"a")));
+        EXPECT_EQ(journal_, expected);
     }
     Ask({});
     EXPECT_TRUE(Picture(Presenter.Shown).starts_with("1:*"));
 }
 
-TEST_F(RightMenu, AHistoryItemIsCopiedByItsPlace) {
-    commands_.OnRightMenuCommand(0, 2003);
-    EXPECT_EQ(journal_, "clip 3, kept");
+TEST_F(RightMenu, AClipIsCopiedByItsIdAndAFailureIsLogged) {
+    commands_.OnRightMenuCommand(0, ClipId{3});
+    EXPECT_EQ(journal_, "clip 3");
+    EXPECT_FALSE(Phrases.Log.Tells(u"ERROR"));
     copies_ = false;
-    commands_.OnRightMenuCommand(0, 2000);
-    EXPECT_EQ(journal_, "clip 3, keptclip 0");
-    commands_.OnRightMenuCommand(0, 7);  // neither a phrase nor an item
-    EXPECT_EQ(journal_, "clip 3, keptclip 0");
+    commands_.OnRightMenuCommand(0, ClipId{0});
+    EXPECT_TRUE(Phrases.Log.Tells(u"ERROR"));
+    commands_.OnRightMenuCommand(0, MenuChoice());
+    EXPECT_EQ(journal_, "clip 3clip 0");
 }
 
 TEST_F(RightMenu, OtherCodesCountAsAUseAndUnknownOnesDoNothing) {
     Phrases.Add("a.vellumbridge", u"text");
-    commands_.OnRightMenuCommand(8, 1);
+    commands_.OnRightMenuCommand(8, FileOf(u"a"));
     Ask({});
     EXPECT_EQ(Presenter.Shown[0].Info.Number(), 0U);
-    commands_.OnRightMenuCommand(7, 1);
+    commands_.OnRightMenuCommand(7, FileOf(u"a"));
     Ask({});
     EXPECT_EQ(Presenter.Shown[0].Info.Number(), 1U);
     EXPECT_EQ(journal_, "");

@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "base/text.h"
-#include "fakes/macro_desk.h"
+#include "fakes/macro_fixture.h"
 #include "fakes/menu_picture.h"
 
 namespace vbr {
@@ -35,9 +35,9 @@ VBRCommand Group(std::u16string_view title, std::uint32_t flags, Children... chi
 
 template <typename... Records>
 std::string MenuOf(const PhraseRegionState& state, Records... records) {
-    const MacroDesk desk;
+    const MacroFixture fixture;
     PhraseMenu menu;
-    AddPhraseRegion(*Group(u"root", 0, std::move(records)...).Commands, state, desk.Items, menu);
+    AddPhraseRegion(*Group(u"root", 0, std::move(records)...).Commands, state, fixture.Items, menu);
     return Picture(menu);
 }
 
@@ -73,28 +73,28 @@ TEST(PhraseRegion, APhraseThatNeedsASelectionIsGrayedWithoutOne) {
 }
 
 TEST(PhraseRegion, RecentPhrasesAreNumberedAndStandInTheirMenuOnce) {
-    const MacroDesk desk;
+    const MacroFixture fixture;
     std::vector<VBRCommand> list;
     list.push_back(Group(u"G", 0, Phrase(u"c")));
     list.push_back(Phrase(u"a"));
     list.push_back(Phrase(u"b", kSeparatorBefore));
     PhraseMenu menu;
-    AddRecentRegion({&list[0].Commands->front(), &list[2]}, {.LastCommandId = u'c'}, desk.Items,
+    AddRecentRegion({&list[0].Commands->front(), &list[2]}, {.LastCommandId = u'c'}, fixture.Items,
                     menu);
-    AddPhraseRegion(list, {.LastCommandId = u'c'}, desk.Items, menu);
+    AddPhraseRegion(list, {.LastCommandId = u'c'}, fixture.Items, menu);
     EXPECT_EQ(Picture(menu), "1:*c 2:b a - G(*c)");
 }
 
 TEST(PhraseItem, SaysWhatThePhraseWouldGive) {
-    const MacroDesk desk;
+    const MacroFixture fixture;
     VBRCommand record = Phrase(u"a title");
     record.Cmd = u"%ACTIVATE_KL_EN%<%SELECTED_TEXT%>%CURSOR_POS%";
     record.DataType = kDataTypeExec;
-    const CMenuItemInfo info = desk.Items.DescribePhrase(record, {.SelText = u"sel"});
+    const CMenuItemInfo info = fixture.Items.DescribePhrase(record, {.SelText = u"sel"});
     EXPECT_EQ(info.Label, u"a title [sel]");
-    EXPECT_EQ(info.Tip,
-              Concat(desk.Previews.BuildMenuTip(record, info.Label, {.SelText = u"sel"}, nullptr),
-                     u"\n\n        right click on item for extended menu"));
+    EXPECT_EQ(info.Tip, Concat(fixture.Previews.BuildMenuTip(record, info.Label,
+                                                             {.SelText = u"sel"}, nullptr),
+                               u"\n\n        right click on item for extended menu"));
     EXPECT_EQ(info.ExpandedText, u"<sel>");
     EXPECT_EQ(info.RightText, u"+BR");
     EXPECT_EQ(info.PhraseData, record.Cmd);
@@ -104,10 +104,10 @@ TEST(PhraseItem, SaysWhatThePhraseWouldGive) {
 }
 
 TEST(PhraseItem, KeepsTheStartOfALongPhrase) {
-    const MacroDesk desk;
+    const MacroFixture fixture;
     VBRCommand record = Phrase(u"a");
     record.Cmd = std::u16string(254, u'x') + u"🙂";
-    const CMenuItemInfo info = desk.Items.DescribePhrase(record, {});
+    const CMenuItemInfo info = fixture.Items.DescribePhrase(record, {});
     EXPECT_EQ(info.PhraseData, std::u16string(254, u'x'));
     EXPECT_EQ(info.ExpandedText, record.Cmd);
     EXPECT_EQ(info.RightText, u"");

@@ -4,7 +4,8 @@
 #include <gtest/gtest.h>
 
 #include "base/text.h"
-#include "fakes/exchange_desk.h"
+#include "fakes/exchange_fixture.h"
+#include "fakes/fake_hotkeys.h"
 #include "fakes/fake_shared_memory.h"
 #include "fakes/native_profile_store.h"
 #include "platform/object_names.h"
@@ -16,42 +17,13 @@ namespace {
 const std::string kArea = Utf16ToUtf8(kAreaInterchange);
 const std::string kSettingsArea = Utf16ToUtf8(kAreaSettings);
 
-struct FakeHotkeys : HotkeyRegistrar {
-    explicit FakeHotkeys(Journal& calls) : Calls(calls) {}
-    std::uint32_t Register(std::uint16_t mods, std::uint16_t vk) override {
-        Calls.push_back("register " + std::to_string(mods) + "+" + std::to_string(vk));
-        return Error;
-    }
-    bool Unregister() override {
-        Calls.push_back("unregister");
-        return true;
-    }
-    std::u16string KeyName(std::uint16_t vk) const override { return Concat(u"Key", vk); }
-
-    Journal& Calls;
-    std::uint32_t Error = 0;
-};
-
-struct FakeWaiter : QueryWaiter {
-    explicit FakeWaiter(Journal& calls) : Calls(calls) {}
-    bool Start(NamedEvent&, NamedEvent&) override {
-        Calls.push_back("wait");
-        return Starts;
-    }
-    void Stop() override { Calls.push_back("wait no more"); }
-
-    Journal& Calls;
-    bool Starts = true;
-};
-
-class HotkeyServiceStart : public testing::Test, protected ExchangeDesk {
+class HotkeyServiceStart : public testing::Test, protected ExchangeFixture {
   protected:
     // The calls of a start that must fail and leave nothing behind.
     Journal FailedStart(bool libraryExists = true) {
         Calls.clear();
         messages_.clear();
-        errorText_.clear();
-        EXPECT_FALSE(service_.Install({}, libraryExists, errorText_));
+        errorText_ = service_.Install({}, libraryExists).value_or(u"none");
         EXPECT_FALSE(service_.IsInstalled());
         EXPECT_TRUE(Objects.Owned.empty());
         return Calls;
@@ -64,19 +36,25 @@ class HotkeyServiceStart : public testing::Test, protected ExchangeDesk {
     FakeWaiter waiter_{Calls};
     NativeProfileStore profile_;
     CVBRSettings settings_{profile_, {}};
-    HotkeyService service_{
-        {settings_, Service, waiter_, hotkeys_, Objects, memory_, Log, messages_}};
+    HotkeyService service_{{.Settings = settings_,
+                            .Hooks = Service,
+                            .Waiter = waiter_,
+                            .Hotkeys = hotkeys_,
+                            .Objects = Objects,
+                            .Memory = memory_,
+                            .Log = Log,
+                            .Messages = messages_}};
 };
 
-TEST_F(HotkeyServiceStart, StopUndoesTheInstallBackwards) {
-    EXPECT_TRUE(service_.Install({}, true, errorText_));
+TEST_F(HotkeyServiceStart, StopLeavesNothingBehindAndTheLibraryGoesBeforeWhatItUses) {
+    EXPECT_EQ(service_.Install({}, true), std::nullopt);
     EXPECT_TRUE(Objects.Exists(kEventDataNeeded) && Objects.Exists(kEventDataCompleted));
-    service_.Stop();
-    EXPECT_EQ(Calls,
-              (Journal{"make " + kArea, "register 3+13", "make " + kSettingsArea,
-                       "write " + kSettingsArea, "load", "install", "wait", "uninstall",
-                       "broadcast", "unload", "unregister", "wait no more", "close " + kArea}));
     EXPECT_EQ(memory_.Blocks[std::u16string(kAreaSettings)], SharedSettingsText(13, 3, false, u""));
+    Calls.clear();
+    service_.Stop();
+    EXPECT_EQ(Calls.front(), "uninstall");
+    EXPECT_EQ(Calls.back(), "close " + kArea);
+    EXPECT_EQ(std::ranges::count(Calls, "unregister"), 1);
     EXPECT_TRUE(Objects.Owned.empty());
     EXPECT_TRUE(messages_.empty());
 }
@@ -94,7 +72,7 @@ TEST_F(HotkeyServiceStart, WithoutAllSharedObjectsNoKeyIsRegistered) {
 }
 
 TEST_F(HotkeyServiceStart, AKeyThatIsTakenClosesTheSharedObjects) {
-    hotkeys_.Error = 1409;
+    hotkeys_.Error = SystemError{1409, u"taken"};
     EXPECT_EQ(FailedStart(), (Journal{"make " + kArea, "register 3+13", "close " + kArea}));
     EXPECT_EQ(messages_, (MessageList{u"Cannot register hotkey. Error: 1409",
                                       u"ERROR: Cannot register hot key Ctrl+Alt+Key13"}));
@@ -127,7 +105,7 @@ TEST_F(HotkeyServiceStart, WithoutTheWaitForQueriesAllIsUndone) {
 TEST_F(HotkeyServiceStart, AWaitThatFailedBeginsAnewWhileTheServiceIsOn) {
     service_.RestartWait();
     EXPECT_EQ(Calls, Journal());
-    service_.Install({}, true, errorText_);
+    service_.Install({}, true);
     service_.RestartWait();
     EXPECT_EQ(Calls.back(), "wait");
     EXPECT_EQ(std::count(Calls.begin(), Calls.end(), "wait"), 2);
@@ -138,7 +116,7 @@ TEST_F(HotkeyServiceStart, AKeyOfZeroIsRepairedToTheDefault) {
          std::map<std::uint16_t, std::string>{{0, "register 3+13"}, {8, "register 8+13"}}) {
         settings_.HotkeyVk = 0;
         settings_.HotkeyMods = mods;
-        service_.Install({}, true, errorText_);
+        service_.Install({}, true);
         EXPECT_EQ(Calls[1], call);
         service_.Stop();
         Calls.clear();

@@ -62,11 +62,6 @@ struct FakeAutostart : Autostart {
     void Delete() override { ++Deleted; }
 };
 
-struct FakeErrorText : SystemErrorText {
-    std::uint32_t LastError() const override { return 2; }
-    std::u16string TextOf(std::uint32_t code) const override { return Concat(u"text ", code); }
-};
-
 class InstanceStart : public testing::Test {
   protected:
     std::optional<int> Settle(std::u16string_view cmdLine, std::uint32_t delaySeconds = 0) {
@@ -91,9 +86,8 @@ class InstanceStart : public testing::Test {
     Journal calls_;
     FakeNamedObjects objects_;
     FakeAutostart autostart_;
-    FakeErrorText errors_;
     MemoryLog log_;
-    InstanceControl control_{objects_, autostart_, errors_, log_};
+    InstanceControl control_{objects_, autostart_, log_};
 };
 
 TEST_F(InstanceStart, ARunningInstanceIsSignalledAndThisProcessEnds) {
@@ -136,7 +130,7 @@ TEST_F(InstanceStart, WithoutARunningInstanceItBecomesTheResidentOneUntilRelease
 
 TEST_F(InstanceStart, TheInstanceEventIsGuardedAgainstClosing) {
     {
-        InstanceControl forgotten(objects_, autostart_, errors_, log_);
+        InstanceControl forgotten(objects_, autostart_, log_);
         forgotten.Settle(
             CVBRCmdLine(u""), 0, [] {}, [] {});
     }
@@ -195,12 +189,12 @@ TEST_F(InstanceStart, TakeOverTellsTheOldInstanceToEndAndWaitsForIt) {
 TEST_F(InstanceStart, ATakeOverThatCannotWaitLogsTheReasonAndGoesOn) {
     const std::u16string error = u"ERROR: Cannot wait event from first instance\n\nError Code: ";
     EXPECT_EQ(Settle(u"/asadmin"), std::nullopt);
-    EXPECT_EQ(log_.Lines.back(), error + u"2\ntext 2");
+    EXPECT_EQ(log_.Lines.back(), error + u"2\nnot there");
     control_.Release();
     objects_.Others = {kEventTakeOver};
     AnswerWaits(kEventTakeOver, 10000, WaitResult::TimedOut);
     EXPECT_EQ(Settle(u"/asadmin"), std::nullopt);
-    EXPECT_EQ(log_.Lines.back(), error + u"0\ntext 0");
+    EXPECT_EQ(log_.Lines.back(), error + u"0\n");
 }
 
 }  // namespace

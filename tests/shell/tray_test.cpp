@@ -1,13 +1,19 @@
 // SPDX-License-Identifier: MIT
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "fakes/shell_fixture.h"
 #include "resources/resource_ids.h"
 #include "settings/embedded_strings.h"
-#include "shell/tray_menu.h"
+#include "shell/choice_block.h"
 #include "shell/tray_texts.h"
+#include "web/vbr_url.h"
 
 namespace vbr {
 namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
 
 TEST(TrayTip, LosesWholeLinesFromTheEndUntilItFits) {
     const std::u16string line(60, u'x');
@@ -32,6 +38,154 @@ TEST(TrayTexts, TellStateHotKeyAndFolder) {
     EXPECT_TRUE(TrayFirstLine(state, strings).ends_with(u"^ - on"));
 }
 
+TEST(ChoiceBlock, NeedsChoiceAndTarget) {
+    std::vector<std::byte> block(138);
+    block[0] = std::byte{0xFC};
+    block[1] = block[2] = block[3] = std::byte{0xFF};
+    block[134] = std::byte{0x34};
+    block[135] = std::byte{0x12};
+    const auto choice = ReadChoiceBlock(block);
+    ASSERT_TRUE(choice);
+    EXPECT_EQ(choice->Choice, -4);
+    EXPECT_EQ(choice->Target, 0x1234U);
+    block.pop_back();
+    EXPECT_FALSE(ReadChoiceBlock(block));
+    EXPECT_FALSE(ReadChoiceBlock({}));
+}
+
+TEST(Announcer, TellsAllButTheSenderAndThoseWhoLeftMeanwhile) {
+    Announcer<bool> list;
+    int who[3] = {};
+    list.Add(&who[0], [&](bool) { ++who[0]; });
+    list.Add(&who[1], [&](bool) { ++who[1]; });
+    list.Add(&who[2], [&](bool) { ++who[2]; });
+    list.Announce(true, &who[1]);
+    list.Remove(&who[0]);
+    list.Add(&who[0], [&](bool) { list.Remove(&who[2]); });
+    list.Add(&who[2], [&](bool) { ++who[2]; });
+    list.Announce(false);
+    EXPECT_THAT(who, ElementsAre(1, 1, 2));
+}
+
+class Tray : public testing::Test, protected ShellFixture {
+  protected:
+    const MenuEntry& Entry(int id) {
+        menu_ = BuildTrayMenu(Commands, Service.CountPhrases(), Macros.Texts);
+        return *FindCommand(menu_, id);
+    }
+    bool IsOn(int id) { return Entry(id).Checked; }
+    bool CanBeChosen(int id) { return !Entry(id).Grayed; }
+    std::string StoredSettings() const { return Phrases.Folder.Read("settings.txt"); }
+
+    std::vector<MenuEntry> menu_;
+};
+
+TEST_F(Tray, TogglesShowTheirStateKeepItAndTurnItBack) {
+    const struct {
+        int Command;
+        std::string Key;  // of the settings file
+    } cases[] = {{kCmdSounds, "SoundOnEventsV094"},
+                 {kCmdWriteLog, "WriteLog"},
+                 {kCmdHistoryPaneOnStart, "ShowHistoryPaneOnStart"},
+                 {kCmdSaveHistoryOnExit, "SaveClipboardHistory_v198"}};
+    for (const auto& c : cases) {
+        for (int round = 0; round < 2; ++round) {
+            const bool was = IsOn(c.Command);
+            Commands.Run(c.Command);
+            Macros.Log.On = !LogOfUser.Running.empty();
+            EXPECT_NE(IsOn(c.Command), was) << c.Key;
+            EXPECT_TRUE(CanBeChosen(c.Command));
+            std::u16string text = Utf8ToUtf16(StoredSettings());
+            EXPECT_EQ(Profile.ReadString(Settings.Files().Chosen, u"Settings", Utf8ToUtf16(c.Key)),
+                      was ? u"0" : u"1");
+        }
+    }
+    EXPECT_EQ(Capture.Saves, 2);
+}
+
+TEST_F(Tray, SoundsThatAreTurnedOnAreHeardAtOnceAndNoneWhenTurnedOff) {
+    Settings.SoundOnEvents = false;
+    AreSoundsOn = [this] { return Settings.SoundOnEvents; };
+    Commands.Run(kCmdSounds);
+    EXPECT_THAT(Heard(), ElementsAre("SystemNotification"));
+    Commands.Run(kCmdSounds);
+    EXPECT_THAT(Heard(), ElementsAre("SystemNotification"));
+}
+
+TEST_F(Tray, TheServiceIsTurnedOffAndOnAndAFailureIsTold) {
+    EXPECT_TRUE(IsOn(kCmdEnableService));
+    Commands.Run(kCmdEnableService);
+    EXPECT_FALSE(IsOn(kCmdEnableService));
+    EXPECT_EQ(Calls.back(), "wait no more");
+    Hotkeys.Error = SystemError{1409, u"taken"};
+    Commands.Run(kCmdEnableService);
+    EXPECT_FALSE(IsOn(kCmdEnableService));
+    ASSERT_EQ(View.Messages.size(), 1U);
+    EXPECT_NE(View.Messages[0].find(u"Ctrl+Alt+Key13"), std::u16string::npos);
+    Hotkeys.Error.reset();
+    Commands.Run(kCmdEnableService);
+    EXPECT_TRUE(IsOn(kCmdEnableService));
+    EXPECT_THAT(View.Icons, testing::Each(TrayIconMode::ModifyWithBalloon));
+}
+
+TEST_F(Tray, TheHistoryIsKeptKeptAnewAndCleared) {
+    int announced = 0;
+    History.KeepObservers().Add(this, [&](bool keeps) { announced += keeps ? 10 : 1; });
+    Capture.Keeping = false;
+    EXPECT_FALSE(IsOn(kCmdKeepHistory));
+    EXPECT_FALSE(CanBeChosen(kCmdRekeepHistory));
+    EXPECT_FALSE(CanBeChosen(kCmdClearHistory));
+    Commands.Run(kCmdKeepHistory);
+    EXPECT_TRUE(IsOn(kCmdKeepHistory));
+    const int starts = Capture.Starts;
+    Commands.Run(kCmdRekeepHistory);
+    EXPECT_EQ(Capture.Starts, starts + 1);
+    EXPECT_TRUE(IsOn(kCmdKeepHistory));
+    Clips.AddClips(3);
+    EXPECT_TRUE(CanBeChosen(kCmdClearHistory));
+    Commands.Run(kCmdClearHistory);
+    EXPECT_EQ(Clips.Queue.GetCount(), 0U);
+    EXPECT_EQ(Capture.Changes, 1);
+    Commands.Run(kCmdKeepHistory);
+    EXPECT_FALSE(IsOn(kCmdKeepHistory));
+    EXPECT_EQ(announced, 21);
+}
+
+TEST_F(Tray, RereadingShowsOneCountInBracketsWithABalloon) {
+    EXPECT_EQ(Entry(kCmdRereadPhrases).Text, u"Reread Phrases [0/0]");
+    Phrases.Write("p.vellumbridge");
+    Commands.Run(kCmdRereadPhrases);
+    EXPECT_EQ(Entry(kCmdRereadPhrases).Text, u"Reread Phrases [1/1]");
+    EXPECT_EQ(View.Icons.back(), TrayIconMode::ModifyWithBalloon);
+    EXPECT_THAT(View.Blinks, IsEmpty());
+}
+
+TEST_F(Tray, CommandsThatOpenSomethingOpenIt) {
+    Commands.Run(kCmdVisitForum);
+    Commands.Run(kCmdEmailToUs);
+    ASSERT_EQ(Opener.Opened.size(), 2U);
+    EXPECT_EQ(Opener.Opened[0], CVBRUrl::GetForumUrl());
+    EXPECT_TRUE(Opener.Opened[1].starts_with(u"mailto:"));
+    Commands.Run(kCmdShowTrayMenu);
+    EXPECT_EQ(View.MenusShown, 1);
+    AddPhrase("p", u"text");
+    Commands.Run(kCmdShowPhraseMenu);
+    Expire(kTimerPhraseMenu);
+    EXPECT_FALSE(Presenter.Shown.empty());
+    Commands.Run(kCmdExit);
+    EXPECT_TRUE(View.IsClosed);
+}
+
+TEST_F(Tray, ACommandThatTheProgramLacksIsGrayAndRunsNothing) {
+    for (const int id : {kCmdEditPhrases, kCmdCheckForUpdates, kCmdTogglePane}) {
+        EXPECT_FALSE(CanBeChosen(id));
+        Commands.Run(id);
+        EXPECT_TRUE(Told(Concat(u"Command ", id, u" is not available")));
+    }
+    Commands.Run(33500);
+    EXPECT_TRUE(Told(u"Command 33500 is not available"));
+}
+
 // A translation that has brackets of its own.
 class TranslatedStrings : public EmbeddedStrings {
   public:
@@ -43,19 +197,105 @@ class TranslatedStrings : public EmbeddedStrings {
     }
 };
 
-TEST(TrayMenu, ShowsOneCountInBracketsBehindTheRereadCommand) {
-    const TrayMenuState state{.Phrases = {.Total = 7, .Enabled = 6}};
-    EXPECT_EQ(FindCommand(BuildTrayMenu(state, EmbeddedStrings()), kCmdRereadPhrases)->Text,
-              u"Reread Phrases [6/7]");
-    EXPECT_EQ(FindCommand(BuildTrayMenu(state, TranslatedStrings()), kCmdRereadPhrases)->Text,
-              u"Neu lesen [6/7]");
+TEST_F(Tray, TheCountReplacesTheBracketsOfATranslation) {
+    const auto menu = BuildTrayMenu(Commands, {.Total = 7, .Enabled = 6}, TranslatedStrings());
+    EXPECT_EQ(FindCommand(menu, kCmdRereadPhrases)->Text, u"Neu lesen [6/7]");
 }
 
-TEST(TrayMenu, ChecksTheServiceWhileItIsInstalled) {
-    for (const bool installed : {false, true}) {
-        const auto menu = BuildTrayMenu({.ServiceInstalled = installed}, EmbeddedStrings());
-        EXPECT_EQ(FindCommand(menu, kCmdEnableService)->Checked, installed);
+TEST_F(Tray, AnIconThatTheShellRefusesIsTriedAgainAndComesBackAfterItsRestart) {
+    View.TakesIcons = false;
+    Display.SetStartError(u"\nthe start failed");
+    Display.InstallWithRetry();
+    Expire(kTimerInstallIcon);
+    EXPECT_THAT(Heard(), IsEmpty());
+    View.TakesIcons = true;
+    Expire(kTimerInstallIcon);
+    EXPECT_FALSE(View.Timers.contains(kTimerInstallIcon));
+    EXPECT_EQ(View.Icons, std::vector(3, TrayIconMode::Add));
+    EXPECT_THAT(Heard(), ElementsAre("start.wav"));
+    EXPECT_EQ(View.Balloon, u"the start failed");
+    Expire(kTimerHideBalloon);
+    EXPECT_EQ(View.Balloon, u"");
+    // The shell announces itself again.
+    Display.InstallWithRetry();
+    EXPECT_EQ(View.Icons.size(), 4U);
+    EXPECT_EQ(View.Balloon, u"");
+    View.TakesIcons = false;
+    Display.InstallWithRetry();
+    for (int i = 1; i < 200; ++i) {
+        Expire(kTimerInstallIcon);
     }
+    EXPECT_FALSE(View.Timers.contains(kTimerInstallIcon));
+}
+
+TEST_F(Tray, TheEditorsEndRereadsSettingsAndPhrasesAndBlinksFourTimes) {
+    AddPhrase("p", u"text");
+    Settings.ClipboardHistory = true;
+    Settings.Save();
+    Phrases.Write("q.vellumbridge");
+    Settings.ClipboardHistory = false;
+    Capture.Keeping = false;
+    Requests.OnEditorEnded();
+    EXPECT_EQ(PhraseCount(), 2U);
+    EXPECT_TRUE(History.IsKeeping());
+    EXPECT_EQ(View.Icons.back(), TrayIconMode::Modify);
+    for (int i = 1; i < 8; ++i) {
+        Expire(kTimerBlink);
+    }
+    EXPECT_FALSE(View.Timers.contains(kTimerBlink));
+    EXPECT_EQ(View.Blinks, (std::vector{true, false, true, false, true, false, true, false}));
+}
+
+TEST_F(Tray, ASecondStartTurnsTheServiceOnAndIsTold) {
+    Service.StopService();
+    Requests.OnInstanceSignal(kSignalAlreadyWorks);
+    EXPECT_TRUE(Service.IsServiceInstalled());
+    EXPECT_NE(View.IconTitle.find(u"Already works"), std::u16string::npos);
+    EXPECT_THAT(Heard(), ElementsAre("already_work.wav"));
+    Requests.OnInstanceSignal(5);
+    EXPECT_THAT(View.Posted, IsEmpty());
+    Requests.OnInstanceSignal(kSignalExit);
+    EXPECT_THAT(View.Posted, ElementsAre(kCmdExit));
+    EXPECT_EQ(Macros.Clock.Sleeps.back(), 500U);
+}
+
+TEST_F(Tray, AHistoryThatCannotStartIsTriedAgainUntilItDoes) {
+    Settings.ClipboardHistory = true;
+    Capture.Keeping = Capture.CanStart = false;
+    Requests.InstallAtStart();
+    Expire(kTimerInstallSpy);
+    Capture.CanStart = true;
+    Expire(kTimerInstallSpy);
+    EXPECT_TRUE(History.IsKeeping());
+    EXPECT_FALSE(View.Timers.contains(kTimerInstallSpy));
+    EXPECT_TRUE(Told(u"success 1, try#2"));
+    Settings.ClipboardHistory = false;
+    Capture.Keeping = false;
+    EXPECT_FALSE(History.OnInstallSpy());
+}
+
+TEST_F(Tray, ANewClipRefreshesTheIconAndIsHeardOnceForItsContent) {
+    const auto captured = static_cast<std::uint32_t>(HistoryChange::Captured);
+    History.OnNotice(kNoticeHistoryChanged, captured, 7);
+    History.OnNotice(kNoticeHistoryChanged, captured, 7);
+    History.OnNotice(kNoticeHistoryChanged, static_cast<std::uint32_t>(HistoryChange::ByCommand),
+                     8);
+    History.OnNotice(kNoticeHistoryLoaded, 0, 8);
+    EXPECT_EQ(View.Icons.size(), 3U);
+    EXPECT_THAT(Heard(), ElementsAre("paper.wav"));
+}
+
+TEST_F(Tray, ANewLanguageReachesTipsIconAndFollowers) {
+    Clips.AddClips(1);
+    Clips.History.MenuTip(0) = u"old tip";
+    int told = 0;
+    Requests.UiObservers().Add(this, [&](UiChange change, std::uint32_t) {
+        told += change == UiChange::LanguageApplied ? 1 : 0;
+    });
+    Requests.OnLanguageChanged();
+    EXPECT_EQ(Clips.History.MenuTip(0), u"");
+    EXPECT_EQ(View.Icons, std::vector{TrayIconMode::Modify});
+    EXPECT_EQ(told, 1);
 }
 
 }  // namespace

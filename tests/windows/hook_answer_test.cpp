@@ -7,7 +7,7 @@
 #include <richedit.h>
 
 #include "hook/query_answer.h"
-#include "windows/hook_desk.h"
+#include "windows/hook_fixture.h"
 #include "windows/target_thread.h"
 
 namespace vbr {
@@ -21,10 +21,10 @@ class HookAnswerTest : public testing::Test {
   protected:
     HookAnswerTest() {
         LoadLibraryW(L"riched20.dll");
-        EXPECT_TRUE(desk_.Install(QueryRoadChoice::Posted));
+        EXPECT_TRUE(fixture_.Install(QueryRouteChoice::Posted));
     }
 
-    HookDesk desk_;
+    HookFixture fixture_;
 };
 
 TEST_F(HookAnswerTest, TheSelectionOfTextControlsIsTold) {
@@ -64,7 +64,7 @@ TEST_F(HookAnswerTest, TheSelectionOfTextControlsIsTold) {
         SendMessageW(target.Window(), EM_SETLIMITTEXT, 1'000'000, 0);
         SendMessageW(target.Window(), WM_SETTEXT, 0, Address(item.Text.c_str()));
         SendMessageW(target.Window(), EM_SETSEL, static_cast<WPARAM>(item.From), item.To);
-        const auto query = desk_.Ask(target.Window());
+        const auto query = fixture_.Ask(target.Window());
         ASSERT_TRUE(query);
         EXPECT_EQ(query->StateSelText, item.State);
         EXPECT_EQ(query->SelText, item.Selected);
@@ -75,7 +75,7 @@ TEST_F(HookAnswerTest, TheTargetAndItsCaretAreTold) {
     const TargetThread target(L"Edit", 0);
     SendMessageW(target.Window(), WM_SETTEXT, 0, Address(L"one two"));
     SendMessageW(target.Window(), EM_SETSEL, 3, 3);
-    const auto query = desk_.Ask(target.Window());
+    const auto query = fixture_.Ask(target.Window());
     ASSERT_TRUE(query);
     wchar_t path[MAX_PATH] = {};
     GetModuleFileNameW(nullptr, path, MAX_PATH);
@@ -112,7 +112,7 @@ LRESULT CALLBACK TellOfDrawnCaret(HWND window, UINT message, WPARAM wParam, LPAR
 
 TEST_F(HookAnswerTest, ACaretThatTheProgramDrawsItselfIsFoundByItsAccessibleObject) {
     const TargetThread target(L"Button", 0, TellOfDrawnCaret);
-    const auto query = desk_.Ask(target.Window());
+    const auto query = fixture_.Ask(target.Window());
     ASSERT_TRUE(query);
     RECT client{};
     GetClientRect(target.Window(), &client);
@@ -137,7 +137,7 @@ TEST_F(HookAnswerTest, AControlThatNeverAnswersDoesNotHoldTheAnswerUp) {
     const UniqueHandle blocked(CreateEventW(nullptr, TRUE, FALSE, nullptr));
     g_blocked = blocked.get();
     const TargetThread target(L"Edit", 0, BlockOn<EM_GETSEL>);
-    const auto query = desk_.Ask(target.Window());
+    const auto query = fixture_.Ask(target.Window());
     SetEvent(g_blocked);
     ASSERT_TRUE(query);
     EXPECT_EQ(query->StateSelText, kSelTextFailed);
@@ -146,7 +146,7 @@ TEST_F(HookAnswerTest, AControlThatNeverAnswersDoesNotHoldTheAnswerUp) {
     // What it says at last goes nowhere, and it is asked as always the next time.
     SendMessageW(target.Window(), WM_SETTEXT, 0, Address(L"one"));
     PostMessageW(target.Window(), EM_SETSEL, 0, -1);
-    const auto next = desk_.Ask(target.Window());
+    const auto next = fixture_.Ask(target.Window());
     ASSERT_TRUE(next);
     EXPECT_EQ(next->SelText, u"one");
 }
@@ -156,13 +156,13 @@ TEST_F(HookAnswerTest, AMessageThatWaitedInAHungProgramIsNotAnsweredAnyMore) {
     g_blocked = blocked.get();
     const TargetThread target(L"Button", 0, BlockOn<WM_USER>);
     PostMessageW(target.Window(), WM_USER, 0, 0);
-    ASSERT_TRUE(desk_.Post(target.Window()));
+    ASSERT_TRUE(fixture_.Post(target.Window()));
     Sleep(hook::kFreshMs + 100);
     SetEvent(g_blocked);
     // Behind the message that waited.
     SendMessageW(target.Window(), WM_NULL, 0, 0);
     PostMessageW(target.Window(), WM_USER, 0, 0);
-    EXPECT_FALSE(desk_.WaitForAnswer(0));
+    EXPECT_FALSE(fixture_.WaitForAnswer(0));
 }
 
 std::atomic<bool> g_sawRegistered;
@@ -175,7 +175,7 @@ LRESULT CALLBACK NoteRegistered(HWND window, UINT message, WPARAM wParam, LPARAM
 TEST_F(HookAnswerTest, AnAnsweredMessageGoesToNobodyElse) {
     const TargetThread target(L"Button", 0, NoteRegistered);
     g_sawRegistered = false;
-    ASSERT_TRUE(desk_.Ask(target.Window()));
+    ASSERT_TRUE(fixture_.Ask(target.Window()));
     SendMessageW(target.Window(), WM_NULL, 0, 0);
     EXPECT_FALSE(g_sawRegistered);
 }
@@ -183,11 +183,11 @@ TEST_F(HookAnswerTest, AnAnsweredMessageGoesToNobodyElse) {
 TEST_F(HookAnswerTest, AnAnswerThatNobodyHasReadYetIsNotWrittenOver) {
     const TargetThread first(L"Edit", 0);
     const TargetThread second(L"Button", 0);
-    ASSERT_TRUE(desk_.Post(first.Window()));
-    ASSERT_TRUE(desk_.WaitForAnswer());
-    ASSERT_TRUE(desk_.Post(second.Window()));
+    ASSERT_TRUE(fixture_.Post(first.Window()));
+    ASSERT_TRUE(fixture_.WaitForAnswer());
+    ASSERT_TRUE(fixture_.Post(second.Window()));
     SendMessageW(second.Window(), WM_NULL, 0, 0);
-    EXPECT_EQ(desk_.TakeAnswer()->WindowClassName, u"Edit");
+    EXPECT_EQ(fixture_.TakeAnswer()->WindowClassName, u"Edit");
 }
 
 }  // namespace

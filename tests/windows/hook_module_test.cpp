@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 #include <thread>
 
-#include "windows/hook_desk.h"
+#include "windows/hook_fixture.h"
 
 namespace vbr {
 namespace {
@@ -28,25 +28,25 @@ TEST_F(HookModuleTest, InstallWantsTheNamesOfAllObjects) {
     for (const auto name : {&WPInstallParams::DataNeededName, &WPInstallParams::DataCompletedName,
                             &WPInstallParams::InterchangeAreaName}) {
         for (const char16_t* missing : {static_cast<const char16_t*>(nullptr), u""}) {
-            WPInstallParams params = HookDesk::Params(QueryRoadChoice::OfSystem);
+            WPInstallParams params = HookFixture::Params(QueryRouteChoice::OfSystem);
             params.*name = missing;
             EXPECT_EQ(Install(params), kHookBadNames);
         }
     }
-    EXPECT_EQ(Install(HookDesk::Params(QueryRoadChoice::OfSystem)), kHookSuccess);
+    EXPECT_EQ(Install(HookFixture::Params(QueryRouteChoice::OfSystem)), kHookSuccess);
 }
 
 TEST_F(HookModuleTest, TheLibraryIsInstalledOnceAtATime) {
     ASSERT_TRUE(library_.Load());
-    EXPECT_EQ(Install(HookDesk::Params(QueryRoadChoice::OfSystem)), kHookSuccess);
-    EXPECT_EQ(Install(HookDesk::Params(QueryRoadChoice::OfSystem)), kHookAlreadyInstalled);
+    EXPECT_EQ(Install(HookFixture::Params(QueryRouteChoice::OfSystem)), kHookSuccess);
+    EXPECT_EQ(Install(HookFixture::Params(QueryRouteChoice::OfSystem)), kHookAlreadyInstalled);
     EXPECT_EQ(library_.Uninstall(), true);
-    EXPECT_EQ(Install(HookDesk::Params(QueryRoadChoice::OfSystem)), kHookSuccess);
+    EXPECT_EQ(Install(HookFixture::Params(QueryRouteChoice::OfSystem)), kHookSuccess);
 }
 
 TEST_F(HookModuleTest, WithoutAWindowInFrontThereIsNoTarget) {
     ASSERT_TRUE(library_.Load());
-    ASSERT_EQ(Install(HookDesk::Params(QueryRoadChoice::OfSystem)), kHookSuccess);
+    ASSERT_EQ(Install(HookFixture::Params(QueryRouteChoice::OfSystem)), kHookSuccess);
     const HDESK desktop =
         CreateDesktopW(L"Vellumbridge_Test", nullptr, nullptr, 0, GENERIC_ALL, nullptr);
     ASSERT_TRUE(desktop);
@@ -65,7 +65,7 @@ TEST_F(HookModuleTest, AMissingOrForeignLibraryInstallsNothing) {
     EXPECT_FALSE(missing.Load());
     EXPECT_TRUE(foreign.Load());
     for (HookModule* library : {&missing, &foreign}) {
-        WPInstallParams params = HookDesk::Params(QueryRoadChoice::OfSystem);
+        WPInstallParams params = HookFixture::Params(QueryRouteChoice::OfSystem);
         EXPECT_EQ(library->Install(params), std::nullopt);
         EXPECT_EQ(library->Uninstall(), std::nullopt);
         EXPECT_EQ(library->GetTargetWindow(), 0u);

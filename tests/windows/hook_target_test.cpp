@@ -10,7 +10,7 @@
 #include "desktop/driver/notepad.h"
 #include "desktop/driver/waiting.h"
 #include "platform/win32/handle.h"
-#include "windows/hook_desk.h"
+#include "windows/hook_fixture.h"
 #include "windows/pump.h"
 #include "windows/target_thread.h"
 
@@ -50,33 +50,33 @@ bool HasHookLibrary(const Notepad& target) {
 TEST(HookTargetTest, NothingStaysInATargetHoweverOftenTheLibraryWasThere) {
     const Notepad target;
     for (int round = 0; round < kRounds; ++round) {
-        HookDesk desk;
-        ASSERT_TRUE(desk.Install(QueryRoadChoice::Posted)) << round;
-        ASSERT_TRUE(desk.Ask(target.Edit())) << round;
-        ASSERT_TRUE(desk.Uninstall()) << round;
+        HookFixture fixture;
+        ASSERT_TRUE(fixture.Install(QueryRouteChoice::Posted)) << round;
+        ASSERT_TRUE(fixture.Ask(target.Edit())) << round;
+        ASSERT_TRUE(fixture.Uninstall()) << round;
         ASSERT_TRUE(WaitUntil([&] { return !HasHookLibrary(target); })) << round;
     }
 }
 
-TEST(HookTargetTest, OnTheLocalRoadNothingEntersOtherPrograms) {
+TEST(HookTargetTest, OnTheLocalRouteNothingEntersOtherPrograms) {
     const Notepad target;
-    for (const QueryRoadChoice road : {QueryRoadChoice::Local, QueryRoadChoice::OfSystem}) {
-        HookDesk desk;
-        ASSERT_TRUE(desk.Install(road));
+    for (const QueryRouteChoice route : {QueryRouteChoice::Local, QueryRouteChoice::OfSystem}) {
+        HookFixture fixture;
+        ASSERT_TRUE(fixture.Install(route));
         ASSERT_TRUE(BringToFront(target.Window()));
         // Behind the query in the target's queue.
-        ASSERT_TRUE(desk.Post(target.Edit()));
+        ASSERT_TRUE(fixture.Post(target.Edit()));
         SendMessageW(target.Edit(), WM_NULL, 0, 0);
-        EXPECT_FALSE(desk.WaitForAnswer(0));
+        EXPECT_FALSE(fixture.WaitForAnswer(0));
         EXPECT_FALSE(HasHookLibrary(target));
     }
 }
 
 TEST(HookTargetTest, TheTargetIsTheFocusInFrontAndTheOtherIsTheLastProgramInFront) {
-    HookDesk desk;
-    ASSERT_TRUE(desk.Install(QueryRoadChoice::Local));
+    HookFixture fixture;
+    ASSERT_TRUE(fixture.Install(QueryRouteChoice::Local));
     const auto number = [](HWND window) { return reinterpret_cast<WindowHandle>(window); };
-    HookModule& library = desk.Library();
+    HookModule& library = fixture.Library();
     const TargetThread own(L"Edit", 0);
     {
         const Notepad first;

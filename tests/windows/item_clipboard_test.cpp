@@ -6,9 +6,9 @@
 #include <gtest/gtest.h>
 
 #include "fakes/history_fixture.h"
+#include "platform/clipboard_text.h"
 #include "platform/win32/win_ansi_text.h"
 #include "platform/win32/win_bitmaps.h"
-#include "platform/win32/win_clipboard.h"
 #include "platform/win32/win_clipboard_access.h"
 #include "platform/win32/win_locale.h"
 #include "platform/win32/win_rich_text_engine.h"
@@ -16,6 +16,16 @@
 
 namespace vbr {
 namespace {
+
+std::u16string UnicodeText() {
+    WinClipboardAccess clipboard(nullptr);
+    return ReadUnicodeText(clipboard);
+}
+
+bool EmptyClipboardNow() {
+    const auto session = WinClipboardAccess(nullptr).Open(0);
+    return session && session->Empty();
+}
 
 class WinItemClipboard : public testing::Test {
   protected:
@@ -50,9 +60,9 @@ TEST_F(WinItemClipboard, FormattedTextGoesThereAsItIsOrPlain) {
     queue_.Add(ByteItem(CHF_RTF, "{\\rtf1\\ansi a\\b b\\par\\u1078?}"), kNoItemLimit);
     ASSERT_TRUE(clipboard_.PutOnClipboard(0));
     EXPECT_EQ(Read(access_.RegisterFormat(u"Rich Text Format"))->Bytes, queue_.GetItem(0)->Data());
-    EXPECT_EQ(WinClipboard().UnicodeText(), u"");
+    EXPECT_EQ(UnicodeText(), u"");
     ASSERT_TRUE(clipboard_.PutOnClipboardAsPlainText(0));
-    EXPECT_EQ(WinClipboard().UnicodeText(), u"ab\r\nж");
+    EXPECT_EQ(UnicodeText(), u"ab\r\nж");
     EXPECT_EQ(*reinterpret_cast<const LCID*>(Read(CF_LOCALE)->Bytes.data()), GetThreadLocale());
     EXPECT_FALSE(IsClipboardFormatAvailable(access_.RegisterFormat(u"Rich Text Format")));
 }
@@ -62,9 +72,9 @@ TEST_F(WinItemClipboard, APictureGoesBesideTextAndStaysInTheHistory) {
     AddPicture({CreateBitmap(1, 1, 1, 32, kBits), [](void* owned) { DeleteObject(owned); }});
     ASSERT_TRUE(clipboard_.SetClipboardText(u"text"));
     ASSERT_TRUE(clipboard_.PutOnClipboard(0));
-    EXPECT_EQ(WinClipboard().UnicodeText(), u"text");
+    EXPECT_EQ(UnicodeText(), u"text");
     const auto copied = Read(CF_BITMAP);
-    ASSERT_TRUE(copied && WinClipboard().Empty());
+    ASSERT_TRUE(copied && EmptyClipboardNow());
     AddPicture(copied->Object);
     EXPECT_EQ(queue_.GetCount(), 1U);
 }

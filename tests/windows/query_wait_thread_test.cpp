@@ -9,9 +9,11 @@
 #include "exchange/win32/hook_module.h"
 #include "fakes/memory_log.h"
 #include "fakes/native_profile_store.h"
+#include "platform/my_copy.h"
 #include "platform/object_names.h"
 #include "platform/win32/wide.h"
-#include "platform/win32/win_clipboard.h"
+#include "platform/win32/win_ansi_text.h"
+#include "platform/win32/win_clipboard_access.h"
 #include "platform/win32/win_clock.h"
 #include "platform/win32/win_desktop_windows.h"
 #include "platform/win32/win_hotkey_registrar.h"
@@ -57,17 +59,30 @@ class QueryWait : public testing::Test {
     std::unique_ptr<NamedEvent> stop_ =
         events_.Create(u"", EventReset::Manual, ObjectAccess::Default);
     MemoryLog log_;
-    WinClipboard clipboard_;
+    WinClipboardAccess clipboard_{nullptr};
+    WinAnsiText ansi_;
     WinInputInjector input_;
     WinDesktopWindows windows_;
     WinClock clock_;
-    SelectedTextReader selection_{clipboard_, input_, windows_, clock_, [] {}};
+    MyCopyGuard ownCopy_{clock_, log_};
+    SelectedTextReader selection_{{.Clipboard = clipboard_,
+                                   .Ansi = ansi_,
+                                   .Input = input_,
+                                   .Windows = windows_,
+                                   .Clock = clock_,
+                                   .OwnCopy = ownCopy_}};
     std::vector<WPQuery> received_;
     DWORD answerDelay_ = 0;  // of the next answer
     bool answers_ = false;
     MessageWindow owner_;
     HWND window_ = owner_.Get();
-    QueryWaitThread thread_{{window_, kQuery, kError, *stop_, memory_, selection_, log_}};
+    QueryWaitThread thread_{{.NotifyWindow = window_,
+                             .QueryMessage = kQuery,
+                             .ErrorMessage = kError,
+                             .Stop = *stop_,
+                             .Memory = memory_,
+                             .Selection = selection_,
+                             .Log = log_}};
 
   private:
     static LRESULT CALLBACK Receive(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -153,20 +168,31 @@ TEST_F(QueryWait, TwoHundredStartsOfTheServiceLeaveNothingBehind) {
     completed_.reset();
     const std::u16string path = (ProgramFolder() / "Vellumbridge.dll").u16string();
     HookModule hook(path);
-    LocalRoad road(windows_, selection_);
-    CVBRDLLService hooks(hook, objects_, windows_, road, path, log_);
+    LocalRoute route(windows_, selection_);
+    CVBRDLLService hooks({.Library = hook,
+                          .LibraryPath = path,
+                          .Objects = objects_,
+                          .Windows = windows_,
+                          .Route = route,
+                          .Log = log_});
     WinHotkeyRegistrar hotkeys(window_, 1);
     NativeProfileStore profile;
     CVBRSettings settings(profile, {});
     std::vector<std::u16string> messages;
-    HotkeyService service({settings, hooks, thread_, hotkeys, objects_, objects_, log_, messages});
+    HotkeyService service({.Settings = settings,
+                           .Hooks = hooks,
+                           .Waiter = thread_,
+                           .Hotkeys = hotkeys,
+                           .Objects = objects_,
+                           .Memory = objects_,
+                           .Log = log_,
+                           .Messages = messages});
     DWORD handles = 0;
     std::size_t threads = 0;
     for (int i = 0; i < 205; ++i) {
-        std::u16string error;
-        ASSERT_TRUE(service.Install({reinterpret_cast<WindowHandle>(window_), kQuery, {}, 0, false},
-                                    true, error))
-            << Utf16ToUtf8(error);
+        const auto error = service.Install(
+            {.TrayWindow = reinterpret_cast<WindowHandle>(window_), .QueryMessage = kQuery}, true);
+        ASSERT_FALSE(error) << Utf16ToUtf8(*error);
         service.Stop();
         if (i == 4) {
             handles = CountHandles();

@@ -14,13 +14,29 @@
 
 #include "exchange/clipboard_snapshot.h"
 #include "fakes/memory_log.h"
-#include "platform/win32/win_clipboard.h"
+#include "platform/clipboard_text.h"
+#include "platform/win32/win_ansi_text.h"
 #include "windows/global_memory.h"
 #include "windows/message_window.h"
 #include "windows/pixels.h"
 
 namespace vbr {
 namespace {
+
+std::u16string UnicodeText() {
+    WinClipboardAccess clipboard(nullptr);
+    return ReadUnicodeText(clipboard);
+}
+
+std::u16string AnyText() {
+    WinClipboardAccess clipboard(nullptr);
+    return ReadAnyText(clipboard, WinAnsiText());
+}
+
+bool EmptyClipboardNow() {
+    const auto session = WinClipboardAccess(nullptr).Open(0);
+    return session && session->Empty();
+}
 
 using testing::AnyOf;
 using testing::Contains;
@@ -227,21 +243,21 @@ TEST_F(WinClipboardAccessTest, TheContentOutlivesTheWindowThatWouldOwnIt) {
     PutOther();
     own_.Destroy();
     EXPECT_TRUE(snapshot_.RestoreClipboardSnapshot());
-    EXPECT_EQ(WinClipboard().Text(), u"text");
+    EXPECT_EQ(AnyText(), u"text");
 }
 
 TEST_F(WinClipboardAccessTest, TextEndsAtItsTerminatorOrWithItsBlockAndGoesByEmpty) {
     const auto textOf = [this](UINT format, std::string_view bytes) {
         Put({{format, MemoryOf(bytes)}});
-        return WinClipboard().Text();
+        return AnyText();
     };
     EXPECT_EQ(textOf(CF_UNICODETEXT, {"\x16\x04=\xD8\0\xDE\0\0r\0", 10}), u"Ж😀");
-    EXPECT_EQ(WinClipboard().UnicodeText(), u"Ж😀");
+    EXPECT_EQ(UnicodeText(), u"Ж😀");
     // The system may put the missing terminator in the place of the last character.
     EXPECT_THAT(textOf(CF_UNICODETEXT, {"o\0p\0e\0n", 8}), AnyOf(u"open", u"ope"));
     EXPECT_EQ(textOf(CF_TEXT, {"plain\0", 6}), u"plain");
-    EXPECT_TRUE(WinClipboard().Empty());
-    EXPECT_EQ(WinClipboard().Text(), u"");
+    EXPECT_TRUE(EmptyClipboardNow());
+    EXPECT_EQ(AnyText(), u"");
 }
 
 // A window whose thread answers no message until this goes.
@@ -279,7 +295,7 @@ TEST_F(WinClipboardAccessTest, AHungOwnerIsGivenUp) {
         CloseClipboard();
     });
     const ULONGLONG start = GetTickCount64();
-    EXPECT_EQ(WinClipboard().UnicodeText(), u"");
+    EXPECT_EQ(UnicodeText(), u"");
     EXPECT_FALSE(snapshot_.Take());
     // To read it takes 20 seconds and more.
     EXPECT_LT(GetTickCount64() - start, 10'000U);
@@ -291,12 +307,12 @@ TEST_F(WinClipboardAccessTest, AProgramThatHoldsTheClipboardIsWaitedForAtTheEnd)
     EXPECT_TRUE(snapshot_.Take());
     PutOther();
     const HungWindow holder([](HWND window) { EXPECT_TRUE(OpenClipboard(window)); }, 5000);
-    EXPECT_FALSE(WinClipboard().Empty());
-    EXPECT_EQ(WinClipboard().Text(), u"");
+    EXPECT_FALSE(EmptyClipboardNow());
+    EXPECT_EQ(AnyText(), u"");
     CClipboardSnapshot second(clipboard_, log_);
     EXPECT_FALSE(second.Take());
     EXPECT_TRUE(snapshot_.RestoreClipboardSnapshot());
-    EXPECT_EQ(WinClipboard().Text(), u"text");
+    EXPECT_EQ(AnyText(), u"text");
 }
 
 }  // namespace

@@ -118,7 +118,12 @@ TEST(LayoutSwitcher, PressesTheShortcutAndStopsWhenTheWindowHasTheLanguage) {
     WinTargetWindows targets;
     WinClock clock;
     MemoryLog log;
-    LayoutSwitcher switcher({input, layouts, windows, targets, clock, log});
+    LayoutSwitcher switcher({.Input = input,
+                             .Layouts = layouts,
+                             .Windows = windows,
+                             .Targets = targets,
+                             .Clock = clock,
+                             .Log = log});
     const Lcid current = LanguageOf(windows.KeyboardLayout(0));
     EXPECT_FALSE(switcher.IsInstalled(0xFFFF));
     switcher.SwitchKeyboardLayout(current, reinterpret_cast<WindowHandle>(GetDesktopWindow()));

@@ -10,7 +10,7 @@
 
 #include "fakes/temp_folder.h"
 #include "platform/win32/handle.h"
-#include "platform/win32/win_error_text.h"
+#include "platform/win32/win_system_error.h"
 #include "windows/access_list.h"
 
 namespace vbr {
@@ -91,7 +91,7 @@ TEST_F(WinFileStoreTest, AHeldFileStaysAsItWasAndTheErrorSaysWhy) {
     EXPECT_TRUE(error->Code == ERROR_ACCESS_DENIED || error->Code == ERROR_SHARING_VIOLATION)
         << error->Code;
     EXPECT_NE(error->Text, u"");
-    EXPECT_EQ(error->Text, WinErrorText().TextOf(error->Code));
+    EXPECT_EQ(error->Text, SystemErrorOf(error->Code).Text);
     held.reset();
     EXPECT_EQ(store_.Read(File()), "old");
     EXPECT_TRUE(IsReadOnly());

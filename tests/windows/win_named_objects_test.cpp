@@ -49,16 +49,13 @@ TEST_F(WinNamedObjectsTest, OnlyAnAutomaticEventIsUsedUpByOneWait) {
 TEST_F(WinNamedObjectsTest, SignalSaysWhetherSomebodyListens) {
     EXPECT_FALSE(objects_.Signal(kName));
     EXPECT_FALSE(objects_.Exists(kName));
-    EXPECT_FALSE(objects_.Open(kName));
+    EXPECT_EQ(objects_.WaitFor(kName, 0)->Code, DWORD{ERROR_FILE_NOT_FOUND});
     auto event = CreateEvent(EventReset::Automatic);
-    auto listener = objects_.Open(kName);
-    ASSERT_TRUE(listener);
     EXPECT_TRUE(objects_.Exists(kName));
-    EXPECT_EQ(listener->Wait(0), WaitResult::TimedOut);
+    EXPECT_EQ(objects_.WaitFor(kName, 0)->Code, 0U);
     EXPECT_TRUE(objects_.Signal(kName));
-    EXPECT_EQ(listener->Wait(0), WaitResult::Signalled);
+    EXPECT_EQ(objects_.WaitFor(kName, 0), std::nullopt);
     event.reset();
-    listener.reset();
     EXPECT_FALSE(objects_.Signal(kName));
 }
 
@@ -87,7 +84,7 @@ TEST_F(WinNamedObjectsTest, ANameOfAnotherKindOfObjectGivesNothing) {
     const UniqueHandle mutex(CreateMutexW(nullptr, FALSE, Wide(kName.data())));
     ASSERT_TRUE(mutex);
     EXPECT_FALSE(CreateEvent(EventReset::Manual));
-    EXPECT_FALSE(objects_.Open(kName));
+    EXPECT_TRUE(objects_.WaitFor(kName, 0));
     EXPECT_FALSE(objects_.Exists(kName));
     EXPECT_FALSE(objects_.Signal(kName));
     EXPECT_FALSE(objects_.Create(kName, 1024));

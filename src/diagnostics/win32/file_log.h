@@ -11,28 +11,25 @@
 #include <thread>
 
 #include "diagnostics/entry_log.h"
+#include "platform/log_file.h"
 #include "platform/win32/handle.h"
 
 namespace vbr {
 
 // The log file: UTF-16 with a byte order mark. One thread writes the entries, in their order; the
 // file is shared with other processes by a named event. One thread starts and stops the log.
-class FileLog : public EntryLog {
+class FileLog : public EntryLog, public LogFile {
   public:
     explicit FileLog(const Clock& clock) : EntryLog(clock) {}
     ~FileLog() override { StopLog(); }
 
-    // False when the log is on already or its guard can't be made.
-    bool StartLog(const std::u16string& path);
-
-    // Writes what waits and turns the log off. A file that another program holds delays it by a
-    // few seconds at most, whatever the number of entries.
-    void StopLog();
+    bool StartLog(const std::u16string& path) override;
+    // A file that another program holds delays it by a few seconds at most, whatever the number of
+    // entries.
+    void StopLog() override;
     bool IsLogOn() const override;
-
-    // Path and global atom of the running log, for the hook library; empty and 0 while it is off.
-    std::u16string Path() const;
-    std::uint16_t Atom() const;
+    std::u16string Path() const override;
+    std::uint16_t Atom() const override;
 
   private:
     struct Entry {

@@ -30,9 +30,9 @@ void WaitAndAnswer(HANDLE event) {
 
 }  // namespace
 
-QueryWaitThread::QueryWaitThread(const Parts& parts)
-    : parts_(parts),
-      area_(parts.Memory, kAreaInterchange, parts.WaitLog),
+QueryWaitThread::QueryWaitThread(const Collaborators& with)
+    : with_(with),
+      area_(with.Memory, kAreaInterchange, with.Log),
       end_(UnnamedEvent()),
       ended_(UnnamedEvent()) {}
 
@@ -45,13 +45,12 @@ bool QueryWaitThread::Start(NamedEvent& dataNeeded, NamedEvent& dataCompleted) {
     ended_.Reset();
     try {
         thread_ = std::thread([this] {
-            CWaitQuery(*this, area_, parts_.Selection, *this, parts_.WaitLog)
-                .ThreadProc_WaitQuery();
+            CWaitQuery(*this, area_, with_.Selection, *this, with_.Log).ThreadProc_WaitQuery();
+            busy_ = false;
             ended_.Set();
         });
     } catch (const std::system_error&) {
-        parts_.WaitLog.LogError(
-            u"Cannot start thread for waiting of query CWaitQuery::StartWaitThread");
+        with_.Log.LogError(u"Cannot start thread for waiting of query CWaitQuery::StartWaitThread");
         return false;
     }
     return true;
@@ -80,9 +79,11 @@ std::shared_ptr<QueryExchange> QueryWaitThread::Find(WPARAM query, LPARAM answer
 }
 
 QueryWake QueryWaitThread::Wait(std::uint32_t& errorCode) {
-    const HANDLE handles[] = {HandleOf(*dataNeeded_), HandleOf(parts_.Stop), end_.Get()};
+    busy_ = false;
+    const HANDLE handles[] = {HandleOf(*dataNeeded_), HandleOf(with_.Stop), end_.Get()};
     switch (WaitForMultipleObjects(3, handles, FALSE, INFINITE)) {
         case WAIT_OBJECT_0:
+            busy_ = true;
             return QueryWake::DataNeeded;
         case WAIT_OBJECT_0 + 1:
         case WAIT_OBJECT_0 + 2:
@@ -107,7 +108,7 @@ bool QueryWaitThread::Deliver(const std::shared_ptr<QueryExchange>& exchange) {
     }
     DWORD_PTR result = 0;
     const LRESULT answered = SendMessageTimeoutW(
-        parts_.NotifyWindow, parts_.QueryMessage, reinterpret_cast<WPARAM>(&exchange->Query),
+        with_.NotifyWindow, with_.QueryMessage, reinterpret_cast<WPARAM>(&exchange->Query),
         reinterpret_cast<LPARAM>(&exchange->Answer), SMTO_BLOCK | SMTO_ABORTIFHUNG,
         kDeliverTimeoutMs, &result);
     const std::lock_guard guard(mutex_);
@@ -116,7 +117,7 @@ bool QueryWaitThread::Deliver(const std::shared_ptr<QueryExchange>& exchange) {
 }
 
 void QueryWaitThread::ReportWaitError() {
-    PostMessageW(parts_.NotifyWindow, parts_.ErrorMessage, 0, 0);
+    PostMessageW(with_.NotifyWindow, with_.ErrorMessage, 0, 0);
 }
 
 }  // namespace vbr

@@ -3,6 +3,7 @@
 
 #include "platform/win32/windows.h"
 
+#include <atomic>
 #include <memory>
 #include <mutex>
 #include <thread>
@@ -15,22 +16,23 @@ namespace vbr {
 // The thread that waits for queries. Start and stop it on the main thread.
 class QueryWaitThread : public QueryWaiter, private QuerySignals, private QueryReceiver {
   public:
-    struct Parts {
+    struct Collaborators {
         HWND NotifyWindow;
         UINT QueryMessage;  // sent with the addresses of query and answer; 1 when handled
         UINT ErrorMessage;  // posted when the wait has failed
         NamedEvent& Stop;   // the program's
         SharedMemory& Memory;
         SelectedTextReader& Selection;
-        Log& WaitLog;
+        vbr::Log& Log;
     };
 
-    explicit QueryWaitThread(const Parts& parts);
+    explicit QueryWaitThread(const Collaborators& with);
     ~QueryWaitThread() override { Stop(); }
 
     bool Start(NamedEvent& dataNeeded, NamedEvent& dataCompleted) override;
     // Returns when the thread has ended. Messages that other threads send are answered meanwhile.
     void Stop() override;
+    bool IsBusy() const override { return busy_; }
 
     // The exchange that the addresses of a query message belong to, null when it is no longer
     // waited for. Anybody can send such a message.
@@ -45,13 +47,14 @@ class QueryWaitThread : public QueryWaiter, private QuerySignals, private QueryR
     bool Deliver(const std::shared_ptr<QueryExchange>& exchange) override;
     void ReportWaitError() override;
 
-    Parts parts_;
+    Collaborators with_;
     InterchangeArea area_;
     WinNamedEvent end_;
     WinNamedEvent ended_;
     NamedEvent* dataNeeded_ = nullptr;
     NamedEvent* dataCompleted_ = nullptr;
     std::thread thread_;
+    std::atomic<bool> busy_ = false;
     std::mutex mutex_;  // of the two below
     std::shared_ptr<QueryExchange> pending_;
     bool ending_ = false;

@@ -5,7 +5,7 @@
 
 #include "platform/win32/handle.h"
 #include "platform/win32/wide.h"
-#include "platform/win32/win_error_text.h"
+#include "platform/win32/win_system_error.h"
 
 namespace vbr {
 namespace {
@@ -30,8 +30,7 @@ class WinDesktop : public Desktop {
         name.Read = GetUserObjectInformationW(desktop_.get(), UOI_NAME, text.data(),
                                               kNameMax * sizeof(wchar_t), &needed) != 0;
         if (!name.Read) {
-            name.Error.Code = GetLastError();
-            name.Error.Text = WinErrorText().TextOf(name.Error.Code);
+            name.Error = SystemErrorOf(GetLastError());
         }
         name.Text = FromWide(text.data());
         name.LengthNeeded = needed;

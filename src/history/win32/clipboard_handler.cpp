@@ -3,8 +3,8 @@
 
 #include "platform/object_names.h"
 #include "platform/win32/wide.h"
-#include "platform/win32/win_error_text.h"
 #include "platform/win32/win_named_objects.h"
+#include "platform/win32/win_system_error.h"
 
 namespace vbr {
 namespace {
@@ -27,27 +27,26 @@ UINT Registered(std::u16string_view name) {
 
 }  // namespace
 
-CVBRWndClipboardHandler::CVBRWndClipboardHandler(Collaborators collaborators)
-    : collaborators_(std::move(collaborators)),
+CVBRWndClipboardHandler::CVBRWndClipboardHandler(Collaborators with)
+    : with_(std::move(with)),
       loaded_(Registered(kMessageHistoryLoaded)),
       saved_(Registered(kMessageItemSaved)),
       addItem_(Registered(kMessageAddItem)),
       itemStored_(Registered(kMessageItemStored)),
-      folder_(collaborators_.Folder, collaborators_.Store, collaborators_.Files,
-              collaborators_.Log),
+      folder_(with_.Folder, with_.Store, with_.Files, with_.Log),
       queue_(folder_),
-      spy_(collaborators_.Log),
-      capture_({.Access = collaborators_.Access,
-                .Windows = collaborators_.Windows,
-                .Clock = collaborators_.Clock,
-                .MyCopy = collaborators_.MyCopy,
-                .Kept = collaborators_.Settings.ClipboardFormats,
-                .Ansi = collaborators_.Ansi,
-                .Bitmaps = collaborators_.Bitmaps,
-                .Log = collaborators_.Log}),
+      spy_(with_.Log),
+      capture_({.Access = with_.Access,
+                .Windows = with_.Windows,
+                .Clock = with_.Clock,
+                .MyCopy = with_.MyCopy,
+                .Kept = with_.Settings.ClipboardFormats,
+                .Ansi = with_.Ansi,
+                .Bitmaps = with_.Bitmaps,
+                .Log = with_.Log}),
       saver_({.Queue = queue_,
               .Worker = worker_,
-              .IsOn = collaborators_.Settings.SaveClipboardHistory,
+              .IsOn = with_.Settings.SaveClipboardHistory,
               .TellSaved =
                   [this](const CCHItem& item) {
                       return SendFromWorker(reportTo_, saved_, &item) == kTaken;
@@ -73,7 +72,7 @@ bool CVBRWndClipboardHandler::Create(HWND parent, UINT controlId, bool captureOn
     controlId_ = controlId;
     captureOnCreate_ = captureOnCreate;
     lastError_ = 0;
-    collaborators_.MyCopy.Set(0);
+    with_.MyCopy.Set(0);
     WindowCreation creation;
     creation.ClassName = L"Vellumbridge_ClipboardHandler";
     creation.Style = WS_CHILD;
@@ -84,8 +83,8 @@ bool CVBRWndClipboardHandler::Create(HWND parent, UINT controlId, bool captureOn
     if (lastError_ == 0) {
         lastError_ = GetLastError();
     }
-    collaborators_.Log.LogError(Concat(u"Clipboad History, ", u"Error code: ", lastError_, u"\n",
-                                       WinErrorText().TextOf(lastError_)));
+    with_.Log.LogError(Concat(u"Clipboad History, ", u"Error code: ", lastError_, u"\n",
+                              SystemErrorOf(lastError_).Text));
     return false;
 }
 
@@ -124,7 +123,7 @@ LRESULT CVBRWndClipboardHandler::OnCreate(WPARAM, LPARAM) {
         lastError_ = GetLastError();
         return -1;
     }
-    if (collaborators_.Settings.SaveClipboardHistory) {
+    if (with_.Settings.SaveClipboardHistory) {
         StartLoad();
     }
     if (captureOnCreate_) {
@@ -142,10 +141,10 @@ LRESULT CVBRWndClipboardHandler::OnDestroy(WPARAM, LPARAM) {
 
 bool CVBRWndClipboardHandler::InstallSpy() {
     const auto method =
-        SpyMethodOfSetting(collaborators_.Settings.ClipboardSpyMethod, HasClipboardListener());
+        SpyMethodOfSetting(with_.Settings.ClipboardSpyMethod, HasClipboardListener());
     if (!method) {
-        collaborators_.Log.LogError(Concat(u"No clipboard spy method has the number ",
-                                           collaborators_.Settings.ClipboardSpyMethod));
+        with_.Log.LogError(
+            Concat(u"No clipboard spy method has the number ", with_.Settings.ClipboardSpyMethod));
         return false;
     }
     spy_.Spy().ClearObservers();
@@ -175,7 +174,7 @@ void CVBRWndClipboardHandler::Capture(WindowHandle owner, HistoryChange change) 
     if (!item) {
         return;
     }
-    queue_.Add(std::move(item), collaborators_.Settings.ClipboardHistoryMax);
+    queue_.Add(std::move(item), with_.Settings.ClipboardHistoryMax);
     saver_.NoteChange();
     Notify(kNoticeHistoryChanged, change);
     PostMessageW(Handle(), WM_SAVE_HISTORY, 0, 0);
@@ -189,19 +188,19 @@ void CVBRWndClipboardHandler::Notify(std::uint32_t code, HistoryChange change) {
 }
 
 LRESULT CVBRWndClipboardHandler::OnDelayUnlock(WPARAM, LPARAM) {
-    collaborators_.MyCopy.EndBlock();
+    with_.MyCopy.EndBlock();
     return 0;
 }
 
 void CVBRWndClipboardHandler::RequestSave() {
-    saver_.RequestSave(collaborators_.Clock.TickCount());
+    saver_.RequestSave(with_.Clock.TickCount());
     if (IsKeeping()) {
         SetTimer(Handle(), kTimerSave, kSaveTimerMs, nullptr);
     }
 }
 
 LRESULT CVBRWndClipboardHandler::OnTimer(WPARAM id, LPARAM) {
-    if (id == kTimerSave && saver_.IsDue(collaborators_.Clock.TickCount())) {
+    if (id == kTimerSave && saver_.IsDue(with_.Clock.TickCount())) {
         KillTimer(Handle(), kTimerSave);
         PostMessageW(Handle(), WM_SAVE_HISTORY, 0, 0);
     }
@@ -216,7 +215,7 @@ LRESULT CVBRWndClipboardHandler::OnSaveHistory(WPARAM, LPARAM) {
 void CVBRWndClipboardHandler::StartLoad() {
     worker_.Load([this, window = Handle()](CCHQueue& queue) {
         while (SendFromWorker(window, loaded_, &queue) == kLater &&
-               collaborators_.ProgramEnd.Wait(kLaterMs) == WaitResult::TimedOut) {
+               with_.ProgramEnd.Wait(kLaterMs) == WaitResult::TimedOut) {
         }
     });
 }
@@ -236,7 +235,7 @@ LRESULT CVBRWndClipboardHandler::OnLoaded(LPARAM queue) {
     if (queue_.IsLocked()) {
         return kLater;
     }
-    queue_.Merge(*reinterpret_cast<CCHQueue*>(queue), collaborators_.Settings.ClipboardHistoryMax);
+    queue_.Merge(*reinterpret_cast<CCHQueue*>(queue), with_.Settings.ClipboardHistoryMax);
     Notify(kNoticeHistoryLoaded, HistoryChange::Captured);
     return kTaken;
 }
@@ -252,14 +251,14 @@ LRESULT CVBRWndClipboardHandler::OnSaved(LPARAM item) {
 // Code of this process gives the address, but anybody may send the message.
 const CCHItem* CVBRWndClipboardHandler::ItemAt(LPARAM address) {
     const auto* item = reinterpret_cast<const CCHItem*>(address);
-    const bool isItem = address != 0 && RunSilently(collaborators_.Faults, false,
-                                                    [item] { return CCHItem::IsAt(item); });
+    const bool isItem =
+        address != 0 && RunSilently(with_.Faults, false, [item] { return CCHItem::IsAt(item); });
     return isItem ? item : nullptr;
 }
 
 LRESULT CVBRWndClipboardHandler::OnAddItem(LPARAM address) {
     const CCHItem* item = ItemAt(address);
-    return item && queue_.Add(item->Copy(), collaborators_.Settings.ClipboardHistoryMax);
+    return item && queue_.Add(item->Copy(), with_.Settings.ClipboardHistoryMax);
 }
 
 LRESULT CVBRWndClipboardHandler::OnItemStored(LPARAM address) {

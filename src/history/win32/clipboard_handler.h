@@ -60,7 +60,7 @@ class CVBRWndClipboardHandler : public WindowBase, private ClipboardObserver {
         vbr::Log& Log;
     };
 
-    explicit CVBRWndClipboardHandler(Collaborators collaborators);
+    explicit CVBRWndClipboardHandler(Collaborators with);
     ~CVBRWndClipboardHandler() override;
 
     // Both succeed at once when that is so already. A failure is logged.
@@ -114,7 +114,7 @@ class CVBRWndClipboardHandler : public WindowBase, private ClipboardObserver {
     void Notify(std::uint32_t code, HistoryChange change);
     const CCHItem* ItemAt(LPARAM address);
 
-    Collaborators collaborators_;
+    Collaborators with_;
     UINT loaded_;
     UINT saved_;
     UINT addItem_;

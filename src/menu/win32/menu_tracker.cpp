@@ -52,9 +52,9 @@ HWND CMenuTracker::Create(bool withTips) {
     creation.Style = WS_CHILD;
     creation.Parent = HWND_MESSAGE;
     if (WindowBase::Create(creation) && withTips) {
-        tip_ = std::make_unique<CPhraseMenuToolTip>(menu_, parts_.Painter, parts_.Texts,
-                                                    parts_.Clock, parts_.Editor);
-        tip_->SetSource(parts_.TipSource);
+        tip_ = std::make_unique<CPhraseMenuToolTip>(menu_, with_.Painter, with_.Texts, with_.Clock,
+                                                    with_.Editor);
+        tip_->SetSource(with_.TipSource);
         tip_->Create(Handle());
     }
     OpenTracker() = this;
@@ -81,11 +81,11 @@ std::optional<LRESULT> CMenuTracker::OnMessage(UINT message, WPARAM wParam, LPAR
 }
 
 LRESULT CMenuTracker::OnMeasureItem(WPARAM, LPARAM item) {
-    return parts_.Painter.OnMenuMEASUREITEM(*reinterpret_cast<MEASUREITEMSTRUCT*>(item));
+    return with_.Painter.OnMenuMEASUREITEM(*reinterpret_cast<MEASUREITEMSTRUCT*>(item));
 }
 
 LRESULT CMenuTracker::OnDrawItem(WPARAM, LPARAM item) {
-    return parts_.Painter.OnMenuDRAWITEMSTRUCT(*reinterpret_cast<const DRAWITEMSTRUCT*>(item));
+    return with_.Painter.OnMenuDRAWITEMSTRUCT(*reinterpret_cast<const DRAWITEMSTRUCT*>(item));
 }
 
 LRESULT CMenuTracker::OnMenuSelect(WPARAM item, LPARAM menu) {
@@ -185,7 +185,7 @@ void CMenuTracker::OpenRightMenu(std::size_t position, HMENU menu, POINT at) {
         MessageBeep(kBeep);
         return;
     }
-    const std::uint32_t id = info->CommandId;
+    const MenuSubject item = info->Subject;
     rightMenuOpen_ = true;
     if (tip_) {
         tip_->Cancel();
@@ -196,8 +196,8 @@ void CMenuTracker::OpenRightMenu(std::size_t position, HMENU menu, POINT at) {
         EndMenu();
     }
     if (code) {
-        parts_.Log.Write(u"IDataNeededHander_MenuSelf::OnRightMenuCommand");
-        if (parts_.OnRightCommand(*code, id) && !closes) {
+        with_.Log.Write(u"IDataNeededHander_MenuSelf::OnRightMenuCommand");
+        if (with_.OnRightCommand(*code, item) && !closes) {
             closes = true;
             EndMenu();
         }
@@ -207,7 +207,7 @@ void CMenuTracker::OpenRightMenu(std::size_t position, HMENU menu, POINT at) {
 }
 
 int CMenuTracker::RunRightMenu(const CMenuItemInfo& info, POINT at) {
-    const UniqueMenu menu = MakePopupMenu(BuildRightClickMenu(info, parts_.Texts));
+    const UniqueMenu menu = MakePopupMenu(BuildRightClickMenu(info, with_.Texts));
     return TrackPopupMenu(menu.get(), TPM_RECURSE | TPM_RETURNCMD, at.x, at.y, 0, Handle(),
                           nullptr);
 }

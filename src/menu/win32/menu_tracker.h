@@ -19,25 +19,24 @@
 
 namespace vbr {
 
-// What a tracker works with.
-struct MenuTrackerParts {
-    MenuPainter& Painter;
-    const Strings& Texts;
-    const vbr::Clock& Clock;
-    vbr::Log& Log;
-    // Carries out a command of the right-click menu on the item with that id; true when the phrase
-    // menu is to close.
-    std::function<bool(RightMenuCode code, std::uint32_t id)> OnRightCommand;
-    HWND TipSource;         // may know more of an item than its tip
-    std::u16string Editor;  // path of the phrase editor's program
-};
-
 // The message-only window that owns the phrase menu while it is open: it has its items painted,
 // explained and found by typing, and opens the right-click menu.
 class CMenuTracker : public WindowBase {
   public:
-    CMenuTracker(const MenuTrackerParts& parts, const ShownMenu& menu)
-        : parts_(parts), menu_(menu), typing_(parts.Clock) {}
+    struct Collaborators {
+        MenuPainter& Painter;
+        const Strings& Texts;
+        const vbr::Clock& Clock;
+        vbr::Log& Log;
+        // Carries out a command of the right-click menu on an item; true when the phrase menu is to
+        // close.
+        std::function<bool(RightMenuCode code, const MenuSubject& item)> OnRightCommand;
+        HWND TipSource;         // may know more of an item than its tip
+        std::u16string Editor;  // path of the phrase editor's program
+    };
+
+    CMenuTracker(const Collaborators& with, const ShownMenu& menu)
+        : with_(with), menu_(menu), typing_(with.Clock) {}
     ~CMenuTracker() override;
 
     // The window's handle, null when it can't be made.
@@ -67,7 +66,7 @@ class CMenuTracker : public WindowBase {
     bool OnMenuInput(const MSG& message);
     static LRESULT CALLBACK MenuInputHook(int code, WPARAM wParam, LPARAM lParam);
 
-    MenuTrackerParts parts_;
+    Collaborators with_;
     const ShownMenu& menu_;
     MenuTyping typing_;
     HMENU typedIn_ = nullptr;

@@ -22,16 +22,16 @@ POINT PlaceOfMenu(std::optional<Point> at) {
 
 }  // namespace
 
-std::uint32_t PopupMenuPresenter::Show(PhraseMenu items, std::optional<Point> at) {
+MenuSubject PopupMenuPresenter::Show(PhraseMenu items, std::optional<Point> at) {
     ShownMenu menu(std::move(items));
-    const CAutoForegroundWindow front(parts_.Foreground);
-    const std::uint32_t choice = Track(menu, PlaceOfMenu(at));
+    const CAutoForegroundWindow front(with_.Foreground);
+    const MenuSubject choice = Track(menu, PlaceOfMenu(at));
     menu_ = nullptr;
-    parts_.Guard.Run(kFaultCleanupMenu, [&menu] { menu.Cleanup(); });
+    with_.Guard.Run(kFaultCleanupMenu, [&menu] { menu.Cleanup(); });
     return choice;
 }
 
-std::uint32_t PopupMenuPresenter::Track(ShownMenu& menu, POINT point) {
+MenuSubject PopupMenuPresenter::Track(ShownMenu& menu, POINT point) {
     painter_.Begin(menu, DpiAt(point));
     menu_ = menu.Root();
     // The pointer stands at the menu's corner, ready to choose.
@@ -39,17 +39,21 @@ std::uint32_t PopupMenuPresenter::Track(ShownMenu& menu, POINT point) {
     int choice = 0;
     // Where the end of a menu within it ends the phrase menu too, that opens again.
     for (bool again = true; again;) {
-        CMenuTracker tracker({painter_, parts_.Texts, parts_.Clock, parts_.Log,
-                              parts_.OnRightCommand, parts_.Foreground, parts_.Editor},
+        CMenuTracker tracker({.Painter = painter_,
+                              .Texts = with_.Texts,
+                              .Clock = with_.Clock,
+                              .Log = with_.Log,
+                              .OnRightCommand = with_.OnRightCommand,
+                              .TipSource = with_.Foreground,
+                              .Editor = with_.Editor},
                              menu);
-        const HWND owner = tracker.Create(parts_.Settings.MenuToolTips);
+        const HWND owner = tracker.Create(with_.Settings.MenuToolTips);
         choice = TrackPopupMenuEx(menu.Root(), TPM_RETURNCMD, point.x, point.y, owner, nullptr);
         again =
-            choice == 0 && tracker.EndedByRightMenu() && GetForegroundWindow() == parts_.Foreground;
+            choice == 0 && tracker.EndedByRightMenu() && GetForegroundWindow() == with_.Foreground;
     }
-    parts_.OnClosed();
     painter_.End();
-    return static_cast<std::uint32_t>(choice);
+    return menu.SubjectOf(static_cast<std::uint32_t>(choice));
 }
 
 }  // namespace vbr

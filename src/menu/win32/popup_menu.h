@@ -14,7 +14,7 @@ namespace vbr {
 // Shows the phrase menu as a popup menu of this process, in front of the target.
 class PopupMenuPresenter : public MenuPresenter {
   public:
-    struct Parts {
+    struct Collaborators {
         // The program's window: takes the keyboard while the menu is open, and is asked for tips.
         HWND Foreground;
         const CVBRSettings& Settings;
@@ -22,22 +22,21 @@ class PopupMenuPresenter : public MenuPresenter {
         const vbr::Clock& Clock;
         GuardedSections& Guard;
         vbr::Log& Log;
-        std::function<bool(RightMenuCode code, std::uint32_t id)> OnRightCommand;
-        std::function<void()> OnClosed;
+        std::function<bool(RightMenuCode code, const MenuSubject& item)> OnRightCommand;
         std::u16string Editor;  // path of the phrase editor's program
     };
 
-    explicit PopupMenuPresenter(const Parts& parts)
-        : parts_(parts), painter_(parts.Settings.FontForMenu, parts.Guard) {}
+    explicit PopupMenuPresenter(const Collaborators& with)
+        : with_(with), painter_(with.Settings.FontForMenu, with.Guard) {}
 
-    std::uint32_t Show(PhraseMenu menu, std::optional<Point> at) override;
+    MenuSubject Show(PhraseMenu menu, std::optional<Point> at) override;
     bool IsShown() const override { return menu_ && IsMenu(menu_); }
     void ClearFonts() override { painter_.ClearFonts(); }
 
   private:
-    std::uint32_t Track(ShownMenu& menu, POINT point);
+    MenuSubject Track(ShownMenu& menu, POINT point);
 
-    Parts parts_;
+    Collaborators with_;
     MenuPainter painter_;
     HMENU menu_ = nullptr;
 };

@@ -70,6 +70,13 @@ const CMenuItemInfo* ShownMenu::Find(HMENU menu, std::uint32_t id) const {
     return found == items->end() ? nullptr : *found;
 }
 
+MenuSubject ShownMenu::SubjectOf(std::uint32_t id) const {
+    const auto found = std::find_if(blocks_.begin(), blocks_.end(), [id](const auto& block) {
+        return block.Info.CommandId == id && !block.Info.IsPopup() && !block.Info.IsSeparator();
+    });
+    return id == 0 || found == blocks_.end() ? MenuSubject() : found->Info.Subject;
+}
+
 int ShownMenu::LayOutRoot() {
     int height = 0;
     for (MenuItemBlock* block : rootBlocks_) {

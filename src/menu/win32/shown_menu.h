@@ -37,6 +37,9 @@ class ShownMenu {
     // The item with that id in the same menu; null when there is none.
     const CMenuItemInfo* Find(HMENU menu, std::uint32_t id) const;
 
+    // What the item with that number, in whatever popup, stands for; nothing for 0.
+    MenuSubject SubjectOf(std::uint32_t id) const;
+
     // Sums up the measured heights; the height of the root menu.
     int LayOutRoot();
 

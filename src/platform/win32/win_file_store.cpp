@@ -8,7 +8,7 @@
 #include "platform/win32/handle.h"
 #include "platform/win32/verbatim_path.h"
 #include "platform/win32/wide.h"
-#include "platform/win32/win_error_text.h"
+#include "platform/win32/win_system_error.h"
 #include "platform/win32/world_security.h"
 
 namespace vbr {
@@ -96,10 +96,6 @@ void DeleteStaleIn(const fs::path& folder) {
             DeleteFileW(ReachablePath(folder / entry.cFileName).c_str());
         }
     });
-}
-
-SystemError SystemErrorOf(std::uint32_t code) {
-    return {code, WinErrorText().TextOf(code)};
 }
 
 bool WriteWhole(const fs::path& path, std::string_view bytes) {

@@ -2,6 +2,7 @@
 #include "platform/win32/win_hotkey_registrar.h"
 
 #include "platform/win32/wide.h"
+#include "platform/win32/win_system_error.h"
 
 namespace vbr {
 namespace {
@@ -13,12 +14,21 @@ bool IsExtended(std::uint16_t vk) {
 
 }  // namespace
 
-std::uint32_t WinHotkeyRegistrar::Register(std::uint16_t mods, std::uint16_t vk) {
-    return RegisterHotKey(window_, id_, mods, vk) ? ERROR_SUCCESS : GetLastError();
+std::optional<SystemError> WinHotkeyRegistrar::Register(std::uint16_t mods, std::uint16_t vk) {
+    if (RegisterHotKey(window_, id_, mods, vk)) {
+        return std::nullopt;
+    }
+    return SystemErrorOf(GetLastError());
 }
 
 bool WinHotkeyRegistrar::Unregister() {
     return UnregisterHotKey(window_, id_) != 0;
+}
+
+void WinHotkeyRegistrar::DropPresses() {
+    MSG press;
+    while (PeekMessageW(&press, window_, WM_HOTKEY, WM_HOTKEY, PM_REMOVE)) {
+    }
 }
 
 std::u16string WinHotkeyRegistrar::KeyName(std::uint16_t vk) const {

@@ -12,8 +12,9 @@ class WinHotkeyRegistrar : public HotkeyRegistrar {
   public:
     WinHotkeyRegistrar(HWND window, int id) : window_(window), id_(id) {}
 
-    std::uint32_t Register(std::uint16_t mods, std::uint16_t vk) override;
+    std::optional<SystemError> Register(std::uint16_t mods, std::uint16_t vk) override;
     bool Unregister() override;
+    void DropPresses() override;
     std::u16string KeyName(std::uint16_t vk) const override;
 
   private:

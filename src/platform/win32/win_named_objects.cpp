@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "platform/win32/wide.h"
+#include "platform/win32/win_system_error.h"
 #include "platform/win32/world_security.h"
 
 namespace vbr {
@@ -97,9 +98,17 @@ std::unique_ptr<NamedEvent> WinNamedObjects::Create(std::u16string_view name, Ev
     return handle ? std::make_unique<WinNamedEvent>(std::move(handle)) : nullptr;
 }
 
-std::unique_ptr<NamedEvent> WinNamedObjects::Open(std::u16string_view name) {
-    UniqueHandle handle = OpenByName(name, SYNCHRONIZE);
-    return handle ? std::make_unique<WinNamedEvent>(std::move(handle)) : nullptr;
+std::optional<SystemError> WinNamedObjects::WaitFor(std::u16string_view name,
+                                                    std::uint32_t milliseconds) {
+    const UniqueHandle handle = OpenByName(name, SYNCHRONIZE);
+    if (!handle) {
+        return SystemErrorOf(GetLastError());
+    }
+    const DWORD result = WaitForSingleObject(handle.get(), milliseconds);
+    if (result == WAIT_OBJECT_0) {
+        return std::nullopt;
+    }
+    return SystemErrorOf(result == WAIT_TIMEOUT ? ERROR_SUCCESS : GetLastError());
 }
 
 bool WinNamedObjects::Exists(std::u16string_view name) {

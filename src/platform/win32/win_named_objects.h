@@ -28,7 +28,8 @@ class WinNamedObjects : public NamedObjects, public SharedMemory {
   public:
     std::unique_ptr<NamedEvent> Create(std::u16string_view name, EventReset reset,
                                        ObjectAccess access) override;
-    std::unique_ptr<NamedEvent> Open(std::u16string_view name) override;
+    std::optional<SystemError> WaitFor(std::u16string_view name,
+                                       std::uint32_t milliseconds) override;
     bool Exists(std::u16string_view name) override;
     bool Signal(std::u16string_view name) override;
     bool Pulse(std::u16string_view name) override;

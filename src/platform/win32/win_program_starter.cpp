@@ -8,6 +8,7 @@
 
 #include "platform/win32/answering.h"
 #include "platform/win32/wide.h"
+#include "platform/win32/win_system_error.h"
 
 namespace vbr {
 namespace {
@@ -30,8 +31,8 @@ bool WinProgramStarter::IsFolder(std::u16string_view path) const {
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
 }
 
-std::optional<std::uint32_t> WinProgramStarter::Start(std::u16string_view path,
-                                                      std::u16string_view parameters) {
+std::optional<SystemError> WinProgramStarter::Start(std::u16string_view path,
+                                                    std::u16string_view parameters) {
     const std::u16string file(path);
     const std::u16string rest(parameters);
     const DWORD before = GetLastError();
@@ -48,7 +49,7 @@ std::optional<std::uint32_t> WinProgramStarter::Start(std::u16string_view path,
     if (reinterpret_cast<std::intptr_t>(info.hInstApp) > kLastShellError) {
         return std::nullopt;
     }
-    return error;
+    return SystemErrorOf(error);
 }
 
 void WinProgramStarter::TellFailure(WindowHandle owner, std::u16string_view text,

@@ -9,8 +9,8 @@ class WinProgramStarter : public ProgramStarter {
   public:
     bool IsFile(std::u16string_view path) const override;
     bool IsFolder(std::u16string_view path) const override;
-    std::optional<std::uint32_t> Start(std::u16string_view path,
-                                       std::u16string_view parameters) override;
+    std::optional<SystemError> Start(std::u16string_view path,
+                                     std::u16string_view parameters) override;
     void TellFailure(WindowHandle owner, std::u16string_view text,
                      std::u16string_view title) override;
 };

@@ -6,7 +6,7 @@
 
 #include "platform/win32/handle.h"
 #include "platform/win32/verbatim_path.h"
-#include "platform/win32/win_error_text.h"
+#include "platform/win32/win_system_error.h"
 
 namespace vbr {
 namespace {
@@ -20,7 +20,7 @@ constexpr std::size_t kMaxWrite = 16 * 1024 * 1024;
 
 std::optional<SystemError> LastError() {
     const DWORD code = GetLastError();
-    return SystemError{code, WinErrorText().TextOf(code)};
+    return SystemErrorOf(code);
 }
 
 FILETIME FileTimeOf(FileTicks ticks) {

@@ -10,28 +10,23 @@
 #include "base/version.h"
 #include "platform/date_forms.h"
 #include "platform/object_names.h"
-#include "platform/win32/event_watcher.h"
 #include "platform/win32/wide.h"
-#include "platform/win32/win_keyboard_layouts.h"
-#include "platform/win32/win_locale.h"
 #include "platform/win32/win_menu_font.h"
 #include "resources/resource_ids.h"
 #include "settings/system_defaults.h"
 #include "shell/tray_messages.h"
-#include "shell/win32/app_objects.h"
-#include "shell/win32/history_keeper.h"
 #include "shell/win32/tray_window.h"
 
 namespace vbr {
 namespace {
 
-constexpr const wchar_t* kForcedRoadVariable = L"VELLUMBRIDGE_QUERY_ROAD";
+constexpr const wchar_t* kForcedRouteVariable = L"VELLUMBRIDGE_QUERY_ROUTE";
 
-// Tests take the road of another system by an environment variable.
-std::optional<RoadKind> ForcedRoad() {
+// Tests take the route of another system by an environment variable.
+std::optional<RouteKind> ForcedRoute() {
     wchar_t word[16];
-    const DWORD length = GetEnvironmentVariableW(kForcedRoadVariable, word, 16);
-    return ParseRoad(FromWide(word, length < 16 ? length : 0));
+    const DWORD length = GetEnvironmentVariableW(kForcedRouteVariable, word, 16);
+    return ParseRoute(FromWide(word, length < 16 ? length : 0));
 }
 
 std::u16string ModulePath() {
@@ -84,15 +79,13 @@ int RunMessageLoop() {
 
 Application::Application()
     : locations_(ChooseFileLocations(ModulePath(), access_)),
-      settings_(
-          profile_, SettingsFilesOf(locations_),
-          ReadSystemDefaults(WinKeyboardLayouts(), WinLocale(), profile_, locations_.ProgramFolder,
-                             SystemMenuFont(), [this] { return DateAndTime(); })),
+      settings_(profile_, SettingsFilesOf(locations_),
+                ReadSystemDefaults(layouts_, locale_, profile_, locations_.ProgramFolder,
+                                   SystemMenuFont(), [this] { return DateAndTime(); })),
       log_(clock_),
       report_(log_, strings_, alerts_),
       guard_(faults_, report_),
-      rooms_(log_),
-      instance_(objects_, autostart_, errors_, log_) {
+      instance_(objects_, autostart_, log_) {
     settings_.Load();
 }
 
@@ -110,43 +103,49 @@ int Application::Main(std::u16string_view rawCmdLine) {
     }
     const int result = RunResident(cmdLine);
     instance_.Release();
-    CAppObjects::TempFiles().DeleteAll(log_);
+    tempFiles_.DeleteAll(log_);
     WriteBanner(u"===End Vellum Bridge===");
     return result;
 }
 
 int Application::RunResident(const CVBRCmdLine& cmdLine) {
+    const WindowToolkit toolkit;
     NamedEvent& stop = *instance_.StopEvent();
-    CAppObjects::SetStopEvent(&stop);
-    const UINT signal = RegisterWindowMessageW(Wide(kMessageInstanceSignal.data()));
-    EventWatcher exitWatcher;
-    EventWatcher alreadyWorkWatcher;
-    exitWatcher.Start(kEventExit, EventReset::Manual, ObjectAccess::World, stop, [signal] {
-        SendMessageW(CAppObjects::TrayWindow(), signal, kSignalExit, 0);
-    });
-    alreadyWorkWatcher.Start(
-        kEventAlreadyWork, EventReset::Manual, ObjectAccess::World, stop,
-        [signal] { SendMessageW(CAppObjects::TrayWindow(), signal, kSignalAlreadyWorks, 0); });
+    NamedEventThread events(objects_, stop, log_);
+    CVBRTrayWnd tray({.Settings = settings_,
+                      .Profile = profile_,
+                      .Locations = locations_,
+                      .Access = access_,
+                      .Texts = strings_,
+                      .Clock = clock_,
+                      .Locale = locale_,
+                      .Layouts = layouts_,
+                      .Objects = objects_,
+                      .Faults = faults_,
+                      .Guard = guard_,
+                      .Log = log_,
+                      .CmdLine = cmdLine,
+                      .Messages = messages_,
+                      .Stop = stop,
+                      .Events = events,
+                      .ForcedRoute = ForcedRoute()});
+    const auto signal = [&tray](std::uintptr_t code) {
+        const UINT message = RegisterWindowMessageW(Wide(kMessageInstanceSignal.data()));
+        return [&tray, message, code] { PostMessageW(tray.Handle(), message, code, 0); };
+    };
+    events.Watch(kEventExit, EventReset::Manual, ObjectAccess::World, signal(kSignalExit));
+    events.Watch(kEventAlreadyWork, EventReset::Manual, ObjectAccess::World,
+                 signal(kSignalAlreadyWorks));
     {
         const LogSection label(log_, u"TEMP PREFIX TEXT");
         WriteBanner(Concat(u"\n\n=============================\n===Start Vellumbridge ",
                            VersionText(), u" on ", DateAndTime(), u"==="));
     }
-    const WindowToolkit toolkit;
     const auto optionsChanged =
         objects_.Create(kEventOptionsChanged, EventReset::Automatic, ObjectAccess::World);
-    const int result = RunTrayWindow(cmdLine);
-    CAppObjects::SetStopEvent(nullptr);
+    const int result = tray.Create() ? RunMessageLoop() : 0;
     instance_.SignalStop();
     return result;
-}
-
-int Application::RunTrayWindow(const CVBRCmdLine& cmdLine) {
-    // Outlives the window, whose end sets the event that its threads wait for.
-    HistoryKeeper history(settings_, locations_.ProgramFolder, *instance_.StopEvent(), log_);
-    CVBRTrayWnd tray({settings_, profile_, locations_, access_, strings_, log_, guard_, cmdLine,
-                      *instance_.StopEvent(), ForcedRoad(), rooms_.With(history)});
-    return tray.Create() ? RunMessageLoop() : 0;
 }
 
 void Application::WriteBanner(std::u16string_view text) {
@@ -159,8 +158,8 @@ void Application::ShowHelp() {
 }
 
 std::u16string Application::DateAndTime() const {
-    const WinLocale locale;
-    return FormatDateTime(DateTimeMode::DateTime, locale, locale.UserDefault(), clock_.LocalTime());
+    return FormatDateTime(DateTimeMode::DateTime, locale_, locale_.UserDefault(),
+                          clock_.LocalTime());
 }
 
 }  // namespace vbr

@@ -9,17 +9,20 @@
 #include "platform/win32/win_alert_box.h"
 #include "platform/win32/win_autostart.h"
 #include "platform/win32/win_clock.h"
-#include "platform/win32/win_error_text.h"
 #include "platform/win32/win_fault_catcher.h"
 #include "platform/win32/win_file_access.h"
+#include "platform/win32/win_keyboard_layouts.h"
+#include "platform/win32/win_locale.h"
 #include "platform/win32/win_named_objects.h"
 #include "platform/win32/win_profile_store.h"
 #include "settings/embedded_strings.h"
 #include "settings/settings.h"
 #include "shell/command_line.h"
 #include "shell/file_locations.h"
+#include "shell/hotkey_service.h"
 #include "shell/instance_control.h"
-#include "shell/rooms_off.h"
+#include "shell/temp_files.h"
+#include "shell/win32/program.h"
 
 namespace vbr {
 
@@ -34,18 +37,18 @@ class Application {
 
   private:
     int RunResident(const CVBRCmdLine& cmdLine);
-    int RunTrayWindow(const CVBRCmdLine& cmdLine);
     void ShowHelp();
     // A line that parts off a run of the program, with the time behind it.
     void WriteBanner(std::u16string_view text);
     std::u16string DateAndTime() const;
 
     WinClock clock_;
+    WinLocale locale_;
+    WinKeyboardLayouts layouts_;
     WinFileAccess access_;
     WinProfileStore profile_;
     WinNamedObjects objects_;
     WinAutostart autostart_;
-    WinErrorText errors_;
     FileLocations locations_;
     CVBRSettings settings_;
     FileLog log_;
@@ -54,7 +57,8 @@ class Application {
     WinFaultCatcher faults_;
     ErrorReport report_;
     GuardedSections guard_;
-    RoomsOff rooms_;
+    MessageList messages_;  // of this run, for the user's report
+    TempFileList tempFiles_;
     InstanceControl instance_;
 };
 

@@ -2,7 +2,6 @@
 #include "shell/win32/tray_icon.h"
 
 #include <algorithm>
-#include <system_error>
 
 #include "platform/win32/wide.h"
 #include "resources/resource_ids.h"
@@ -10,11 +9,6 @@
 
 namespace vbr {
 namespace {
-
-constexpr int kInstallTries = 200;
-constexpr std::uint32_t kInstallPauseMs = 2000;
-constexpr int kBlinkRounds = 4;
-constexpr std::uint32_t kBlinkPauseMs = 250;
 
 template <std::size_t Size>
 void CopyText(wchar_t (&field)[Size], std::u16string_view text) {
@@ -37,62 +31,7 @@ NOTIFYICONDATAW DataFor(HWND window) {
     return data;
 }
 
-void TryInstall(HWND window, NamedEvent& stop) {
-    for (int i = 0; i < kInstallTries; ++i) {
-        if (SendMessageW(window, kMsgInstallTrayIcon, 0, 0) != 0 ||
-            stop.Wait(kInstallPauseMs) != WaitResult::TimedOut) {
-            return;
-        }
-    }
-}
-
-// The pause after a change; true when the program ends meanwhile.
-bool ChangeIcon(NOTIFYICONDATAW& data, HICON icon, NamedEvent& stop) {
-    data.uFlags = NIF_ICON;
-    data.hIcon = icon;
-    Shell_NotifyIconW(NIM_MODIFY, &data);
-    return stop.Wait(kBlinkPauseMs) != WaitResult::TimedOut;
-}
-
-void BlinkIcon(HWND window, HICON usual, NamedEvent& stop) {
-    NOTIFYICONDATAW data = DataFor(window);
-    for (int i = 0; i < kBlinkRounds; ++i) {
-        if (ChangeIcon(data, SmallIcon(kIconTrayBlink), stop) || ChangeIcon(data, usual, stop)) {
-            return;
-        }
-    }
-}
-
-// Runs the work on a thread unless the last such thread is still at it.
-template <typename Work>
-bool StartOnce(std::thread& thread, std::atomic<bool>& running, Work work) {
-    if (running.exchange(true)) {
-        return true;
-    }
-    if (thread.joinable()) {
-        thread.join();
-    }
-    try {
-        thread = std::thread([&running, work] {
-            work();
-            running = false;
-        });
-        return true;
-    } catch (const std::system_error&) {
-        running = false;
-        return false;
-    }
-}
-
 }  // namespace
-
-TrayIcon::~TrayIcon() {
-    for (std::thread* thread : {&install_, &blink_}) {
-        if (thread->joinable()) {
-            thread->join();
-        }
-    }
-}
 
 bool TrayIcon::Update(HWND window, TrayIconMode mode, const TrayIconContent& content) {
     data_.cbSize = sizeof data_;
@@ -142,15 +81,11 @@ bool TrayIcon::ShowBalloon(HWND window, std::u16string_view text, bool silent,
     return shown;
 }
 
-void TrayIcon::StartInstallThread(HWND window, NamedEvent& stop) {
-    if (!StartOnce(install_, installing_, [window, &stop] { TryInstall(window, stop); })) {
-        SendMessageW(window, kMsgInstallTrayIcon, 0, 0);
-    }
-}
-
-void TrayIcon::Blink(HWND window, NamedEvent& stop) {
-    StartOnce(blink_, blinking_,
-              [window, &stop, usual = data_.hIcon] { BlinkIcon(window, usual, stop); });
+void TrayIcon::ShowBlinkImage(HWND window, bool second) {
+    NOTIFYICONDATAW data = DataFor(window);
+    data.uFlags = NIF_ICON;
+    data.hIcon = second ? SmallIcon(kIconTrayBlink) : data_.hIcon;
+    Notify(NIM_MODIFY, data);
 }
 
 bool TrayIcon::Notify(DWORD message, NOTIFYICONDATAW& data) {

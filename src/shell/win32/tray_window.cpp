@@ -3,19 +3,20 @@
 
 #include "base/text.h"
 #include "platform/object_names.h"
+#include "platform/win32/auto_foreground_window.h"
+#include "platform/win32/menu_handle.h"
 #include "platform/win32/wide.h"
 #include "platform/win32/window_icons.h"
 #include "resources/resource_ids.h"
+#include "shell/choice_block.h"
+#include "shell/tray_menu.h"
 #include "shell/tray_messages.h"
-#include "shell/win32/app_objects.h"
-#include "web/link_language.h"
 
 namespace vbr {
 namespace {
 
 constexpr DWORD kTrayStyle = 0x008D0000;
 constexpr int kOutside = -100;  // left of and above every screen
-constexpr DWORD kExitBalloonMs = 500;
 
 UINT Registered(std::u16string_view name) {
     return RegisterWindowMessageW(Wide(name.data()));
@@ -31,30 +32,37 @@ void AdmitCopyData() {
     }
 }
 
+UINT FlagsOf(MessageLook look) {
+    switch (look) {
+        case MessageLook::Error:
+            return MB_ICONERROR;
+        case MessageLook::Warning:
+            return MB_ICONWARNING;
+        default:
+            return MB_ICONQUESTION;
+    }
+}
+
 }  // namespace
 
-CVBRTrayWnd::CVBRTrayWnd(const TrayContext& context)
-    : context_(context),
+CVBRTrayWnd::CVBRTrayWnd(const ProcessContext& process)
+    : process_(process),
       instanceSignal_(Registered(kMessageInstanceSignal)),
       taskbarCreated_(Registered(kMessageTaskbarCreated)),
       addMessage_(Registered(kMessageAddMessage)),
       mouseEvent_(Registered(kMessageMouseEvent)),
-      session_(*this, context.TrayLog),
-      sounds_(
-          context.Locations.ProgramFolder,
-          [&settings = context.Settings] { return settings.SoundOnEvents; }, context.TrayLog),
-      icon_(context.Guard) {}
+      icon_(process.Guard) {}
 
 CVBRTrayWnd::~CVBRTrayWnd() {
-    // The threads that this object joins wait for it.
-    context_.Stop.Set();
+    // The threads that the program joins wait for it.
+    process_.Stop.Set();
     if (Handle()) {
         DestroyWindow(Handle());
     }
 }
 
 bool CVBRTrayWnd::Create() {
-    const std::u16string title = Text(kStrProductName);
+    const std::u16string title = process_.Texts.LoadString(kStrProductName);
     WindowCreation creation;
     creation.ClassName = L"Vellumbridge_Tray";
     creation.Title = title;
@@ -75,138 +83,58 @@ std::optional<LRESULT> CVBRTrayWnd::OnMessage(UINT message, WPARAM wParam, LPARA
         {WM_COMMAND, &CVBRTrayWnd::OnCommand},
         {WM_COPYDATA, &CVBRTrayWnd::OnCopyData},
         {WM_NOTIFY, &CVBRTrayWnd::OnNotify},
-        {WM_ENTERIDLE, &CVBRTrayWnd::OnEnterIdle},
-        {WM_MENUSELECT, &CVBRTrayWnd::OnMenuSelect},
         {kMsgInstallTrayIcon, &CVBRTrayWnd::OnInstallTrayIcon},
         {kMsgTrayNotify, &CVBRTrayWnd::OnTrayNotify},
         {kMsgQueryReady, &CVBRTrayWnd::OnQueryReady},
-        {kMsgEditorState, &CVBRTrayWnd::OnEditorState},
-        {kMsgUpdateResult, &CVBRTrayWnd::OnUpdateResult},
         {kMsgEditorEnded, &CVBRTrayWnd::OnEditorEnded},
         {kMsgGetPaneTitle, &CVBRTrayWnd::OnGetPaneTitle},
-        {kMsgShowPane, &CVBRTrayWnd::OnShowPane},
         {kMsgInstallSpy, &CVBRTrayWnd::OnInstallSpy},
         {kMsgAllowWaitAgent, &CVBRTrayWnd::OnAllowWaitAgent},
         {kMsgCommandFromSelf, &CVBRTrayWnd::OnCommandFromSelf},
         {kMsgGetQueue, &CVBRTrayWnd::OnGetQueue},
-        {kMsgHideTip, &CVBRTrayWnd::OnHideTip},
         {kMsgWaitError, &CVBRTrayWnd::OnWaitError},
         {kMsgShowMenuRequest, &CVBRTrayWnd::OnShowMenuRequest},
         {kMsgRightMenuCommand, &CVBRTrayWnd::OnRightMenuCommand},
         {kMsgLanguageChanged, &CVBRTrayWnd::OnLanguageChanged},
-        {kMsgPaneBlink, &CVBRTrayWnd::OnPaneBlink},
-        {kMsgGetPaneText, &CVBRTrayWnd::OnGetPaneText},
     };
+    if (message == WM_CREATE) {
+        program_ = std::make_unique<Program>(process_, Handle(), static_cast<TrayView&>(*this));
+    }
+    if (!program_) {
+        return std::nullopt;
+    }
     if (message == instanceSignal_) {
-        return OnInstanceSignal(wParam);
+        program_->Requests().OnInstanceSignal(wParam);
+        return 0;
     }
     if (message == taskbarCreated_) {
-        icon_.StartInstallThread(Handle(), context_.Stop);
+        program_->Display().InstallWithRetry();
         return 0;
     }
     if (message == addMessage_) {
         return OnAddMessage(lParam);
     }
     if (message == mouseEvent_) {
-        return OnMouseEvent();
+        program_->Flow().OnMouseEvent();
+        return 0;
     }
     return DispatchMessageMap(*this, kMap, message, wParam, lParam);
 }
 
 LRESULT CVBRTrayWnd::OnCreate(WPARAM, LPARAM) {
-    CAppObjects::SetTrayWindow(Handle());
-    CAppObjects::SetSounds(&sounds_);
-    ApplyLanguage();
     AdmitCopyData();
     SetWindowIcons(Handle(), kIconProgram);
-    road_ = std::make_unique<PhraseRoad>(
-        PhraseRoad::Parts{context_.Settings, context_.Locations, context_.Access, context_.TrayLog,
-                          CAppObjects::Messages(), context_.Texts, context_.Guard, context_.Stop,
-                          context_.ForcedRoad, context_.TrayRooms.History},
-        Handle());
-    context_.TrayRooms.History.OnSpyStateChanged([this](bool runs) { AnnounceKeep(runs); });
-    if (context_.CmdLine.NoInstall()) {
-        CAppObjects::Messages().push_back(u"No install on launch. Flag specifided");
-    } else {
-        InstallService(startError_);
-    }
-    icon_.StartInstallThread(Handle(), context_.Stop);
-    context_.TrayRooms.Tips.Create(Text(kStrDefaultMenuTip));
-    Watch(kEventEditorEnded, EventReset::Automatic, ObjectAccess::World,
-          [window = Handle()] { PostMessageW(window, kMsgEditorEnded, 0, 0); });
-    if (context_.Settings.IsNewVersion()) {
-        context_.TrayRooms.Companions.StartFirstRunAutostart();
-    }
-    sounds_.Start(context_.Stop);
-    if (context_.Settings.AutoCheckForUpdates) {
-        context_.TrayRooms.Updates.Schedule();
-    }
-    if (context_.Settings.ShowHistoryPaneOnStart) {
-        context_.TrayRooms.Pane.Show(PaneShowMode::WithoutFocus);
-    }
+    program_->Start();
     SetWindowPos(Handle(), nullptr, kOutside, kOutside, 10, 10,
                  SWP_NOACTIVATE | SWP_NOZORDER | SWP_HIDEWINDOW);
-    BeginSessionNotices(sessionNotify_, reinterpret_cast<WindowHandle>(Handle()), context_.TrayLog);
-    StartWatchers();
-    if (SetTimer(Handle(), kTimerLateWatchers, kLateWatchersMs, nullptr) == 0) {
-        StartLateWatchers();
+    if (!StartTimer(kTimerLateWatchers, kLateWatchersMs)) {
+        program_->WatchLateEvents();
     }
     return 0;
 }
 
-void CVBRTrayWnd::StartWatchers() {
-    const HWND window = Handle();
-    Watch(kEventCommandCheckForUpdates, EventReset::Manual, ObjectAccess::Default,
-          [window] { SendMessageW(window, WM_COMMAND, kCmdCheckForUpdates, 0); });
-    if (context_.CmdLine.Edit()) {
-        PostMessageW(window, WM_COMMAND, kCmdEditPhrases, 0);
-    }
-    if (context_.CmdLine.Cfu()) {
-        PostMessageW(window, WM_COMMAND, kCmdCheckForUpdates, 0);
-    }
-    Watch(kEventEdit, EventReset::Manual, ObjectAccess::World,
-          [window] { SendMessageW(window, WM_COMMAND, kCmdEditPhrases, 0); });
-    Watch(kEventShowMenu, EventReset::Automatic, ObjectAccess::World,
-          [window] { PostMessageW(window, kMsgShowMenuRequest, 0, 0); });
-    if (context_.CmdLine.ShowMenu()) {
-        PostMessageW(window, kMsgShowMenuRequest, 0, 0);
-    }
-    if (!context_.Settings.IsWelcomeAlreadyStarted()) {
-        context_.TrayRooms.Companions.StartWelcome(u"/auto");
-    }
-}
-
-void CVBRTrayWnd::StartLateWatchers() {
-    const HWND window = Handle();
-    Watch(kEventLangUiChanged, EventReset::Automatic, ObjectAccess::World,
-          [window] { SendMessageW(window, kMsgLanguageChanged, 0, 0); });
-    Watch(kEventCheckForUpdates, EventReset::Automatic, ObjectAccess::World,
-          [window] { SendMessageW(window, WM_COMMAND, kCmdCheckForUpdates, 0); });
-    Watch(kEventFloatPaneBlink, EventReset::Automatic, ObjectAccess::World,
-          [window] { SendMessageW(window, kMsgPaneBlink, 0, 0); });
-}
-
-void CVBRTrayWnd::Watch(std::u16string_view event, EventReset reset, ObjectAccess access,
-                        std::function<void()> onSignal) {
-    auto watcher = std::make_unique<EventWatcher>();
-    if (watcher->Start(event, reset, access, context_.Stop, std::move(onSignal))) {
-        watchers_.push_back(std::move(watcher));
-    } else {
-        context_.TrayLog.LogError(Concat(u"Cannot watch the event ", event));
-    }
-}
-
 LRESULT CVBRTrayWnd::OnDestroy(WPARAM, LPARAM) {
-    context_.Stop.Set();
-    road_->StopService();
-    icon_.Delete(Handle());
-    context_.TrayRooms.Pane.Close();
-    if (context_.TrayRooms.History.IsSpyRunning()) {
-        context_.TrayRooms.History.StopSpy();
-    }
-    EndSessionNotices(sessionNotify_, reinterpret_cast<WindowHandle>(Handle()), context_.TrayLog);
-    CAppObjects::SetSounds(nullptr);
-    CAppObjects::SetTrayWindow(nullptr);
+    program_->Stop();
     // However the window was closed, the process ends with it.
     PostQuitMessage(0);
     return 0;
@@ -214,73 +142,182 @@ LRESULT CVBRTrayWnd::OnDestroy(WPARAM, LPARAM) {
 
 LRESULT CVBRTrayWnd::OnTimer(WPARAM id, LPARAM) {
     KillTimer(Handle(), id);
-    switch (id) {
-        case kTimerPaneHover:
-            if (lastHoveredCommand_ == kCmdTogglePane) {
-                context_.TrayRooms.Pane.Blink();
-            }
-            break;
-        case kTimerHideBalloon:
-            HideTrayBalloon();
-            break;
-        case kTimerPhraseMenu:
-            StartQuery(false);
-            context_.TrayRooms.Pane.Show(PaneShowMode::BringBack);
-            break;
-        case kTimerLateWatchers:
-            StartLateWatchers();
-            break;
-        default:
-            break;
+    if (id == kTimerLateWatchers) {
+        program_->WatchLateEvents();
+    } else {
+        program_->Requests().OnTimer(id);
     }
     return 0;
 }
 
 LRESULT CVBRTrayWnd::OnEndSession(WPARAM wParam, LPARAM lParam) {
-    context_.TrayLog.Write(Concat(u"WM_ENDSESSION wParam=", wParam, u" lParam=", lParam));
+    process_.Log.Write(Concat(u"WM_ENDSESSION wParam=", wParam, u" lParam=", lParam));
     return 0;
 }
 
 LRESULT CVBRTrayWnd::OnSessionChange(WPARAM reason, LPARAM sessionId) {
-    session_.OnWmWTSSessionChange(static_cast<std::uint32_t>(reason),
-                                  static_cast<std::uint32_t>(sessionId));
+    program_->Session().OnWmWTSSessionChange(static_cast<std::uint32_t>(reason),
+                                             static_cast<std::uint32_t>(sessionId));
     return 0;
 }
 
-void CVBRTrayWnd::AnnounceKeep(bool spyRuns) {
-    keepObservers_.Announce([spyRuns](KeepObserver& observer) { observer.OnKeepChanged(spyRuns); });
-}
-
-void CVBRTrayWnd::AnnounceSessionEvent(std::uint32_t reason) {
-    uiObservers_.Announce(
-        [reason](UiObserver& observer) { observer.OnUiChanged(UiChange::Session, reason); });
-}
-
-LRESULT CVBRTrayWnd::OnInstanceSignal(WPARAM code) {
-    if (code == kSignalAlreadyWorks) {
-        if (!road_->IsServiceInstalled()) {
-            std::u16string ignored;
-            InstallService(ignored);
-        }
-        sounds_.PlayEventSound(EventSound::AlreadyWorks);
-        UpdateTrayIcon(TrayIconMode::ModifyWithBalloon, Text(kStrAlreadyWorks), true);
-    } else if (code == kSignalExit) {
-        UpdateTrayIcon(TrayIconMode::ModifyWithBalloon, Text(kStrExiting), false);
-        Sleep(kExitBalloonMs);
-        PostMessageW(Handle(), WM_COMMAND, kCmdExit, 0);
+LRESULT CVBRTrayWnd::OnHotKey(WPARAM id, LPARAM) {
+    if (id == kHotkeyId) {
+        program_->Flow().OnHotKey();
     }
     return 0;
 }
 
-bool CVBRTrayWnd::InstallService(std::u16string& errorText) {
-    const bool installed = road_->InstallService(errorText);
-    context_.TrayRooms.History.StartSpyWithRetry();
-    return installed;
+LRESULT CVBRTrayWnd::OnCommand(WPARAM command, LPARAM) {
+    program_->Commands().Run(LOWORD(command));
+    return 1;
 }
 
-// The texts come in the new language from now on; links follow it.
-void CVBRTrayWnd::ApplyLanguage() {
-    SetUseRuUrls(context_.Profile, context_.Settings.GetLanguageFileName(), context_.TrayLog);
+LRESULT CVBRTrayWnd::OnNotify(WPARAM control, LPARAM header) {
+    if (control == kHistoryControlId && header != 0) {
+        const HistoryNotice notice = RunSilently(process_.Faults, HistoryNotice{}, [header] {
+            return *reinterpret_cast<const HistoryNotice*>(header);
+        });
+        program_->History().OnNotice(notice.Header.code, notice.Parameter,
+                                     GetClipboardSequenceNumber());
+    }
+    return 0;
+}
+
+LRESULT CVBRTrayWnd::OnTrayNotify(WPARAM, LPARAM mouseMessage) {
+    if (mouseMessage == WM_LBUTTONUP || mouseMessage == WM_RBUTTONUP ||
+        mouseMessage == NIN_BALLOONUSERCLICK) {
+        ShowTrayMenu();
+    }
+    return 0;
+}
+
+LRESULT CVBRTrayWnd::OnInstallTrayIcon(WPARAM, LPARAM) {
+    return program_->Display().OnInstallTrayIcon();
+}
+
+LRESULT CVBRTrayWnd::OnQueryReady(WPARAM query, LPARAM answer) {
+    program_->Flow().OnQueryReady(program_->FindQuery(query, answer));
+    return 1;
+}
+
+LRESULT CVBRTrayWnd::OnWaitError(WPARAM, LPARAM) {
+    program_->Requests().OnWaitError();
+    return 0;
+}
+
+LRESULT CVBRTrayWnd::OnEditorEnded(WPARAM, LPARAM) {
+    program_->Requests().OnEditorEnded();
+    return 0;
+}
+
+LRESULT CVBRTrayWnd::OnGetPaneTitle(WPARAM, LPARAM buffer) {
+    const std::u16string title = program_->Requests().PaneTitle();
+    CopyToSender(buffer, title);
+    return static_cast<LRESULT>(title.size());
+}
+
+// The sender of a message gave the address: it may be bad. False then.
+bool CVBRTrayWnd::CopyToSender(LPARAM buffer, const std::u16string& text) {
+    return buffer != 0 && RunSilently(process_.Faults, false, [&] {
+               auto* units = reinterpret_cast<char16_t*>(buffer);
+               units[text.copy(units, text.size())] = u'\0';
+               return true;
+           });
+}
+
+LRESULT CVBRTrayWnd::OnInstallSpy(WPARAM, LPARAM) {
+    return program_->History().OnInstallSpy();
+}
+
+LRESULT CVBRTrayWnd::OnAllowWaitAgent(WPARAM, LPARAM) {
+    return program_->Service().IsAllow_WaitAnswerFromExeAgent();
+}
+
+LRESULT CVBRTrayWnd::OnCommandFromSelf(WPARAM choice, LPARAM target) {
+    program_->Flow().OnOutsideChoice(static_cast<std::int32_t>(choice),
+                                     static_cast<WindowHandle>(target));
+    return 0;
+}
+
+LRESULT CVBRTrayWnd::OnCopyData(WPARAM, LPARAM block) {
+    const auto* data = reinterpret_cast<const COPYDATASTRUCT*>(block);
+    const auto choice = ReadChoiceBlock(
+        {static_cast<const std::byte*>(data->lpData), data->lpData ? data->cbData : 0});
+    if (choice) {
+        program_->Flow().OnOutsideChoice(choice->Choice, choice->Target);
+    }
+    return choice.has_value();
+}
+
+LRESULT CVBRTrayWnd::OnGetQueue(WPARAM, LPARAM) {
+    return reinterpret_cast<LRESULT>(&program_->Handler());
+}
+
+LRESULT CVBRTrayWnd::OnShowMenuRequest(WPARAM, LPARAM) {
+    const CAutoForegroundWindow front(Handle());
+    SetActiveWindow(Handle());
+    MessageBeep(MB_ICONINFORMATION);
+    ShowTrayMenu();
+    return 0;
+}
+
+LRESULT CVBRTrayWnd::OnRightMenuCommand(WPARAM code, LPARAM item) {
+    return program_->Flow().OnOutsideRightMenuCommand(static_cast<std::uint32_t>(code),
+                                                      static_cast<std::uint32_t>(item));
+}
+
+LRESULT CVBRTrayWnd::OnLanguageChanged(WPARAM, LPARAM) {
+    program_->Requests().OnLanguageChanged();
+    return 0;
+}
+
+LRESULT CVBRTrayWnd::OnAddMessage(LPARAM text) {
+    if (text != 0) {
+        process_.Messages.push_back(RunSilently(process_.Faults, std::u16string(), [text] {
+            return std::u16string(FromWide(reinterpret_cast<const wchar_t*>(text)));
+        }));
+    }
+    return 0;
+}
+
+bool CVBRTrayWnd::ChangeIcon(TrayIconMode mode, const TrayIconContent& content) {
+    return icon_.Update(Handle(), mode, content);
+}
+
+bool CVBRTrayWnd::ShowBalloon(std::u16string_view text, bool silent, std::uint32_t milliseconds) {
+    return icon_.ShowBalloon(Handle(), text, silent, milliseconds);
+}
+
+bool CVBRTrayWnd::StartTimer(std::uintptr_t id, std::uint32_t milliseconds) {
+    return SetTimer(Handle(), id, milliseconds, nullptr) != 0;
+}
+
+void CVBRTrayWnd::ShowTrayMenu() {
+    POINT point{};
+    GetCursorPos(&point);
+    const UniqueMenu menu = MakePopupMenu(
+        BuildTrayMenu(program_->Commands(), program_->Service().CountPhrases(), process_.Texts));
+    EndMenu();
+    SetForegroundWindow(Handle());
+    const int command =
+        TrackPopupMenu(menu.get(), TPM_RETURNCMD, point.x, point.y, 0, Handle(), nullptr);
+    EndMenu();
+    if (command != 0) {
+        program_->Commands().Run(command);
+    }
+}
+
+void CVBRTrayWnd::PostCommand(int command) {
+    PostMessageW(Handle(), WM_COMMAND, static_cast<WPARAM>(command), 0);
+}
+
+void CVBRTrayWnd::ShowMessage(std::u16string_view text, MessageLook look) {
+    if (process_.Settings.SoundOnEvents) {
+        MessageBeep(MB_OK);
+    }
+    MessageBoxW(Handle(), Wide(std::u16string(text)),
+                Wide(process_.Texts.LoadString(kStrProductName)), FlagsOf(look));
 }
 
 }  // namespace vbr

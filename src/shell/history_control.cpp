@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: MIT
+#include "shell/history_control.h"
+
+#include "base/text.h"
+#include "shell/tray_messages.h"
+
+namespace vbr {
+namespace {
+
+constexpr int kMostTries = 200;
+
+}  // namespace
+
+void HistoryControl::StartWithRetry() {
+    if (!with_.Settings.ClipboardHistory || with_.Capture.Start()) {
+        return;
+    }
+    with_.Log.Write(u"Start Delayed ClipboardHistory");
+    tries_ = 0;
+    with_.View.StartTimer(kTimerInstallSpy, kInstallSpyMs);
+}
+
+bool HistoryControl::OnInstallSpy() {
+    return with_.Settings.ClipboardHistory && with_.Capture.Start();
+}
+
+bool HistoryControl::OnTimer(std::uintptr_t id) {
+    if (id != kTimerInstallSpy) {
+        return false;
+    }
+    const bool started = OnInstallSpy();
+    ++tries_;
+    with_.Log.Write(
+        Concat(u"Try to delyaed install clipboard spy: success ", int{started}, u", try#", tries_));
+    if (!started && tries_ < kMostTries) {
+        with_.View.StartTimer(kTimerInstallSpy, kInstallSpyMs);
+    }
+    return true;
+}
+
+void HistoryControl::ToggleKeeping(bool anew) {
+    const bool ran = IsKeeping();
+    if (ran) {
+        with_.Capture.Stop();
+    }
+    if (!ran || anew) {
+        with_.Capture.Start();
+    }
+    with_.Display.UpdateTrayIcon(TrayIconMode::Modify);
+    AnnounceKeep();
+}
+
+void HistoryControl::Clear() {
+    with_.Queue.Clear();
+    with_.Capture.NotifyChanged();
+}
+
+void HistoryControl::OnNotice(std::uint32_t code, std::uint32_t parameter, std::uint32_t sequence) {
+    const HistoryReaction reaction = notices_.OnNotice(code, parameter, sequence, GetCount());
+    if (reaction.Refresh) {
+        with_.Display.UpdateTrayIcon(TrayIconMode::Modify);
+    }
+    if (reaction.PlaySound) {
+        with_.Sounds.PlayEventSound(EventSound::ClipKept);
+    }
+}
+
+}  // namespace vbr

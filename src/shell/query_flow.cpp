@@ -1,0 +1,203 @@
+// SPDX-License-Identifier: MIT
+#include "shell/query_flow.h"
+
+#include <utility>
+
+#include "base/text.h"
+#include "menu/extra_commands.h"
+#include "platform/clipboard_text.h"
+#include "resources/resource_ids.h"
+
+namespace vbr {
+namespace {
+
+constexpr std::uint32_t kQueryBalloonMs = 3000;
+
+// A target that was busy for longer does not answer any more.
+constexpr std::uint32_t kAnswerMs = 3500;
+
+}  // namespace
+
+void QueryFlow::OnHotKey() {
+    if (MayServeHotkey(with_.Desktops, with_.Log) && !IsUnderWay() &&
+        doublePress_.Press(with_.Settings.Hotkey_Doubled, with_.Clock.TickCount()) &&
+        with_.Hotkey.IsInstalled()) {
+        Begin(true);
+    }
+}
+
+void QueryFlow::OnMouseEvent() {
+    with_.Display.ShowTrayBalloon(Concat(with_.Texts.LoadString(kStrMouseEventDetected), u"\n",
+                                         with_.Texts.LoadString(kStrShowingMenu), u"…"),
+                                  kQueryBalloonMs);
+    Begin(false);
+}
+
+void QueryFlow::Begin(bool fromHotkey) {
+    if (IsUnderWay()) {
+        with_.Log.Write(Concat(u"Query ", query_->Number, u" is under way, no other begins"));
+        return;
+    }
+    query_ = Query{.Number = ++lastNumber_};
+    if (fromHotkey && with_.Settings.ShowTrayBallonOnHotkey) {
+        with_.Display.ShowTrayBalloon(
+            Concat(with_.Texts.LoadString(kStrHotKeyDetected), u" - ", with_.Hotkey.HotkeyName(),
+                   u"\n", with_.Texts.LoadString(kStrShowingMenu), u"…"),
+            kQueryBalloonMs);
+    }
+    with_.Sounds.PlayEventSound(EventSound::MenuRequested);
+    Ask(fromHotkey);
+    if (!query_->Awaited) {
+        End();
+    }
+}
+
+void QueryFlow::Ask(bool fromHotkey) {
+    const MyCopyScope ownCopy(with_.OwnCopy);
+    with_.Menu.SetClipboardAtHotkey(ReadUnicodeText(with_.Clipboard));
+    // A copy in the target would replace what could not be kept.
+    with_.Selection.AllowCopy(with_.Snapshot.Take());
+    WPQuery query;
+    query.GuiThreadInfo = with_.Windows.OwnGuiThread();
+    switch (with_.Hooks.SendMessageToTargetWindow(fromHotkey ? 0 : 1, query)) {
+        case QueryStart::Posted:
+            query_->Target = query.TargetWindow;
+            query_->PostedAt = with_.Clock.TickCount();
+            query_->Awaited = true;
+            with_.Display.HideTrayBalloon();
+            break;
+        case QueryStart::Failed:
+            with_.Snapshot.ClearRestore();
+            with_.Display.HideTrayBalloon();
+            break;
+        case QueryStart::Local: {
+            WPAnswer answer;
+            Serve(query, answer);
+            break;
+        }
+    }
+}
+
+void QueryFlow::OnQueryReady(const std::shared_ptr<QueryExchange>& exchange) {
+    if (!exchange) {
+        return;
+    }
+    const bool isAnswer =
+        query_ && query_->Awaited && query_->Target == exchange->Query.TargetWindow;
+    if (IsUnderWay() && !isAnswer) {
+        with_.Log.Write(Concat(u"A target answers while query ", query_->Number,
+                               u" is under way: its menu does not open"));
+        return;
+    }
+    if (!isAnswer) {
+        query_ = Query{.Number = ++lastNumber_};
+    }
+    query_->Awaited = false;
+    Serve(exchange->Query, exchange->Answer);
+    End();
+}
+
+void QueryFlow::Serve(const WPQuery& query, WPAnswer& answer) {
+    // The query may end while the menu is open.
+    const WindowHandle target = query.TargetWindow;
+    CarryOut(with_.Menu.OnDataNeeded(query, answer), target);
+}
+
+void QueryFlow::CarryOut(const MenuChoice& choice, WindowHandle target) {
+    with_.Log.Write(u"CVBRTrayWnd::OnWmCommandFromSelf");
+    const MyCopyScope ownCopy(with_.OwnCopy);
+    // Changes are told some time after they are made.
+    with_.OwnCopy.AsynBlockClipboardHandler();
+    if (Deliver(choice, target)) {
+        with_.Snapshot.ClearRestore();
+        with_.OwnCopy.AsynBlockClipboardHandler();
+        return;
+    }
+    with_.Snapshot.RestoreClipboardSnapshot();
+    if (const auto* result = std::get_if<std::int32_t>(&choice)) {
+        RunExtraCommand(*result);
+    }
+}
+
+bool QueryFlow::Deliver(const MenuChoice& choice, WindowHandle target) {
+    const DeliveryContext context{.ClipboardText = with_.Menu.ClipboardAtHotkey(),
+                                  .SelText = with_.Menu.SelectedText(),
+                                  .Language = LanguageOf(with_.Menu.Hkl()),
+                                  .MaySwitchLayout = with_.Menu.IsAllow_SwitchLayout()};
+    if (const auto* file = std::get_if<std::filesystem::path>(&choice)) {
+        const bool delivered = with_.Delivery.DeliverPhrase(*file, target, context);
+        with_.Menu.RememberCommand(*file);
+        return delivered;
+    }
+    const auto* item = std::get_if<ClipId>(&choice);
+    auto clip = item ? with_.History.AsClip(item->Value) : std::nullopt;
+    if (clip) {
+        with_.Delivery.DeliverClip(std::move(*clip), target, context);
+    }
+    return clip.has_value();
+}
+
+void QueryFlow::RunExtraCommand(std::int32_t result) {
+    switch (result) {
+        case kResultEditPhrases:
+            with_.RunCommand(kCmdEditPhrases);
+            break;
+        case kResultHistoryPane:
+            with_.RunCommand(kCmdTogglePane);
+            break;
+        case kResultSelectionIntoPhrase:
+            with_.RunCommand(kCmdAddSelectionAsPhrase);
+            break;
+        case kResultSupport:
+            with_.RunCommand(kCmdSupport);
+            break;
+        default:
+            break;
+    }
+}
+
+void QueryFlow::End() {
+    // Presses of a key that is held, or that the user gave meanwhile, were meant for this menu.
+    with_.Presses.DropPresses();
+    query_.reset();
+    for (const auto& work : std::exchange(waiting_, {})) {
+        work();
+    }
+}
+
+void QueryFlow::OnOutsideChoice(std::int32_t number, WindowHandle target) {
+    if (IsUnderWay()) {
+        with_.Log.Write(Concat(u"Query ", query_->Number,
+                               u" is under way, a choice from outside is not carried out"));
+        return;
+    }
+    query_ = Query{.Number = ++lastNumber_, .Target = target};
+    CarryOut(number > 0 ? with_.Menu.ChoiceOfNumber(static_cast<std::uint32_t>(number))
+                        : MenuChoice(number),
+             target);
+    End();
+}
+
+bool QueryFlow::OnRightMenuCommand(RightMenuCode code, const MenuSubject& item) {
+    return with_.RightMenu.OnRightMenuCommand(static_cast<std::uint32_t>(code),
+                                              with_.Menu.ChoiceOf(item));
+}
+
+bool QueryFlow::OnOutsideRightMenuCommand(std::uint32_t code, std::uint32_t number) {
+    return with_.RightMenu.OnRightMenuCommand(code, with_.Menu.ChoiceOfNumber(number));
+}
+
+bool QueryFlow::IsUnderWay() const {
+    return query_ && (!query_->Awaited || with_.Hotkey.IsQueryOnItsWay() ||
+                      with_.Clock.TickCount() - query_->PostedAt < kAnswerMs);
+}
+
+void QueryFlow::WhenIdle(std::function<void()> work) {
+    if (query_ && !query_->Awaited) {
+        waiting_.push_back(std::move(work));
+    } else {
+        work();
+    }
+}
+
+}  // namespace vbr

@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+#include "shell/service_control.h"
+
+namespace vbr {
+
+std::optional<std::u16string> ServiceControl::InstallService() {
+    SetLog(with_.Settings.WriteLog);
+    LoadPhrases();
+    return with_.Hotkey.Install({.TrayWindow = with_.Window,
+                                 .QueryMessage = with_.QueryMessage,
+                                 .LogPath = with_.LogOfUser.Path(),
+                                 .LogAtom = with_.LogOfUser.Atom(),
+                                 .AllowWaitAnswer = with_.Menu.IsAllow_WaitAnswerFromExeAgent(),
+                                 .Route = with_.Route},
+                                with_.Files.FileExists(with_.Locations.HookLibrary()));
+}
+
+void ServiceControl::SetLog(bool on) {
+    if (on) {
+        with_.LogOfUser.StartLog(with_.Locations.LogFile);
+    } else {
+        with_.LogOfUser.StopLog();
+    }
+}
+
+void ServiceControl::LoadPhrases() {
+    // A file that is being swapped in can't be read.
+    with_.Saver.Flush();
+    with_.Tree.LoadTree(PhrasesFolder());
+    with_.Menu.ForgetMissing();
+}
+
+TrayState ServiceControl::State(bool elevated) const {
+    return {.ServiceInstalled = IsServiceInstalled(),
+            .Elevated = elevated,
+            .HotkeyName = HotkeyName(),
+            .PhrasesFolder = PhrasesFolder(),
+            .Phrases = CountPhrases()};
+}
+
+std::u16string ServiceControl::PhrasesFolder() const {
+    return EffectivePhrasesFolder(with_.Settings.PhrasesDirectory, with_.Locations, with_.Files);
+}
+
+}  // namespace vbr

@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "menu/phrase_menu_handler.h"
+#include "phrases/command_saver.h"
+#include "phrases/command_tree.h"
+#include "platform/file_access.h"
+#include "platform/log.h"
+#include "platform/log_file.h"
+#include "settings/settings.h"
+#include "shell/file_locations.h"
+#include "shell/hotkey_service.h"
+#include "shell/tray_texts.h"
+
+namespace vbr {
+
+// Turns the program's main job on and off: the log as the settings say, the phrases, the hot key
+// with all that serves it. Belongs to the main thread.
+class ServiceControl {
+  public:
+    struct Collaborators {
+        const CVBRSettings& Settings;
+        const FileLocations& Locations;
+        const FileAccess& Files;
+        vbr::Log& Log;
+        LogFile& LogOfUser;
+        CommandSaver& Saver;
+        CVBRCommandTree& Tree;
+        IDataNeededHander_MenuSelf& Menu;
+        HotkeyService& Hotkey;
+        WindowHandle Window = 0;         // gets the hot key
+        std::uint32_t QueryMessage = 0;  // that starts a query in a target
+        QueryRouteChoice Route = QueryRouteChoice::OfSystem;
+    };
+
+    explicit ServiceControl(const Collaborators& with) : with_(with) {}
+
+    // On a failure the hot key stays off, and the text tells the user why.
+    std::optional<std::u16string> InstallService();
+    void StopService() { with_.Hotkey.Stop(); }
+    bool IsServiceInstalled() const { return with_.Hotkey.IsInstalled(); }
+
+    void RestartQueryWait() { with_.Hotkey.RestartWait(); }
+    bool IsAllow_WaitAnswerFromExeAgent() const {
+        return with_.Menu.IsAllow_WaitAnswerFromExeAgent();
+    }
+    // After the settings were read again.
+    void ClearMenuFonts() { with_.Menu.ClearFonts(); }
+
+    // The log is on afterwards, or off.
+    void SetLog(bool on);
+
+    // Reads the phrases anew, after what is still to be saved. Records and ids handed out before
+    // are invalid then.
+    void LoadPhrases();
+    CommandCounts CountPhrases() const { return with_.Tree.CountCommands(); }
+    std::u16string HotkeyName() const { return with_.Hotkey.HotkeyName(); }
+
+    // What the icon tells; `elevated` is the process's.
+    TrayState State(bool elevated) const;
+
+  private:
+    // The folder that the settings name, whether or not it exists.
+    std::u16string PhrasesFolder() const;
+
+    Collaborators with_;
+};
+
+}  // namespace vbr

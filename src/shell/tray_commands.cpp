@@ -1,0 +1,130 @@
+// SPDX-License-Identifier: MIT
+#include "shell/tray_commands.h"
+
+#include <algorithm>
+
+#include "base/text.h"
+#include "resources/resource_ids.h"
+#include "shell/tray_messages.h"
+#include "web/vbr_url.h"
+
+namespace vbr {
+
+std::span<const TrayCommands::Command> TrayCommands::All() {
+    using Self = TrayCommands;
+    static constexpr Command kCommands[] = {
+        {.Id = kCmdEnableService, .Run = &Self::ToggleService, .Checked = &Self::IsServiceOn},
+        {.Id = kCmdRereadPhrases, .Run = &Self::Reread},
+        {.Id = kCmdSounds, .Run = &Self::ToggleSounds, .Checked = &Self::AreSoundsOn},
+        {.Id = kCmdWriteLog, .Run = &Self::ToggleLog, .Checked = &Self::IsLogOn},
+        {.Id = kCmdHistoryPaneOnStart,
+         .Run = &Self::TogglePaneOnStart,
+         .Checked = &Self::IsPaneOnStart},
+        {.Id = kCmdKeepHistory, .Run = &Self::ToggleKeeping, .Checked = &Self::IsKeeping},
+        {.Id = kCmdRekeepHistory, .Run = &Self::KeepAnew, .Available = &Self::IsKeeping},
+        {.Id = kCmdClearHistory, .Run = &Self::ClearHistory, .Available = &Self::HasHistory},
+        {.Id = kCmdSaveHistoryOnExit,
+         .Run = &Self::ToggleSavingHistory,
+         .Checked = &Self::IsHistorySaved},
+        {.Id = kCmdShowTrayMenu, .Run = &Self::ShowTrayMenu},
+        {.Id = kCmdShowPhraseMenu, .Run = &Self::ShowPhraseMenu},
+        {.Id = kCmdEmailToUs, .Run = &Self::SendMailToMakers},
+        {.Id = kCmdExit, .Run = &Self::Exit},
+        {.Id = kCmdHowToLocalize, .Address = CVBRUrl::GetLocalizeUrl},
+        {.Id = kCmdVisitWebSite, .Address = CVBRUrl::GetHomeUrl},
+        {.Id = kCmdVisitForum, .Address = CVBRUrl::GetForumUrl},
+        {.Id = kCmdSupport, .Address = CVBRUrl::GetSupportUrl},
+        {.Id = kCmdRssFeed, .Address = CVBRUrl::GetNewsUrl},
+        {.Id = kCmdVideo, .Address = CVBRUrl::GetVideoUrl},
+        {.Id = kCmdVisitQuickStart, .Address = CVBRUrl::GetQuickStartUrl},
+        {.Id = kCmdVisitFaq, .Address = CVBRUrl::GetFaqUrl},
+        {.Id = kCmdFacebookGroup, .Address = CVBRUrl::GetFacebookUrl},
+        {.Id = kCmdVkontakteGroup, .Address = CVBRUrl::GetVkUrl},
+    };
+    return kCommands;
+}
+
+const TrayCommands::Command* TrayCommands::Find(int id) {
+    const auto all = All();
+    const auto found = std::find_if(all.begin(), all.end(),
+                                    [id](const Command& command) { return command.Id == id; });
+    return found == all.end() ? nullptr : &*found;
+}
+
+bool TrayCommands::IsAvailable(int id) const {
+    const Command* command = Find(id);
+    return command && (!command->Available || (this->*command->Available)());
+}
+
+bool TrayCommands::IsChecked(int id) const {
+    const Command* command = Find(id);
+    return command && command->Checked && (this->*command->Checked)();
+}
+
+void TrayCommands::Run(int id) {
+    const Command* command = IsAvailable(id) ? Find(id) : nullptr;
+    if (!command) {
+        with_.Log.Write(Concat(u"Command ", id, u" is not available"));
+    } else if (command->Address) {
+        OpenUrl(with_.Opener, with_.Window, command->Address());
+    } else {
+        (this->*command->Run)();
+    }
+}
+
+void TrayCommands::ToggleService() {
+    if (with_.Service.IsServiceInstalled()) {
+        with_.Service.StopService();
+        with_.Display.UpdateTrayIcon(TrayIconMode::ModifyWithBalloon);
+        return;
+    }
+    // It reads the phrases.
+    with_.Flow.WhenIdle([this] {
+        const auto error = with_.Service.InstallService();
+        with_.History.StartWithRetry();
+        if (error) {
+            with_.View.ShowMessage(u"ERROR\n\n" + *error, MessageLook::Error);
+        }
+        with_.Display.UpdateTrayIcon(TrayIconMode::ModifyWithBalloon);
+    });
+}
+
+void TrayCommands::RereadPhrases(bool balloon) {
+    with_.Flow.WhenIdle([this, balloon] {
+        with_.Service.LoadPhrases();
+        with_.Display.UpdateTrayIcon(balloon ? TrayIconMode::ModifyWithBalloon
+                                             : TrayIconMode::Modify);
+        if (!balloon) {
+            with_.Display.BlinkTrayIcon();
+        }
+    });
+}
+
+void TrayCommands::ToggleSounds() {
+    with_.Settings.SoundOnEvents = !with_.Settings.SoundOnEvents;
+    with_.Settings.Save();
+    with_.Sounds.PlayNotification();
+}
+
+void TrayCommands::ToggleLog() {
+    with_.Settings.WriteLog = !with_.Log.IsLogOn();
+    with_.Service.SetLog(with_.Settings.WriteLog);
+    with_.Settings.Save();
+}
+
+void TrayCommands::TogglePaneOnStart() {
+    with_.Settings.ShowHistoryPaneOnStart = !with_.Settings.ShowHistoryPaneOnStart;
+    with_.Settings.Save();
+}
+
+void TrayCommands::ToggleSavingHistory() {
+    with_.Settings.SaveClipboardHistory = !with_.Settings.SaveClipboardHistory;
+    with_.Settings.Save();
+    with_.History.Save();
+}
+
+void TrayCommands::ShowPhraseMenu() {
+    with_.View.StartTimer(kTimerPhraseMenu, kPhraseMenuMs);
+}
+
+}  // namespace vbr

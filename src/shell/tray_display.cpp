@@ -1,0 +1,89 @@
+// SPDX-License-Identifier: MIT
+#include "shell/tray_display.h"
+
+#include "base/text.h"
+#include "shell/tray_messages.h"
+
+namespace vbr {
+namespace {
+
+constexpr std::uint32_t kStartErrorBalloonMs = 10'000;
+constexpr int kInstallTries = 200;
+constexpr int kBlinkChanges = 8;
+
+}  // namespace
+
+bool TrayDisplay::OnInstallTrayIcon() {
+    if (!UpdateTrayIcon(TrayIconMode::Add)) {
+        with_.Log.Write(u"ERROR: cannot install tray icon");
+        return false;
+    }
+    with_.Sounds.PlayEventSound(with_.State().Elevated ? EventSound::StartedElevated
+                                                       : EventSound::Started);
+    if (!startError_.empty()) {
+        ShowTrayBalloon(TrimLeft(startError_, u"\n"), kStartErrorBalloonMs);
+        startError_.clear();
+    }
+    return true;
+}
+
+void TrayDisplay::InstallWithRetry() {
+    triesLeft_ = kInstallTries;
+    OnRetry();
+}
+
+void TrayDisplay::OnRetry() {
+    if (triesLeft_ > 0 && (OnInstallTrayIcon() || --triesLeft_ == 0 ||
+                           !with_.View.StartTimer(kTimerInstallIcon, kInstallIconMs))) {
+        triesLeft_ = 0;
+    }
+}
+
+bool TrayDisplay::UpdateTrayIcon(TrayIconMode mode, std::u16string_view balloonText, bool warning) {
+    return with_.View.ChangeIcon(
+        mode, MakeTrayIconContent(with_.State(), balloonText, warning, with_.Texts));
+}
+
+void TrayDisplay::ShowTrayBalloon(std::u16string_view text, std::uint32_t milliseconds) {
+    const bool shown = with_.View.ShowBalloon(text, !with_.Settings.SoundOnEvents, milliseconds);
+    if (shown && !text.empty()) {
+        with_.View.StartTimer(kTimerHideBalloon, milliseconds);
+    }
+}
+
+void TrayDisplay::HideTrayBalloon() {
+    ShowTrayBalloon({}, 0);
+}
+
+void TrayDisplay::BlinkTrayIcon() {
+    with_.Sounds.PlayNotification();
+    blinksLeft_ = kBlinkChanges;
+    OnBlink();
+}
+
+void TrayDisplay::OnBlink() {
+    if (blinksLeft_ > 0) {
+        with_.View.ShowBlinkImage(blinksLeft_-- % 2 == 0);
+        if (blinksLeft_ > 0) {
+            with_.View.StartTimer(kTimerBlink, kBlinkMs);
+        }
+    }
+}
+
+bool TrayDisplay::OnTimer(std::uintptr_t id) {
+    switch (id) {
+        case kTimerHideBalloon:
+            HideTrayBalloon();
+            return true;
+        case kTimerInstallIcon:
+            OnRetry();
+            return true;
+        case kTimerBlink:
+            OnBlink();
+            return true;
+        default:
+            return false;
+    }
+}
+
+}  // namespace vbr

@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+
+#include "platform/event_sounds.h"
+#include "platform/log.h"
+#include "platform/strings.h"
+#include "settings/settings.h"
+#include "shell/tray_texts.h"
+#include "shell/tray_view.h"
+
+namespace vbr {
+
+// Keeps the icon in the notification area true to the program's state. Belongs to the main thread.
+class TrayDisplay {
+  public:
+    struct Collaborators {
+        TrayView& View;
+        std::function<TrayState()> State;
+        const CVBRSettings& Settings;
+        const Strings& Texts;
+        EventSounds& Sounds;
+        vbr::Log& Log;
+    };
+
+    explicit TrayDisplay(Collaborators with) : with_(std::move(with)) {}
+
+    // Adds the icon with its sound and, the first time, a balloon that tells what went wrong at the
+    // start. False when the system refuses.
+    bool OnInstallTrayIcon();
+    // The same, and again every two seconds, 200 times at most: at logon the shell may not be up.
+    void InstallWithRetry();
+    // What the first balloon tells; empty for none.
+    void SetStartError(std::u16string text) { startError_ = std::move(text); }
+
+    bool UpdateTrayIcon(TrayIconMode mode, std::u16string_view balloonText = {},
+                        bool warning = false);
+    void ShowTrayBalloon(std::u16string_view text, std::uint32_t milliseconds);
+    void HideTrayBalloon();
+    void DeleteIcon() { with_.View.DeleteIcon(); }
+    // Changes the icon to another and back, four times within two seconds.
+    void BlinkTrayIcon();
+
+    // The timers of this class; false for any other.
+    bool OnTimer(std::uintptr_t id);
+
+  private:
+    void OnRetry();
+    void OnBlink();
+
+    Collaborators with_;
+    std::u16string startError_;
+    int triesLeft_ = 0;
+    int blinksLeft_ = 0;  // changes of the image
+};
+
+}  // namespace vbr

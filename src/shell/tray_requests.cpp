@@ -1,0 +1,87 @@
+// SPDX-License-Identifier: MIT
+#include "shell/tray_requests.h"
+
+#include "base/text.h"
+#include "resources/resource_ids.h"
+#include "shell/tray_messages.h"
+#include "web/link_language.h"
+
+namespace vbr {
+namespace {
+
+constexpr std::uint32_t kExitBalloonMs = 500;
+
+}  // namespace
+
+void TrayRequests::InstallAtStart() {
+    if (const auto error = with_.Service.InstallService()) {
+        with_.Display.SetStartError(*error);
+    }
+    with_.History.StartWithRetry();
+}
+
+void TrayRequests::OnInstanceSignal(std::uintptr_t code) {
+    if (code == kSignalAlreadyWorks) {
+        with_.Flow.WhenIdle([this] {
+            if (!with_.Service.IsServiceInstalled()) {
+                with_.Service.InstallService();
+                with_.History.StartWithRetry();
+            }
+            with_.Sounds.PlayEventSound(EventSound::AlreadyWorks);
+            with_.Display.UpdateTrayIcon(TrayIconMode::ModifyWithBalloon,
+                                         with_.Texts.LoadString(kStrAlreadyWorks), true);
+        });
+    } else if (code == kSignalExit) {
+        with_.Display.UpdateTrayIcon(TrayIconMode::ModifyWithBalloon,
+                                     with_.Texts.LoadString(kStrExiting));
+        with_.Clock.Sleep(kExitBalloonMs);
+        with_.View.PostCommand(kCmdExit);
+    }
+}
+
+void TrayRequests::OnEditorEnded() {
+    with_.Log.Write(u"Detected event: PhraseEditor closed");
+    with_.Flow.WhenIdle([this] {
+        with_.Settings.Load();
+        with_.Service.ClearMenuFonts();
+        ApplyLanguage();
+        with_.Commands.RereadPhrases(false);
+        if (with_.Settings.ClipboardHistory && !with_.History.IsKeeping()) {
+            with_.History.OnInstallSpy();
+            with_.History.AnnounceKeep();
+        }
+        with_.Display.UpdateTrayIcon(TrayIconMode::Modify);
+    });
+}
+
+void TrayRequests::OnLanguageChanged() {
+    ApplyLanguage();
+    with_.History.OnLanguageChanged();
+    with_.Display.UpdateTrayIcon(TrayIconMode::Modify);
+    uiObservers_.Announce(UiChange::LanguageApplied, 0);
+}
+
+void TrayRequests::ApplyLanguage() {
+    SetUseRuUrls(with_.Profile, with_.Settings.GetLanguageFileName(), with_.Log);
+}
+
+void TrayRequests::OnWaitError() {
+    with_.Log.LogError(
+        u"Reveived message WM_WAIT_QUERY_COMPLETE_ERROR, wait of query complete with error");
+    with_.Service.RestartQueryWait();
+}
+
+void TrayRequests::OnTimer(std::uintptr_t id) {
+    if (id == kTimerPhraseMenu) {
+        with_.Flow.OnMenuWanted();
+    } else if (!with_.Display.OnTimer(id)) {
+        with_.History.OnTimer(id);
+    }
+}
+
+std::u16string TrayRequests::PaneTitle() const {
+    return Concat(with_.Texts.LoadString(kStrProductName), u" - ",
+                  with_.Texts.LoadString(kStrPaneTitle), u" [", with_.History.GetCount(), u"]");
+}
+
+}  // namespace vbr

@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "base/announcer.h"
+#include "platform/clock.h"
+#include "platform/event_sounds.h"
+#include "platform/log.h"
+#include "platform/profile_store.h"
+#include "platform/strings.h"
+#include "settings/settings.h"
+#include "shell/history_control.h"
+#include "shell/query_flow.h"
+#include "shell/service_control.h"
+#include "shell/tray_commands.h"
+#include "shell/tray_display.h"
+
+namespace vbr {
+
+// What a follower of the user interface is told.
+enum class UiChange {
+    LanguageApplied = 0,  // value 0
+    Session = 1,          // value is the session's reason
+};
+
+// What threads, timers and other programs ask of the tray window. Belongs to the main thread.
+class TrayRequests {
+  public:
+    struct Collaborators {
+        CVBRSettings& Settings;
+        const ProfileStore& Profile;
+        const Strings& Texts;
+        vbr::Clock& Clock;
+        ServiceControl& Service;
+        HistoryControl& History;
+        QueryFlow& Flow;
+        TrayCommands& Commands;
+        TrayView& View;
+        TrayDisplay& Display;
+        EventSounds& Sounds;
+        vbr::Log& Log;
+    };
+
+    explicit TrayRequests(const Collaborators& with) : with_(with) {}
+
+    Announcer<UiChange, std::uint32_t>& UiObservers() { return uiObservers_; }
+
+    // The service at the program's start; what went wrong is told with the icon.
+    void InstallAtStart();
+    // A number of kSignal...; any other does nothing.
+    void OnInstanceSignal(std::uintptr_t code);
+    // The editor has changed settings and phrases.
+    void OnEditorEnded();
+    void OnLanguageChanged();
+    // Texts and links come in the language of the settings from now on.
+    void ApplyLanguage();
+    void OnWaitError();
+    void OnTimer(std::uintptr_t id);
+    std::u16string PaneTitle() const;
+
+  private:
+    Collaborators with_;
+    Announcer<UiChange, std::uint32_t> uiObservers_;
+};
+
+}  // namespace vbr

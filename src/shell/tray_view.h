@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+#include "shell/tray_texts.h"
+
+namespace vbr {
+
+// How a message box looks.
+enum class MessageLook { Error, Warning, Question };
+
+// What the hidden window does for the shell: the icon in the notification area, timers, message
+// boxes, the menu. Belongs to the main thread.
+class TrayView {
+  public:
+    virtual ~TrayView() = default;
+
+    // Adds or changes the icon as the mode says; false when the system refuses.
+    virtual bool ChangeIcon(TrayIconMode mode, const TrayIconContent& content) = 0;
+    virtual void DeleteIcon() = 0;
+    // The icon's second image, or the usual one again.
+    virtual void ShowBlinkImage(bool second) = 0;
+    // Shows a balloon with the text, or takes it away for an empty one; false when the system
+    // refuses.
+    virtual bool ShowBalloon(std::u16string_view text, bool silent, std::uint32_t milliseconds) = 0;
+
+    // Expires once, unless it is stopped or started anew before; false when the system has none.
+    virtual bool StartTimer(std::uintptr_t id, std::uint32_t milliseconds) = 0;
+    virtual void StopTimer(std::uintptr_t id) = 0;
+
+    // Waits until the user has closed the box.
+    virtual void ShowMessage(std::u16string_view text, MessageLook look) = 0;
+    // At the mouse; the command that is chosen is carried out when the menu is gone.
+    virtual void ShowTrayMenu() = 0;
+    // A command for later, from the message queue.
+    virtual void PostCommand(int command) = 0;
+    // Ends the program.
+    virtual void Close() = 0;
+};
+
+}  // namespace vbr

@@ -1,0 +1,357 @@
+// SPDX-License-Identifier: MIT
+#include "shell/win32/program.h"
+
+#include "diagnostics/win32/window_state.h"
+#include "platform/object_names.h"
+#include "platform/win32/elevation.h"
+#include "platform/win32/wide.h"
+#include "resources/resource_ids.h"
+#include "shell/tray_messages.h"
+
+namespace vbr {
+namespace {
+
+constexpr std::u16string_view kHistoryFolderName = u"ClipboardHistory";
+
+WindowHandle NumberOf(HWND window) {
+    return reinterpret_cast<WindowHandle>(window);
+}
+
+std::unique_ptr<QueryRoute> MakeRoute(RouteKind kind, DesktopWindows& windows,
+                                      SelectedTextReader& selection, UINT queryMessage, Log& log) {
+    if (kind == RouteKind::Posted) {
+        return std::make_unique<PostedRoute>(windows, selection, queryMessage, log);
+    }
+    return std::make_unique<LocalRoute>(windows, selection);
+}
+
+// The library asks the system the same question as the program, unless the answer is forced.
+QueryRouteChoice RouteOfLibrary(std::optional<RouteKind> forced) {
+    if (!forced) {
+        return QueryRouteChoice::OfSystem;
+    }
+    return *forced == RouteKind::Posted ? QueryRouteChoice::Posted : QueryRouteChoice::Local;
+}
+
+}  // namespace
+
+bool HandlerCapture::Start() {
+    return handler_.Create(parent_, kHistoryControlId, true);
+}
+
+Program::Program(const ProcessContext& process, HWND window, TrayView& view)
+    : process_(process),
+      window_(window),
+      queryMessage_(RegisterWindowMessageW(Wide(kMessageQuery.data()))),
+      elevated_(IsProcessElevated()),
+      system_(process.Locations.ProgramFolder),
+      clipboard_(window),
+      hotkeys_(window, kHotkeyId),
+      richText_(process.Log),
+      ownCopy_(process.Clock, process.Log),
+      sounds_({.ProgramFolder = process.Locations.ProgramFolder,
+               .IsOn = [&settings = process.Settings] { return settings.SoundOnEvents; },
+               .Player = player_,
+               .Log = process.Log}),
+      files_(fileStore_, process.Log),
+      saver_(files_),
+      tree_(files_, saver_, process.Clock, process.Log),
+      values_(process.Clock, process.Locale, system_),
+      macros_(values_, process.Layouts, process.Locale, process.Log),
+      richMacros_(macros_, process.Layouts, process.Locale, richText_),
+      previews_({.Macros = macros_,
+                 .Rich = richMacros_,
+                 .Engine = richText_,
+                 .Layouts = process.Layouts,
+                 .Locale = process.Locale,
+                 .Texts = process.Texts}),
+      items_(previews_, process.Locale, process.Texts),
+      snapshot_(clipboard_, process.Log),
+      prompter_(process.Texts),
+      text_({.Input = input_,
+             .Clipboard = clipboard_,
+             .RichText = richText_,
+             .Locale = process.Locale,
+             .Clock = process.Clock,
+             .Log = process.Log,
+             .Settings =
+                 [&settings = process.Settings] {
+                     return PasteSettings{settings.TextPasteMethod, settings.PrintLTChars};
+                 },
+             .OnCopied = [this] { snapshot_.ClearRestore(); }}),
+      switcher_({.Input = input_,
+                 .Layouts = process.Layouts,
+                 .Windows = windows_,
+                 .Targets = targets_,
+                 .Clock = process.Clock,
+                 .Log = process.Log}),
+      commandStart_(starter_, process.Texts, sounds_, process.Log),
+      runner_({.Macros = macros_,
+               .Rich = richMacros_,
+               .Delivery = text_,
+               .Commands = commandStart_,
+               .Prompts = prompter_,
+               .Windows = windows_,
+               .Targets = targets_,
+               .Log = process.Log}),
+      delivery_({.Tree = tree_,
+                 .Macros = macros_,
+                 .Runner = runner_,
+                 .Delivery = text_,
+                 .Layouts = switcher_,
+                 .Sounds = sounds_,
+                 .OwnCopy = ownCopy_,
+                 .Log = process.Log}),
+      handler_({.Settings = process.Settings,
+                .Folder = process.Locations.ProgramFolder + std::u16string(kHistoryFolderName),
+                .Clock = process.Clock,
+                .Ansi = ansi_,
+                .Bitmaps = bitmaps_,
+                .Windows = programWindows_,
+                .Store = fileStore_,
+                .Files = stampedFiles_,
+                .Access = clipboard_,
+                .Faults = process.Faults,
+                .MyCopy = ownCopy_,
+                .ProgramEnd = process.Stop,
+                .Log = process.Log}),
+      itemTexts_(ansi_, richText_, process.Log),
+      menuHistory_(handler_.Queue(), itemTexts_),
+      itemClipboard_({.Queue = handler_.Queue(),
+                      .Access = clipboard_,
+                      .Bitmaps = bitmaps_,
+                      .Texts = itemTexts_,
+                      .Locale = process.Locale,
+                      .Log = process.Log}),
+      selection_({.Clipboard = clipboard_,
+                  .Ansi = ansi_,
+                  .Input = input_,
+                  .Windows = windows_,
+                  .Clock = process.Clock,
+                  .OwnCopy = ownCopy_}),
+      route_(MakeRoute(ChooseRoute(system_.Is64BitWindows(), process.ForcedRoute), windows_,
+                       selection_, queryMessage_, process.Log)),
+      queryWait_({.NotifyWindow = window,
+                  .QueryMessage = kMsgQueryReady,
+                  .ErrorMessage = kMsgWaitError,
+                  .Stop = process.Stop,
+                  .Memory = process.Objects,
+                  .Selection = selection_,
+                  .Log = process.Log}),
+      hookModule_(process.Locations.HookLibrary()),
+      hooks_({.Library = hookModule_,
+              .LibraryPath = process.Locations.HookLibrary(),
+              .Objects = process.Objects,
+              .Windows = windows_,
+              .Route = *route_,
+              .Log = process.Log}),
+      hotkey_({.Settings = process.Settings,
+               .Hooks = hooks_,
+               .Waiter = queryWait_,
+               .Hotkeys = hotkeys_,
+               .Objects = process.Objects,
+               .Memory = process.Objects,
+               .Log = process.Log,
+               .Messages = process.Messages}),
+      presenter_({.Foreground = window,
+                  .Settings = process.Settings,
+                  .Texts = process.Texts,
+                  .Clock = process.Clock,
+                  .Guard = process.Guard,
+                  .Log = process.Log,
+                  .OnRightCommand =
+                      [this](RightMenuCode code, const MenuSubject& item) {
+                          return flow_.OnRightMenuCommand(code, item);
+                      },
+                  .Editor = process.Locations.Editor()}),
+      menu_({.Tree = tree_,
+             .Items = items_,
+             .History = menuHistory_,
+             .Settings = process.Settings,
+             .Texts = process.Texts,
+             .Presenter = presenter_,
+             .Clock = process.Clock,
+             .Guard = process.Guard,
+             .Log = process.Log,
+             .StateOf = [](WindowHandle asked) { return StateOf(reinterpret_cast<HWND>(asked)); }}),
+      rightMenu_({.Tree = tree_,
+                  .Menu = menu_,
+                  .Expand = [this](const VBRCommand& record) { return ExpandedText(record); },
+                  .Copy =
+                      [this](bool plain, std::u16string_view text) {
+                          return text_.CopyToClipboard(plain, text, LanguageOf(menu_.Hkl()));
+                      },
+                  .CopyHistoryItem =
+                      [this](ClipId item) {
+                          const MyCopyScope ownCopy(ownCopy_);
+                          const bool copied = itemClipboard_.PutItemOnClipboard(item.Value);
+                          if (copied) {
+                              snapshot_.ClearRestore();
+                          }
+                          return copied;
+                      },
+                  .Log = process.Log}),
+      service_({.Settings = process.Settings,
+                .Locations = process.Locations,
+                .Files = process.Access,
+                .Log = process.Log,
+                .LogOfUser = process.Log,
+                .Saver = saver_,
+                .Tree = tree_,
+                .Menu = menu_,
+                .Hotkey = hotkey_,
+                .Window = NumberOf(window),
+                .QueryMessage = queryMessage_,
+                .Route = RouteOfLibrary(process.ForcedRoute)}),
+      display_({.View = view,
+                .State = [this] { return service_.State(elevated_); },
+                .Settings = process.Settings,
+                .Texts = process.Texts,
+                .Sounds = sounds_,
+                .Log = process.Log}),
+      capture_(handler_, window),
+      history_({.Settings = process.Settings,
+                .Capture = capture_,
+                .Queue = handler_.Queue(),
+                .View = view,
+                .Display = display_,
+                .Sounds = sounds_,
+                .Log = process.Log}),
+      flow_({.Settings = process.Settings,
+             .Texts = process.Texts,
+             .Clock = process.Clock,
+             .Desktops = desktops_,
+             .Windows = windows_,
+             .Clipboard = clipboard_,
+             .Snapshot = snapshot_,
+             .Selection = selection_,
+             .OwnCopy = ownCopy_,
+             .Hotkey = hotkey_,
+             .Presses = hotkeys_,
+             .Hooks = hooks_,
+             .Menu = menu_,
+             .History = menuHistory_,
+             .Delivery = delivery_,
+             .RightMenu = rightMenu_,
+             .Display = display_,
+             .Sounds = sounds_,
+             .Log = process.Log,
+             .RunCommand = [this](int command) { commands_.Run(command); }}),
+      commands_({.Settings = process.Settings,
+                 .Service = service_,
+                 .History = history_,
+                 .Flow = flow_,
+                 .View = view,
+                 .Display = display_,
+                 .Sounds = sounds_,
+                 .Opener = opener_,
+                 .Window = NumberOf(window),
+                 .Log = process.Log}),
+      requests_({.Settings = process.Settings,
+                 .Profile = process.Profile,
+                 .Texts = process.Texts,
+                 .Clock = process.Clock,
+                 .Service = service_,
+                 .History = history_,
+                 .Flow = flow_,
+                 .Commands = commands_,
+                 .View = view,
+                 .Display = display_,
+                 .Sounds = sounds_,
+                 .Log = process.Log}),
+      session_({.IsSpyRunning = [this] { return history_.IsKeeping(); },
+                .StartSpy = [this] { return capture_.Start(); },
+                .StopSpy = [this] { return capture_.Stop(); },
+                .OnSpyChanged = [this] { display_.UpdateTrayIcon(TrayIconMode::Modify); },
+                .Announce =
+                    [this](std::uint32_t reason) {
+                        requests_.UiObservers().Announce(UiChange::Session, reason);
+                    }},
+               process.Log) {
+    handler_.OnSpyStateChanged([this](bool) { history_.AnnounceKeep(); });
+}
+
+Program::~Program() {
+    // It calls what goes now.
+    process_.Events.Join();
+}
+
+void Program::Start() {
+    requests_.ApplyLanguage();
+    WatchEvents();
+    if (process_.CmdLine.NoInstall()) {
+        process_.Messages.push_back(u"No install on launch. Flag specifided");
+    } else {
+        requests_.InstallAtStart();
+    }
+    display_.InstallWithRetry();
+    BeginSessionNotices(sessionNotify_, NumberOf(window_), process_.Log);
+    if (process_.CmdLine.Edit()) {
+        PostMessageW(window_, WM_COMMAND, kCmdEditPhrases, 0);
+    }
+    if (process_.CmdLine.Cfu()) {
+        PostMessageW(window_, WM_COMMAND, kCmdCheckForUpdates, 0);
+    }
+    if (process_.CmdLine.ShowMenu()) {
+        PostMessageW(window_, kMsgShowMenuRequest, 0, 0);
+    }
+    process_.Events.Start();
+}
+
+// A signal becomes a message to the window; only the guard may be touched from there.
+void Program::WatchEvents() {
+    const auto post = [window = window_](UINT message, WPARAM wParam) {
+        return [=] { PostMessageW(window, message, wParam, 0); };
+    };
+    NamedEventThread& events = process_.Events;
+    events.Watch(kEventEditorEnded, EventReset::Automatic, ObjectAccess::World,
+                 post(kMsgEditorEnded, 0));
+    events.Watch(kEventCommandCheckForUpdates, EventReset::Manual, ObjectAccess::Default,
+                 post(WM_COMMAND, kCmdCheckForUpdates));
+    events.Watch(kEventEdit, EventReset::Manual, ObjectAccess::World,
+                 post(WM_COMMAND, kCmdEditPhrases));
+    events.Watch(kEventShowMenu, EventReset::Automatic, ObjectAccess::World,
+                 post(kMsgShowMenuRequest, 0));
+    events.Watch(kEventStartCopy, EventReset::Automatic, ObjectAccess::World,
+                 [this] { ownCopy_.Set(1); });
+    events.Watch(kEventEndCopy, EventReset::Automatic, ObjectAccess::World,
+                 [this] { ownCopy_.Set(0); });
+}
+
+void Program::WatchLateEvents() {
+    const auto post = [window = window_](UINT message, WPARAM wParam) {
+        return [=] { PostMessageW(window, message, wParam, 0); };
+    };
+    NamedEventThread& events = process_.Events;
+    events.Watch(kEventLangUiChanged, EventReset::Automatic, ObjectAccess::World,
+                 post(kMsgLanguageChanged, 0));
+    events.Watch(kEventCheckForUpdates, EventReset::Automatic, ObjectAccess::World,
+                 post(WM_COMMAND, kCmdCheckForUpdates));
+    events.Watch(kEventFloatPaneBlink, EventReset::Automatic, ObjectAccess::World,
+                 post(kMsgPaneBlink, 0));
+}
+
+void Program::Stop() {
+    process_.Stop.Set();
+    service_.StopService();
+    display_.DeleteIcon();
+    // While the window still owns what it puts there.
+    snapshot_.RestoreClipboardSnapshot();
+    capture_.Stop();
+    EndSessionNotices(sessionNotify_, NumberOf(window_), process_.Log);
+}
+
+// As a delivery makes it, but for no target.
+std::u16string Program::ExpandedText(const VBRCommand& record) {
+    std::u16string text = record.Cmd;
+    macros_.StripLayoutMacros(text);
+    ActionList actions;
+    runner_.BuildActions({.ClipboardText = menu_.ClipboardAtHotkey(),
+                          .SelText = menu_.SelectedText(),
+                          .DataType = record.DataType,
+                          .Language = LanguageOf(menu_.Hkl())},
+                         text, actions);
+    return ActionsToText(actions);
+}
+
+}  // namespace vbr

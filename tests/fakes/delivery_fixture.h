@@ -1,0 +1,185 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "base/text.h"
+#include "fakes/fake_clipboard_access.h"
+#include "fakes/fake_desktop_windows.h"
+#include "fakes/fake_sound_player.h"
+#include "fakes/journal.h"
+#include "fakes/macro_fixture.h"
+#include "fakes/phrase_tree.h"
+#include "fakes/recording_input.h"
+#include "macros/command_delivery.h"
+#include "macros/prompt_dialog.h"
+#include "platform/program_starter.h"
+#include "platform/target_windows.h"
+
+namespace vbr {
+
+// Answers prompts in turn; nothing is Cancel.
+class FakePrompter : public Prompter {
+  public:
+    explicit FakePrompter(Journal& calls) : calls_(calls) {}
+
+    std::deque<std::optional<std::u16string>> Answers;
+    std::vector<std::u16string> Defaults;  // as they were shown
+    std::function<void()> WhileOpen = [] {};
+
+    bool ShowPromptDialog(WindowHandle, std::u16string& inOutText) override {
+        calls_.push_back("prompt");
+        Defaults.push_back(inOutText);
+        WhileOpen();
+        const std::optional<std::u16string> answer = Answers.front();
+        Answers.pop_front();
+        inOutText = answer.value_or(u"");
+        return answer.has_value();
+    }
+
+  private:
+    Journal& calls_;
+};
+
+// Files and folders by their full names, and what was started.
+class FakeProgramStarter : public ProgramStarter {
+  public:
+    struct Failure {
+        WindowHandle Owner = 0;
+        std::u16string Text;
+        std::u16string Title;
+
+        bool operator==(const Failure&) const = default;
+    };
+
+    std::set<std::u16string> Files;
+    std::set<std::u16string> Folders;
+    std::optional<SystemError> Error;
+    std::vector<std::u16string> Started;  // path and parameters, each in brackets
+    std::vector<Failure> Failures;
+    mutable int Asked = 0;
+
+    bool IsFile(std::u16string_view path) const override {
+        ++Asked;
+        return Files.contains(std::u16string(path));
+    }
+    bool IsFolder(std::u16string_view path) const override {
+        ++Asked;
+        return Folders.contains(std::u16string(path));
+    }
+    std::optional<SystemError> Start(std::u16string_view path,
+                                     std::u16string_view parameters) override {
+        Started.push_back(Concat(u"[", path, u"][", parameters, u"]"));
+        return Error;
+    }
+    void TellFailure(WindowHandle owner, std::u16string_view text,
+                     std::u16string_view title) override {
+        Failures.push_back({owner, std::u16string(text), std::u16string(title)});
+    }
+};
+
+// Every window but 0 lives, until it is named as gone.
+class FakeTargetWindows : public TargetWindows {
+  public:
+    std::set<WindowHandle> Gone = {0};
+    std::set<WindowHandle> Own;
+    std::set<WindowHandle> Elevated;
+    int Wakes = 0;
+
+    bool IsWindow(WindowHandle window) const override { return !Gone.contains(window); }
+    bool IsOwnProcess(WindowHandle window) const override { return Own.contains(window); }
+    bool RunsElevated(WindowHandle window) const override { return Elevated.contains(window); }
+    void Wake(WindowHandle) override { ++Wakes; }
+};
+
+// The delivery with all that it works on.
+struct DeliveryFixture {
+    Journal Calls;
+    MacroFixture Macros;
+    PhraseTree Phrases;
+    RecordingInput Input{&Calls};
+    FakeClipboardAccess Clipboard;
+    FakePrompter Prompts{Calls};
+    FakeDesktopWindows Windows{Calls};
+    FakeTargetWindows Targets;
+    FakeProgramStarter Starter;
+    FakeSoundPlayer Player;
+    PasteSettings Paste;
+    std::function<void()> OnCopied = [this] { Calls.push_back("keep"); };
+    std::function<bool()> AreSoundsOn = [] { return true; };
+    MyCopyGuard OwnCopy{Macros.Clock, Macros.Log};
+    EventSounds Sounds{{.ProgramFolder = u"",
+                        .IsOn = [this] { return AreSoundsOn(); },
+                        .Player = Player,
+                        .Log = Macros.Log}};
+    TextDelivery Text{{.Input = Input,
+                       .Clipboard = Clipboard,
+                       .RichText = Macros.RichText,
+                       .Locale = Macros.Forms,
+                       .Clock = Macros.Clock,
+                       .Log = Macros.Log,
+                       .Settings = [this] { return Paste; },
+                       .OnCopied = [this] { OnCopied(); }}};
+    LayoutSwitcher Layouts{{.Input = Input,
+                            .Layouts = Macros.Layouts,
+                            .Windows = Windows,
+                            .Targets = Targets,
+                            .Clock = Macros.Clock,
+                            .Log = Macros.Log}};
+    CommandStart Commands{Starter, Macros.Texts, Sounds, Macros.Log};
+    ActionRunner Runner{{.Macros = Macros.Engine,
+                         .Rich = Macros.Rich,
+                         .Delivery = Text,
+                         .Commands = Commands,
+                         .Prompts = Prompts,
+                         .Windows = Windows,
+                         .Targets = Targets,
+                         .Log = Macros.Log}};
+    CommandDelivery Delivery{{.Tree = Phrases.Tree,
+                              .Macros = Macros.Engine,
+                              .Runner = Runner,
+                              .Delivery = Text,
+                              .Layouts = Layouts,
+                              .Sounds = Sounds,
+                              .OwnCopy = OwnCopy,
+                              .Log = Macros.Log}};
+
+    // The files of the sounds so far.
+    const std::vector<std::string>& Heard() {
+        Sounds.Flush();
+        return Player.Played;
+    }
+    // What was typed, the Unicode events that go down.
+    std::u16string Typed() const {
+        std::u16string text;
+        for (const auto& events : Input.Sent) {
+            for (const KeyEvent& event : events) {
+                if (event.Flags == kKeyUnicode && event.Vk == 0) {
+                    text += static_cast<char16_t>(event.Scan);
+                }
+            }
+        }
+        return text;
+    }
+    // Whether the log has a line that holds the text.
+    bool Told(std::u16string_view text) const {
+        return std::ranges::any_of(Macros.Log.Lines, [text](const std::u16string& line) {
+            return line.find(text) != line.npos;
+        });
+    }
+    // The bytes of a format on the clipboard as text; nothing when it isn't there.
+    std::optional<std::string> OnClipboard(std::uint32_t format) const {
+        const ClipboardBlock* block = Clipboard.Find(format);
+        if (!block) {
+            return std::nullopt;
+        }
+        return std::string(reinterpret_cast<const char*>(block->Bytes.data()), block->Bytes.size());
+    }
+};
+
+}  // namespace vbr

@@ -1,0 +1,314 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <map>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "fakes/delivery_fixture.h"
+#include "fakes/exchange_fixture.h"
+#include "fakes/fake_hotkeys.h"
+#include "fakes/fake_shared_memory.h"
+#include "fakes/menu_fixture.h"
+#include "shell/tray_menu.h"
+#include "shell/tray_messages.h"
+#include "shell/tray_requests.h"
+
+namespace vbr {
+
+// Notes what the program shows, and keeps its timers for the test to let expire.
+class FakeTrayView : public TrayView {
+  public:
+    bool TakesIcons = true;
+    std::vector<TrayIconMode> Icons;
+    std::u16string IconTitle;  // of the last balloon that came with the icon
+    std::vector<bool> Blinks;
+    std::u16string Balloon;  // empty when none shows
+    std::set<std::uintptr_t> Timers;
+    std::vector<std::u16string> Messages;
+    std::vector<int> Posted;
+    int MenusShown = 0;
+    bool IsClosed = false;
+
+    bool ChangeIcon(TrayIconMode mode, const TrayIconContent& content) override {
+        Icons.push_back(mode);
+        IconTitle = content.InfoTitle;
+        return TakesIcons;
+    }
+    void DeleteIcon() override { Icons.clear(); }
+    void ShowBlinkImage(bool second) override { Blinks.push_back(second); }
+    bool ShowBalloon(std::u16string_view text, bool, std::uint32_t) override {
+        Balloon = text;
+        return true;
+    }
+    bool StartTimer(std::uintptr_t id, std::uint32_t) override {
+        return Timers.insert(id).second || true;
+    }
+    void StopTimer(std::uintptr_t id) override { Timers.erase(id); }
+    void ShowMessage(std::u16string_view text, MessageLook) override {
+        Messages.emplace_back(text);
+    }
+    void ShowTrayMenu() override { ++MenusShown; }
+    void PostCommand(int command) override { Posted.push_back(command); }
+    void Close() override { IsClosed = true; }
+};
+
+class FakeHistoryCapture : public HistoryCapture {
+  public:
+    bool Keeping = false;
+    bool CanStart = true;
+    int Starts = 0;
+    int Saves = 0;
+    int Changes = 0;
+
+    bool IsKeeping() const override { return Keeping; }
+    bool Start() override {
+        ++Starts;
+        return Keeping = CanStart;
+    }
+    bool Stop() override {
+        Keeping = false;
+        return true;
+    }
+    void Save() override { ++Saves; }
+    void NotifyChanged() override { ++Changes; }
+};
+
+class FakeLogFile : public LogFile {
+  public:
+    std::u16string Running;
+
+    bool StartLog(const std::u16string& path) override {
+        Running = path;
+        return true;
+    }
+    void StopLog() override { Running.clear(); }
+    std::u16string Path() const override { return Running; }
+    std::uint16_t Atom() const override { return 0; }
+};
+
+// A desktop that takes the user's input, or doesn't.
+class FakeDesktops : public Desktops {
+  public:
+    bool Active = true;
+
+    std::unique_ptr<Desktop> OpenOfThread() override { return std::make_unique<One>(1); }
+    std::unique_ptr<Desktop> OpenInput() override {
+        return Active ? std::make_unique<One>(1) : nullptr;
+    }
+
+  private:
+    class One : public Desktop {
+      public:
+        explicit One(std::uintptr_t handle) : handle_(handle) {}
+        std::uintptr_t Handle() const override { return handle_; }
+        DesktopName Name() const override { return {}; }
+
+      private:
+        std::uintptr_t handle_;
+    };
+};
+
+class RecordingOpener : public ShellOpener {
+  public:
+    std::vector<std::u16string> Opened;
+
+    std::intptr_t Open(WindowHandle, std::u16string_view target, ShowState) override {
+        Opened.emplace_back(target);
+        return 33;
+    }
+};
+
+// Every file is there, and the phrases lie where the settings say.
+class OpenFileAccess : public FileAccess {
+  public:
+    DriveKind KindOfDrive(std::u16string_view) const override { return DriveKind::Fixed; }
+    bool FileExists(std::u16string_view) const override { return true; }
+    bool CanWrite(std::u16string_view) const override { return true; }
+    bool CreateOpenFile(std::u16string_view) override { return true; }
+    bool CreateOpenFolder(std::u16string_view) override { return true; }
+    std::u16string UserProfileFolder() const override { return {}; }
+    std::u16string ApplicationDataFolder() const override { return {}; }
+    std::optional<std::u16string> EnvironmentVariable(std::u16string_view) const override {
+        return std::nullopt;
+    }
+};
+
+// The route that a test wants.
+class ChosenRoute : public QueryRoute {
+  public:
+    explicit ChosenRoute(QueryRoute& first) : To(&first) {}
+
+    QueryRoute* To;
+
+    QueryStart Start(WindowHandle target, std::uintptr_t wParam, WPQuery& query) override {
+        return To->Start(target, wParam, query);
+    }
+};
+
+// All of the program but its window: the target is window 50, on the local route.
+struct ShellFixture : DeliveryFixture {
+    static constexpr WindowHandle kTarget = 50;
+
+    ShellFixture() {
+        // The program looks for its phrases in a folder whose name ends in a backslash.
+        std::filesystem::create_directory_symlink(Phrases.Folder.Path(),
+                                                  Phrases.Folder.Path().string() + "\\");
+        Settings.PhrasesDirectory = Phrases.Folder.Path().u16string();
+        Settings.Load();
+        Library.Target = kTarget;
+        OnCopied = [this] { Snapshot.ClearRestore(); };
+        Service.InstallService();
+        Calls.clear();
+    }
+    ~ShellFixture() { std::filesystem::remove(Phrases.Folder.Path().string() + "\\"); }
+
+    // A phrase in the program's folder, which is read anew.
+    std::filesystem::path AddPhrase(const std::string& name, std::u16string_view text) {
+        Phrases.Add(name + ".vellumbridge", text);
+        Service.LoadPhrases();
+        return Phrases.Folder.Path().string() + "\\/" + name + ".vellumbridge";
+    }
+    std::size_t PhraseCount() const { return Service.CountPhrases().Total; }
+    void Expire(std::uintptr_t timer) {
+        EXPECT_EQ(View.Timers.erase(timer), 1U) << timer;
+        Requests.OnTimer(timer);
+    }
+
+    FakeHookLibrary Library{Calls};
+    FakeNamedObjects Objects;
+    FakeSharedMemory Memory;
+    FakeAnsiText Ansi;
+    FakeHotkeys Hotkeys{Calls};
+    FakeWaiter Waiter{Calls};
+    FakeDesktops Desktops;
+    NativeProfileStore Profile;
+    CVBRSettings Settings{Profile,
+                          {.Chosen = Phrases.Folder.Path() / "settings.txt",
+                           .Local = Phrases.Folder.Path() / "settings.txt",
+                           .User = {},
+                           .ProgramFolder = {},
+                           .ProgramName = {}}};
+    FileLocations Locations{.LogFile = u"log.txt"};
+    OpenFileAccess Access;
+    FakeLogFile LogOfUser;
+    FakeTrayView View;
+    RecordingOpener Opener;
+    MessageList Messages;
+    GuardFixture Guard;
+    MenuHistoryFixture Clips;
+    FakeHistoryCapture Capture;
+    FakeMenuPresenter Presenter;
+    CClipboardSnapshot Snapshot{Clipboard, Macros.Log};
+    SelectedTextReader Selection{{.Clipboard = Clipboard,
+                                  .Ansi = Ansi,
+                                  .Input = Input,
+                                  .Windows = Windows,
+                                  .Clock = Macros.Clock,
+                                  .OwnCopy = OwnCopy}};
+    LocalRoute Local{Windows, Selection};
+    PostedRoute Posted{Windows, Selection, 777, Macros.Log};
+    ChosenRoute Route{Local};
+    CVBRDLLService Hooks{{.Library = Library,
+                          .LibraryPath = u"lib.dll",
+                          .Objects = Objects,
+                          .Windows = Windows,
+                          .Route = Route,
+                          .Log = Macros.Log}};
+    HotkeyService Hotkey{{.Settings = Settings,
+                          .Hooks = Hooks,
+                          .Waiter = Waiter,
+                          .Hotkeys = Hotkeys,
+                          .Objects = Objects,
+                          .Memory = Memory,
+                          .Log = Macros.Log,
+                          .Messages = Messages}};
+    IDataNeededHander_MenuSelf Menu{{.Tree = Phrases.Tree,
+                                     .Items = Macros.Items,
+                                     .History = Clips.History,
+                                     .Settings = Settings,
+                                     .Texts = Macros.Texts,
+                                     .Presenter = Presenter,
+                                     .Clock = Macros.Clock,
+                                     .Guard = Guard.Sections,
+                                     .Log = Macros.Log,
+                                     .StateOf = [](WindowHandle window) {
+                                         return WindowState{window, false, {}};
+                                     }}};
+    RightMenuCommands RightMenu{
+        {.Tree = Phrases.Tree,
+         .Menu = Menu,
+         .Expand = [](const VBRCommand& record) { return record.Cmd; },
+         .Copy = [this](bool plain,
+                        std::u16string_view text) { return Text.CopyToClipboard(plain, text, 0); },
+         .CopyHistoryItem = [](ClipId) { return true; },
+         .Log = Macros.Log}};
+    ServiceControl Service{{.Settings = Settings,
+                            .Locations = Locations,
+                            .Files = Access,
+                            .Log = Macros.Log,
+                            .LogOfUser = LogOfUser,
+                            .Saver = Phrases.Saver,
+                            .Tree = Phrases.Tree,
+                            .Menu = Menu,
+                            .Hotkey = Hotkey}};
+    TrayDisplay Display{{.View = View,
+                         .State = [this] { return Service.State(false); },
+                         .Settings = Settings,
+                         .Texts = Macros.Texts,
+                         .Sounds = Sounds,
+                         .Log = Macros.Log}};
+    HistoryControl History{{.Settings = Settings,
+                            .Capture = Capture,
+                            .Queue = Clips.Queue,
+                            .View = View,
+                            .Display = Display,
+                            .Sounds = Sounds,
+                            .Log = Macros.Log}};
+    QueryFlow Flow{{.Settings = Settings,
+                    .Texts = Macros.Texts,
+                    .Clock = Macros.Clock,
+                    .Desktops = Desktops,
+                    .Windows = Windows,
+                    .Clipboard = Clipboard,
+                    .Snapshot = Snapshot,
+                    .Selection = Selection,
+                    .OwnCopy = OwnCopy,
+                    .Hotkey = Hotkey,
+                    .Presses = Hotkeys,
+                    .Hooks = Hooks,
+                    .Menu = Menu,
+                    .History = Clips.History,
+                    .Delivery = Delivery,
+                    .RightMenu = RightMenu,
+                    .Display = Display,
+                    .Sounds = Sounds,
+                    .Log = Macros.Log,
+                    .RunCommand = [this](int command) { Commands.Run(command); }}};
+    TrayCommands Commands{{.Settings = Settings,
+                           .Service = Service,
+                           .History = History,
+                           .Flow = Flow,
+                           .View = View,
+                           .Display = Display,
+                           .Sounds = Sounds,
+                           .Opener = Opener,
+                           .Log = Macros.Log}};
+    TrayRequests Requests{{.Settings = Settings,
+                           .Profile = Profile,
+                           .Texts = Macros.Texts,
+                           .Clock = Macros.Clock,
+                           .Service = Service,
+                           .History = History,
+                           .Flow = Flow,
+                           .Commands = Commands,
+                           .View = View,
+                           .Display = Display,
+                           .Sounds = Sounds,
+                           .Log = Macros.Log}};
+};
+
+}  // namespace vbr

@@ -1,0 +1,218 @@
+// SPDX-License-Identifier: MIT
+#include "shell/query_flow.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "fakes/shell_fixture.h"
+#include "menu/extra_commands.h"
+#include "platform/clipboard_text.h"
+#include "resources/resource_ids.h"
+
+namespace vbr {
+namespace {
+
+using testing::ElementsAre;
+
+class QueryFlowTest : public testing::Test, protected ShellFixture {
+  protected:
+    QueryFlowTest() {
+        Presenter.WhileShown = [this] {
+            ++menus_;
+            whileMenu_();
+        };
+    }
+    void ChoosePhrase(std::uint32_t id) { Presenter.Choice = {MenuSubjectKind::Phrase, id}; }
+    std::u16string ClipboardText() { return ReadUnicodeText(Clipboard); }
+    static std::shared_ptr<QueryExchange> AnswerOf(WindowHandle target) {
+        auto exchange = std::make_shared<QueryExchange>();
+        exchange->Query.TargetWindow = target;
+        exchange->Query.SelText = u"sel";
+        return exchange;
+    }
+    // Everything that could begin another query.
+    void AskAgain() {
+        Flow.OnHotKey();
+        Flow.OnMouseEvent();
+        Requests.OnTimer(kTimerPhraseMenu);
+        Flow.OnQueryReady(AnswerOf(kTarget));
+        Flow.OnOutsideChoice(1, kTarget);
+    }
+
+    int menus_ = 0;
+    std::function<void()> whileMenu_ = [] {};
+};
+
+TEST_F(QueryFlowTest, APressBringsTheMenuAndItsChoiceToTheTarget) {
+    AddPhrase("p", u"[%SELECTED_TEXT%|%CLIPBOARD_TEXT%]");
+    Clipboard.Copy({FakeClipboardAccess::Text(u"clip")});
+    Macros.Clock.WhileAsleep = [this] {
+        Clipboard.Copy({FakeClipboardAccess::Text(u"sel")});
+        Macros.Clock.WhileAsleep = [] {};
+    };
+    ChoosePhrase(1);
+    whileMenu_ = [this] { EXPECT_THAT(Heard(), ElementsAre("menu.wav")); };
+    Flow.OnHotKey();
+    EXPECT_EQ(menus_, 1);
+    EXPECT_EQ(Typed(), u"[sel|clip]");
+    whileMenu_ = [] {};
+    EXPECT_THAT(Heard(), ElementsAre("menu.wav", "kbd.wav"));
+    EXPECT_EQ(Phrases.Tree.FindCommand(1)->UsageCount, 1);
+    EXPECT_FALSE(Flow.IsUnderWay());
+    EXPECT_TRUE(Told(u"PULSEMY_COPY=0"));
+    // The next menu marks it.
+    Flow.OnHotKey();
+    EXPECT_TRUE(Presenter.Shown[0].Info.Mark);
+}
+
+TEST_F(QueryFlowTest, AMenuThatIsLeftGivesTheClipboardBack) {
+    AddPhrase("p", u"text");
+    Clipboard.Copy({FakeClipboardAccess::Text(u"mine")});
+    whileMenu_ = [this] { EXPECT_EQ(ClipboardText(), u""); };
+    Flow.OnHotKey();
+    EXPECT_EQ(menus_, 1);
+    EXPECT_EQ(ClipboardText(), u"mine");
+    EXPECT_EQ(Typed(), u"");
+}
+
+TEST_F(QueryFlowTest, AClipIsTheOneThatWasChosenWhateverItsNumber) {
+    AddPhrase("p", u"phrase");
+    Clips.AddClips(3);
+    const CCHItem* second = Clips.Queue.GetItem(1);
+    Presenter.Choice = {MenuSubjectKind::HistoryItem, second->id};
+    whileMenu_ = [this] {
+        // It moves under the open menu, as by an undo.
+        Clips.Queue.SetLocked(false);
+        Clips.AddClip(u"new");
+    };
+    Flow.OnHotKey();
+    EXPECT_EQ(Typed(), u"clip B");
+    EXPECT_EQ(ClipboardText(), u"clip B");
+}
+
+TEST_F(QueryFlowTest, WhileAMenuIsOpenNoOtherQueryBegins) {
+    AddPhrase("p", u"text");
+    Clipboard.Copy({FakeClipboardAccess::Text(u"mine")});
+    whileMenu_ = [this] { AskAgain(); };
+    Flow.OnHotKey();
+    EXPECT_EQ(menus_, 1);
+    EXPECT_EQ(Typed(), u"");
+    EXPECT_EQ(ClipboardText(), u"mine");
+    // What was pressed meanwhile and still waits is not served either.
+    EXPECT_EQ(Calls.back(), "drop presses");
+}
+
+TEST_F(QueryFlowTest, UntilAPromptIsAnsweredNoOtherQueryBeginsAndThePhrasesStay) {
+    const std::filesystem::path file = AddPhrase("p", u"%PROMPT_TEXT={}%");
+    ChoosePhrase(1);
+    Prompts.Answers = {u"answer"};
+    Prompts.WhileOpen = [this] {
+        AskAgain();
+        Phrases.Write("q.vellumbridge");
+        Commands.Run(kCmdRereadPhrases);
+        Requests.OnEditorEnded();
+        EXPECT_EQ(PhraseCount(), 1U);
+        EXPECT_TRUE(Flow.IsUnderWay());
+    };
+    Flow.OnHotKey();
+    EXPECT_EQ(menus_, 1);
+    EXPECT_EQ(Typed(), u"answer");
+    EXPECT_EQ(Phrases.Tree.FindByFile(file)->UsageCount, 1);
+    EXPECT_EQ(PhraseCount(), 2U);
+}
+
+TEST_F(QueryFlowTest, OnThePostedRouteTheTargetIsWaitedForAndNoLonger) {
+    Route.To = &Posted;
+    AddPhrase("p", u"%SELECTED_TEXT%");
+    ChoosePhrase(1);
+    Flow.OnHotKey();
+    EXPECT_EQ(menus_, 0);
+    EXPECT_TRUE(Flow.IsUnderWay());
+    const auto posts = [this] {
+        return std::ranges::count_if(Calls, [](auto& call) { return call.starts_with("post "); });
+    };
+    // Another target answers late, the key is pressed again.
+    Flow.OnQueryReady(AnswerOf(kTarget + 1));
+    Flow.OnHotKey();
+    EXPECT_EQ(menus_, 0);
+    EXPECT_EQ(posts(), 1);
+    Flow.OnQueryReady(AnswerOf(kTarget));
+    EXPECT_EQ(menus_, 1);
+    EXPECT_EQ(Typed(), u"sel");
+    // A target that doesn't answer doesn't lock the key.
+    Flow.OnHotKey();
+    Macros.Clock.Tick += 4000;
+    Waiter.Busy = true;
+    Flow.OnHotKey();
+    EXPECT_EQ(posts(), 2);
+    Waiter.Busy = false;
+    Flow.OnHotKey();
+    EXPECT_EQ(posts(), 3);
+    Flow.OnQueryReady(nullptr);
+    EXPECT_EQ(menus_, 1);
+}
+
+TEST_F(QueryFlowTest, AQueryThatAProgramLaysByItselfOpensTheMenu) {
+    AddPhrase("p", u"%SELECTED_TEXT%");
+    ChoosePhrase(1);
+    Flow.OnQueryReady(AnswerOf(kTarget + 1));
+    EXPECT_EQ(Typed(), u"sel");
+}
+
+TEST_F(QueryFlowTest, WithoutATargetNothingOpensAndTheNextPressIsServed) {
+    AddPhrase("p", u"text");
+    Library.Target = 0;
+    Settings.ShowTrayBallonOnHotkey = true;
+    Flow.OnHotKey();
+    EXPECT_EQ(menus_, 0);
+    EXPECT_EQ(View.Balloon, u"");
+    Library.Target = kTarget;
+    Flow.OnHotKey();
+    EXPECT_EQ(menus_, 1);
+    EXPECT_NE(View.Balloon.find(u"Ctrl+Alt+Key13"), std::u16string::npos);
+}
+
+TEST_F(QueryFlowTest, APressCountsWhenTheUserIsHereTheServiceOnAndBothPressesCame) {
+    AddPhrase("p", u"text");
+    Desktops.Active = false;
+    Flow.OnHotKey();
+    Desktops.Active = true;
+    Service.StopService();
+    Flow.OnHotKey();
+    Service.InstallService();
+    Settings.Hotkey_Doubled = true;
+    Macros.Clock.Tick = 10'000;
+    Flow.OnHotKey();
+    EXPECT_EQ(menus_, 0);
+    Macros.Clock.Tick = 10'400;
+    Flow.OnHotKey();
+    EXPECT_EQ(menus_, 1);
+}
+
+TEST_F(QueryFlowTest, AChoiceFromOutsideIsCarriedOutByItsNumber) {
+    AddPhrase("p", u"phrase");
+    Clips.AddClips(2);
+    Flow.OnOutsideChoice(1, kTarget);
+    Flow.OnOutsideChoice(2001, kTarget);
+    EXPECT_EQ(Typed(), u"phraseclip B");
+    Flow.OnOutsideChoice(kResultSupport, kTarget);
+    EXPECT_EQ(Opener.Opened.size(), 1U);
+    for (const std::int32_t nothing : {0, -1, -5, 77, 1999}) {
+        Flow.OnOutsideChoice(nothing, kTarget);
+    }
+    EXPECT_EQ(Opener.Opened.size(), 1U);
+    EXPECT_EQ(Typed(), u"phraseclip B");
+}
+
+TEST_F(QueryFlowTest, ACopyByRightClickStaysOnTheClipboardWhenTheMenuIsLeft) {
+    AddPhrase("p", u"copied");
+    Clipboard.Copy({FakeClipboardAccess::Text(u"mine")});
+    whileMenu_ = [this] {
+        EXPECT_FALSE(Flow.OnRightMenuCommand(RightMenuCode::Copy, {MenuSubjectKind::Phrase, 1}));
+    };
+    Flow.OnHotKey();
+    EXPECT_EQ(ClipboardText(), u"copied");
+}
+
+}  // namespace
+}  // namespace vbr
