@@ -17,8 +17,6 @@ class HotkeyRegistrar {
     // Fails for instance when another program owns the key.
     virtual std::optional<SystemError> Register(std::uint16_t mods, std::uint16_t vk) = 0;
     virtual bool Unregister() = 0;
-    // Takes back the presses that wait to be served.
-    virtual void DropPresses() = 0;
 
     // The key's name on the user's keyboard.
     virtual std::u16string KeyName(std::uint16_t vk) const = 0;

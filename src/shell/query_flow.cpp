@@ -157,8 +157,6 @@ void QueryFlow::RunExtraCommand(std::int32_t result) {
 }
 
 void QueryFlow::End() {
-    // Presses of a key that is held, or that the user gave meanwhile, were meant for this menu.
-    with_.Presses.DropPresses();
     query_.reset();
     for (const auto& work : std::exchange(waiting_, {})) {
         work();

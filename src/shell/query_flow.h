@@ -21,7 +21,6 @@
 #include "platform/clock.h"
 #include "platform/desktop_windows.h"
 #include "platform/event_sounds.h"
-#include "platform/hotkey_registrar.h"
 #include "platform/log.h"
 #include "platform/my_copy.h"
 #include "platform/strings.h"
@@ -47,7 +46,6 @@ class QueryFlow {
         SelectedTextReader& Selection;
         MyCopyGuard& OwnCopy;
         HotkeyService& Hotkey;
-        HotkeyRegistrar& Presses;
         CVBRDLLService& Hooks;
         IDataNeededHander_MenuSelf& Menu;
         QueueHistory& History;

@@ -83,7 +83,7 @@ void TrayCommands::ToggleService() {
         const auto error = with_.Service.InstallService();
         with_.History.StartWithRetry();
         if (error) {
-            with_.View.ShowMessage(u"ERROR\n\n" + *error, MessageLook::Error);
+            with_.View.ShowError(u"ERROR\n\n" + *error);
         }
         with_.Display.UpdateTrayIcon(TrayIconMode::ModifyWithBalloon);
     });

@@ -8,9 +8,6 @@
 
 namespace vbr {
 
-// How a message box looks.
-enum class MessageLook { Error, Warning, Question };
-
 // What the hidden window does for the shell: the icon in the notification area, timers, message
 // boxes, the menu. Belongs to the main thread.
 class TrayView {
@@ -26,12 +23,11 @@ class TrayView {
     // refuses.
     virtual bool ShowBalloon(std::u16string_view text, bool silent, std::uint32_t milliseconds) = 0;
 
-    // Expires once, unless it is stopped or started anew before; false when the system has none.
+    // Expires once, unless it is started anew before; false when the system has none.
     virtual bool StartTimer(std::uintptr_t id, std::uint32_t milliseconds) = 0;
-    virtual void StopTimer(std::uintptr_t id) = 0;
 
     // Waits until the user has closed the box.
-    virtual void ShowMessage(std::u16string_view text, MessageLook look) = 0;
+    virtual void ShowError(std::u16string_view text) = 0;
     // At the mouse; the command that is chosen is carried out when the menu is gone.
     virtual void ShowTrayMenu() = 0;
     // A command for later, from the message queue.

@@ -99,23 +99,23 @@ TEST_F(TrayWindowTest, EveryPrivateMessageOfAnOutsiderIsSurvived) {
     EXPECT_EQ(program_.End(), 0U);
 }
 
-// What an extra command of the phrase menu asks of the tray window; the rooms behind it tell.
-TEST_F(TrayWindowTest, ExtraCommandsOfTheMenuReachTheirRooms) {
+// An extra command of the phrase menu, as another program sends it.
+TEST_F(TrayWindowTest, ExtraCommandsOfTheMenuAreCarriedOutAsCommands) {
     Start("ShowHistoryPaneOnStart=0\nClipboardHistory=0");
     const std::pair<std::int32_t, std::u16string_view> cases[] = {
-        {kResultEditPhrases, u"Phrase editor is off"},
-        {kResultHistoryPane, u"History pane is off"},
-        {kResultSelectionIntoPhrase, u"Phrase editor is off"}};
+        {kResultEditPhrases, u"Command 32772 is not available"},
+        {kResultHistoryPane, u"Command 32792 is not available"},
+        {kResultSelectionIntoPhrase, u"Command 32826 is not available"}};
     for (const auto& [choice, line] : cases) {
         const int before = CountInLog(line);
         Send(kMsgCommandFromSelf, static_cast<WPARAM>(choice));
         EXPECT_TRUE(WaitUntil([&] { return CountInLog(line) == before + 1; })) << choice;
     }
     // A menu that was left without a choice asks for nothing.
-    const int told = CountInLog(u" is off");
+    const int told = CountInLog(u" is not available");
     Send(kMsgCommandFromSelf, 0);
     EXPECT_EQ(program_.End(), 0U);
-    EXPECT_EQ(CountInLog(u" is off"), told);
+    EXPECT_EQ(CountInLog(u" is not available"), told);
 }
 
 TEST_F(TrayWindowTest, InstanceSignalEndsTheProgram) {

@@ -25,7 +25,6 @@ class FakeHotkeys : public HotkeyRegistrar {
         calls_.push_back("unregister");
         return true;
     }
-    void DropPresses() override { calls_.push_back("drop presses"); }
     std::u16string KeyName(std::uint16_t vk) const override { return Concat(u"Key", vk); }
 
   private:

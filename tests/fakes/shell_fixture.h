@@ -45,12 +45,10 @@ class FakeTrayView : public TrayView {
         return true;
     }
     bool StartTimer(std::uintptr_t id, std::uint32_t) override {
-        return Timers.insert(id).second || true;
+        Timers.insert(id);
+        return true;
     }
-    void StopTimer(std::uintptr_t id) override { Timers.erase(id); }
-    void ShowMessage(std::u16string_view text, MessageLook) override {
-        Messages.emplace_back(text);
-    }
+    void ShowError(std::u16string_view text) override { Messages.emplace_back(text); }
     void ShowTrayMenu() override { ++MenusShown; }
     void PostCommand(int command) override { Posted.push_back(command); }
     void Close() override { IsClosed = true; }
@@ -278,7 +276,6 @@ struct ShellFixture : DeliveryFixture {
                     .Selection = Selection,
                     .OwnCopy = OwnCopy,
                     .Hotkey = Hotkey,
-                    .Presses = Hotkeys,
                     .Hooks = Hooks,
                     .Menu = Menu,
                     .History = Clips.History,

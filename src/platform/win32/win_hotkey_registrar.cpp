@@ -25,12 +25,6 @@ bool WinHotkeyRegistrar::Unregister() {
     return UnregisterHotKey(window_, id_) != 0;
 }
 
-void WinHotkeyRegistrar::DropPresses() {
-    MSG press;
-    while (PeekMessageW(&press, window_, WM_HOTKEY, WM_HOTKEY, PM_REMOVE)) {
-    }
-}
-
 std::u16string WinHotkeyRegistrar::KeyName(std::uint16_t vk) const {
     const LONG scan = static_cast<LONG>(MapVirtualKeyW(vk, MAPVK_VK_TO_VSC)) << 16;
     wchar_t name[64];

@@ -14,7 +14,6 @@ class WinHotkeyRegistrar : public HotkeyRegistrar {
 
     std::optional<SystemError> Register(std::uint16_t mods, std::uint16_t vk) override;
     bool Unregister() override;
-    void DropPresses() override;
     std::u16string KeyName(std::uint16_t vk) const override;
 
   private:

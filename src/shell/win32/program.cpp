@@ -227,7 +227,6 @@ Program::Program(const ProcessContext& process, HWND window, TrayView& view)
              .Selection = selection_,
              .OwnCopy = ownCopy_,
              .Hotkey = hotkey_,
-             .Presses = hotkeys_,
              .Hooks = hooks_,
              .Menu = menu_,
              .History = menuHistory_,

@@ -32,17 +32,6 @@ void AdmitCopyData() {
     }
 }
 
-UINT FlagsOf(MessageLook look) {
-    switch (look) {
-        case MessageLook::Error:
-            return MB_ICONERROR;
-        case MessageLook::Warning:
-            return MB_ICONWARNING;
-        default:
-            return MB_ICONQUESTION;
-    }
-}
-
 }  // namespace
 
 CVBRTrayWnd::CVBRTrayWnd(const ProcessContext& process)
@@ -312,12 +301,12 @@ void CVBRTrayWnd::PostCommand(int command) {
     PostMessageW(Handle(), WM_COMMAND, static_cast<WPARAM>(command), 0);
 }
 
-void CVBRTrayWnd::ShowMessage(std::u16string_view text, MessageLook look) {
+void CVBRTrayWnd::ShowError(std::u16string_view text) {
     if (process_.Settings.SoundOnEvents) {
         MessageBeep(MB_OK);
     }
     MessageBoxW(Handle(), Wide(std::u16string(text)),
-                Wide(process_.Texts.LoadString(kStrProductName)), FlagsOf(look));
+                Wide(process_.Texts.LoadString(kStrProductName)), MB_ICONERROR);
 }
 
 }  // namespace vbr

@@ -59,8 +59,7 @@ class CVBRTrayWnd : public WindowBase, private TrayView {
     void ShowBlinkImage(bool second) override { icon_.ShowBlinkImage(Handle(), second); }
     bool ShowBalloon(std::u16string_view text, bool silent, std::uint32_t milliseconds) override;
     bool StartTimer(std::uintptr_t id, std::uint32_t milliseconds) override;
-    void StopTimer(std::uintptr_t id) override { KillTimer(Handle(), id); }
-    void ShowMessage(std::u16string_view text, MessageLook look) override;
+    void ShowError(std::u16string_view text) override;
     void ShowTrayMenu() override;
     void PostCommand(int command) override;
     void Close() override { DestroyWindow(Handle()); }
