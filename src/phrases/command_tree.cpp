@@ -52,10 +52,6 @@ std::size_t Walk(const std::vector<VBRCommand>& list, const VBRCommand* parent,
     return visited;
 }
 
-bool IsPhraseFile(std::u16string_view name) {
-    return EndsWithNoCase(name, kPhraseExtension) && !EqualsNoCase(name, kFolderSelfName);
-}
-
 }  // namespace
 
 void CVBRCommandTree::LoadTree(const fs::path& folder) {
@@ -64,7 +60,8 @@ void CVBRCommandTree::LoadTree(const fs::path& folder) {
     if (files_.Store().KindOf(root) != PathKind::Folder) {
         return;
     }
-    ReadFolder(root, commands_);
+    VBRCommand ignored;  // the root has no record of its own
+    ReadFolder(root, ignored, commands_);
     SortTree(commands_);
     byId_.resize(lastId_);
     IndexRecords(commands_, nullptr);
@@ -77,7 +74,8 @@ void CVBRCommandTree::ClearTree() {
     lastId_ = 0;
 }
 
-void CVBRCommandTree::ReadFolder(const fs::path& folder, std::vector<VBRCommand>& list) {
+void CVBRCommandTree::ReadFolder(const fs::path& folder, VBRCommand& group,
+                                 std::vector<VBRCommand>& list) {
     const std::u16string identity = files_.Store().FolderIdentity(folder);
     if (!identity.empty() && std::find(way_.begin(), way_.end(), identity) != way_.end()) {
         log_.LogError(Concat(u"Phrase folder skipped, it leads back to a folder above it: ",
@@ -93,7 +91,9 @@ void CVBRCommandTree::ReadFolder(const fs::path& folder, std::vector<VBRCommand>
                 Concat(u"Skipped in the phrase folder, its name is no text: ", entry.Name));
         } else if (entry.Kind == PathKind::Folder) {
             AddGroup(folder / entry.Name, list);
-        } else if (IsPhraseFile(entry.Name)) {
+        } else if (EqualsNoCase(entry.Name, kFolderSelfName)) {
+            ReadFolderSelf(folder / entry.Name, group);
+        } else if (EndsWithNoCase(entry.Name, kPhraseExtension)) {
             AddPhrase(folder / entry.Name, list);
         }
     }
@@ -105,20 +105,16 @@ void CVBRCommandTree::ReadFolder(const fs::path& folder, std::vector<VBRCommand>
 }
 
 void CVBRCommandTree::AddGroup(const fs::path& folder, std::vector<VBRCommand>& list) {
-    VBRCommand group = ReadFolderSelf(folder / kFolderSelfName);
+    VBRCommand group;
     group.Text = CutUnits(folder.filename().u16string(), kMenuNameMax);
     group.CMDID = ++lastId_;
     group.FilePath = folder;
     group.Commands = std::make_unique<std::vector<VBRCommand>>();
-    ReadFolder(folder, *group.Commands);
+    ReadFolder(folder, group, *group.Commands);
     list.push_back(std::move(group));
 }
 
-VBRCommand CVBRCommandTree::ReadFolderSelf(const fs::path& file) {
-    VBRCommand group;
-    if (files_.Store().KindOf(file) != PathKind::File) {
-        return group;
-    }
+void CVBRCommandTree::ReadFolderSelf(const fs::path& file, VBRCommand& group) {
     VBRCommand stored;
     const CommandReadResult result = files_.ReadCommandFile(stored, file);
     if (result != CommandReadResult::Ok && result != CommandReadResult::NoTitle) {
@@ -129,7 +125,6 @@ VBRCommand CVBRCommandTree::ReadFolderSelf(const fs::path& file) {
     group.UsageCount = stored.UsageCount;
     group.DisabledIsNoHasSelection = stored.DisabledIsNoHasSelection;
     group.UseTitleOnly = stored.UseTitleOnly;
-    return group;
 }
 
 void CVBRCommandTree::AddPhrase(const fs::path& file, std::vector<VBRCommand>& list) {

@@ -68,9 +68,11 @@ class CVBRCommandTree {
     void SaveCommand(std::uint32_t id);
 
   private:
-    void ReadFolder(const std::filesystem::path& folder, std::vector<VBRCommand>& list);
+    // What the folder says of itself goes into `group`, what it holds into the list.
+    void ReadFolder(const std::filesystem::path& folder, VBRCommand& group,
+                    std::vector<VBRCommand>& list);
     void AddGroup(const std::filesystem::path& folder, std::vector<VBRCommand>& list);
-    VBRCommand ReadFolderSelf(const std::filesystem::path& file);
+    void ReadFolderSelf(const std::filesystem::path& file, VBRCommand& group);
     void AddPhrase(const std::filesystem::path& file, std::vector<VBRCommand>& list);
     void LogSkipped(const std::filesystem::path& file, CommandReadResult reason);
     void IndexRecords(std::vector<VBRCommand>& list, VBRCommand* parent);

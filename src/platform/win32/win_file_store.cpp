@@ -26,6 +26,7 @@ constexpr std::uint64_t kStaleAfter = 3600ULL * 10'000'000;  // in units of 100 
 
 // Far above any file of ours, and below what memory may not give.
 constexpr LONGLONG kMaxRead = 256LL * 1024 * 1024;
+constexpr DWORD kSmallFile = 8192;
 
 // Calls `visit` with each entry that fits the pattern; the error that ended it, or 0.
 template <typename Visit>
@@ -134,13 +135,23 @@ bool SwapIn(const fs::path& fresh, const fs::path& path) {
 std::optional<std::string> WinFileStore::Read(const fs::path& path) {
     const UniqueHandle file(CreateFileW(ReachablePath(path).c_str(), GENERIC_READ, FILE_SHARE_READ,
                                         nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
-    LARGE_INTEGER size{};
-    if (!IsValid(file) || !GetFileSizeEx(file.get(), &size) || size.QuadPart > kMaxRead) {
+    // Most files are small; to ask for the size first takes as long as to read them.
+    char head[kSmallFile];
+    DWORD read = 0;
+    if (!IsValid(file) || !ReadFile(file.get(), head, sizeof head, &read, nullptr)) {
         return std::nullopt;
     }
-    std::string bytes(size.LowPart, '\0');
-    DWORD read = 0;
-    if (!ReadFile(file.get(), bytes.data(), size.LowPart, &read, nullptr) || read != size.LowPart) {
+    std::string bytes(head, read);
+    if (read < sizeof head) {
+        return bytes;
+    }
+    LARGE_INTEGER size{};
+    if (!GetFileSizeEx(file.get(), &size) || size.QuadPart > kMaxRead || size.QuadPart < read) {
+        return std::nullopt;
+    }
+    bytes.resize(size.LowPart);
+    const DWORD rest = size.LowPart - kSmallFile;
+    if (!ReadFile(file.get(), bytes.data() + kSmallFile, rest, &read, nullptr) || read != rest) {
         return std::nullopt;
     }
     return bytes;
