@@ -35,6 +35,12 @@ class BareProgram {
     // A word of its command line that no other program has.
     const std::wstring& Mark() const { return event_; }
 
+    // What it ends with when it is asked for something else than to stay; 0 when it doesn't end.
+    static DWORD Run(const std::wstring& arguments) {
+        const desktop::Process process(L"\"" + Path() + L"\" " + arguments);
+        return process.WaitForExit(desktop::kPatienceMs).value_or(0);
+    }
+
   private:
     static int& Count() {
         static int count = 0;
