@@ -11,17 +11,6 @@
 namespace vbr::bench {
 namespace {
 
-// Files that a queue never touches here.
-class NoFiles : public ItemFiles {
-  public:
-    bool Delete(const std::filesystem::path&) override { return true; }
-    void StoreProtection(const CCHItem&) override {}
-    void Release(const std::filesystem::path&) override {}
-    std::size_t Clear_Directory_Exclude(const std::vector<std::filesystem::path>&) override {
-        return 0;
-    }
-};
-
 std::u16string Clip(int number) {
     std::u16string text = Concat(number, u" ");
     text.resize(100, u'x');
@@ -30,13 +19,13 @@ std::u16string Clip(int number) {
 
 // The nanoseconds that it takes to add different clips to so many queues, which all live meanwhile.
 double TimeToAdd(int queues, int clipsInEach) {
-    NoFiles files;
+    HistoryFixture fixture;
     std::deque<CCHQueue> all;
     // Whoever first asks for a large block pays for joining what others freed before.
     malloc_trim(0);
     return CpuTime([&] {
         for (int i = 0; i < queues; ++i) {
-            CCHQueue& queue = all.emplace_back(files);
+            CCHQueue& queue = all.emplace_back(fixture.Folder);
             for (int clip = 0; clip < clipsInEach; ++clip) {
                 queue.Add(TextItem(Clip(clip)), kNoItemLimit);
             }

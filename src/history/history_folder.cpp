@@ -5,6 +5,7 @@
 #include <array>
 
 #include "base/text.h"
+#include "history/history_queue.h"
 #include "platform/profile_text_store.h"
 
 namespace vbr {

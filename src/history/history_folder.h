@@ -8,8 +8,7 @@
 #include <string>
 #include <string_view>
 
-#include "history/history_queue.h"
-#include "history/item_files.h"
+#include "history/history_item.h"
 #include "history/item_info.h"
 #include "platform/file_store.h"
 #include "platform/log.h"
@@ -17,9 +16,11 @@
 
 namespace vbr {
 
+class CCHQueue;
+
 // The files of the history: an ".info" file an item, and a data file for each of its formats. A
 // data file is complete before an ".info" file names it. Any thread may call; one writes at a time.
-class HistoryFolder : public ItemFiles {
+class HistoryFolder {
   public:
     HistoryFolder(std::filesystem::path folder, FileStore& store, StampedFiles& files, Log& log)
         : folder_(std::move(folder)), store_(store), files_(files), log_(log) {}
@@ -48,11 +49,14 @@ class HistoryFolder : public ItemFiles {
     // be read.
     std::unique_ptr<CCHItem> LoadDataFile(std::u16string_view name);
 
-    bool Delete(const std::filesystem::path& path) override;
-    void StoreProtection(const CCHItem& item) override;
-    void Release(const std::filesystem::path& path) override;
-    std::size_t Clear_Directory_Exclude(
-        const std::vector<std::filesystem::path>& excluded) override;
+    // Also a read-only file. True when it is gone, or never was; a failure is logged.
+    bool Delete(const std::filesystem::path& path);
+    // Brings the files that the item has in line with its protection.
+    void StoreProtection(const CCHItem& item);
+    // Lifts the protection of a file that its item leaves behind.
+    void Release(const std::filesystem::path& path);
+    // Deletes all files of the folder but these, compared in any letter case; the number deleted.
+    std::size_t Clear_Directory_Exclude(const std::vector<std::filesystem::path>& excluded);
 
   private:
     // Names in the folder, upper case; with the number to try next for each kind of name.

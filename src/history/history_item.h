@@ -120,4 +120,6 @@ class CCHItem {
 // source take no part.
 bool IsSame(const CCHItem& a, const CCHItem& b);
 
+using ItemList = std::vector<std::unique_ptr<CCHItem>>;
+
 }  // namespace vbr

@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <tuple>
 
+#include "history/history_folder.h"
+
 namespace vbr {
 namespace {
 

@@ -13,21 +13,20 @@
 #include <vector>
 
 #include "history/history_item.h"
-#include "history/item_files.h"
 
 namespace vbr {
 
 // A limit that no queue reaches.
 inline constexpr std::uint32_t kNoItemLimit = 0xFFFFFFFF;
 
-using ItemList = std::vector<std::unique_ptr<CCHItem>>;
+class HistoryFolder;
 
 // The clipboard history in memory, in the order of time. From outside, index 0 is the newest item.
 // Equal items are one, and a limit takes the oldest away that are not protected. Used on one
 // thread.
 class CCHQueue {
   public:
-    explicit CCHQueue(ItemFiles& files) : files_(files) {}
+    explicit CCHQueue(HistoryFolder& files) : files_(files) {}
     virtual ~CCHQueue() = default;
     CCHQueue(const CCHQueue&) = delete;
     CCHQueue& operator=(const CCHQueue&) = delete;
@@ -106,7 +105,7 @@ class CCHQueue {
     // Parts off the items for which `goes` holds, called from the newest to the oldest.
     ItemList TakeOut(const std::function<bool(const CCHItem&)>& goes);
 
-    ItemFiles& files_;
+    HistoryFolder& files_;
     ItemList items_;  // oldest first
     // Its nodes stand side by side, so that looking at many of them stays cheap.
     std::pmr::unsynchronized_pool_resource nodes_;

@@ -3,6 +3,8 @@
 
 #include <utility>
 
+#include "history/history_queue.h"
+
 namespace vbr {
 namespace {
 

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "menu/menu_numbers.h"
 
-#include <unordered_map>
+#include <algorithm>
+#include <unordered_set>
 #include <vector>
 
 namespace vbr {
@@ -18,35 +19,32 @@ void ForEachCommand(PhraseMenu& menu, const Visit& visit) {
     }
 }
 
-// Phrases alone have numbers of their own; few menus reach the numbers of the other kinds.
-bool MayShareNumbers(PhraseMenu& menu) {
-    bool may = false;
-    ForEachCommand(menu, [&may](const CMenuItemInfo& info) {
-        may = may ||
-              (info.Subject.Kind == MenuSubjectKind::Phrase && info.CommandId >= kFirstHistoryItem);
-    });
-    return may;
-}
-
 }  // namespace
 
 void TellNumbersApart(PhraseMenu& menu) {
-    if (!MayShareNumbers(menu)) {
-        return;
-    }
-    std::unordered_map<std::uint32_t, MenuSubject> owners;
-    std::vector<CMenuItemInfo*> sharing;
+    std::vector<std::uint32_t> phrases;
+    std::vector<CMenuItemInfo*> others;
+    std::unordered_set<std::uint32_t> ofOthers;
+    std::uint32_t highest = 0;
     ForEachCommand(menu, [&](CMenuItemInfo& info) {
-        if (owners.try_emplace(info.CommandId, info.Subject).first->second != info.Subject) {
-            sharing.push_back(&info);
+        highest = std::max(highest, info.CommandId);
+        if (info.Subject.Kind != MenuSubjectKind::Phrase) {
+            others.push_back(&info);
+            ofOthers.insert(info.CommandId);
+        } else if (info.CommandId >= kFirstHistoryItem) {
+            phrases.push_back(info.CommandId);
         }
     });
-    std::uint32_t next = 1;
-    for (CMenuItemInfo* info : sharing) {
-        while (!owners.try_emplace(next, info->Subject).second) {
-            ++next;
+    std::unordered_set<std::uint32_t> shared;
+    for (const std::uint32_t number : phrases) {
+        if (ofOthers.contains(number)) {
+            shared.insert(number);
         }
-        info->CommandId = next;
+    }
+    for (CMenuItemInfo* info : others) {
+        if (shared.contains(info->CommandId)) {
+            info->CommandId = ++highest;
+        }
     }
 }
 

@@ -5,8 +5,7 @@
 
 namespace vbr {
 
-// Two items that stand for different things have different numbers afterwards: of those that shared
-// one, the first of the menu keeps it.
+// Gives history items and commands whose number a phrase has too a number of their own.
 void TellNumbersApart(PhraseMenu& menu);
 
 }  // namespace vbr

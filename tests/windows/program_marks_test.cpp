@@ -13,12 +13,11 @@ namespace {
 constexpr const wchar_t* kSetupKey = L"Software\\Nimbletree\\Vellumbridge";
 
 TEST(SetupMark, CountsOnlyWithAText) {
-    const WinSetupMark mark;
-    EXPECT_FALSE(mark.IsInstalledBySetup());
+    EXPECT_FALSE(IsInstalledBySetup());
     for (const std::wstring text : {L"", L"yes"}) {
         RegSetKeyValueW(HKEY_CURRENT_USER, kSetupKey, L"FromInstaller", REG_SZ, text.c_str(),
                         static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t)));
-        EXPECT_EQ(mark.IsInstalledBySetup(), !text.empty());
+        EXPECT_EQ(IsInstalledBySetup(), !text.empty());
     }
     RegDeleteTreeW(HKEY_CURRENT_USER, kSetupKey);
 }

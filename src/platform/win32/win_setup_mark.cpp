@@ -5,7 +5,7 @@
 
 namespace vbr {
 
-bool WinSetupMark::IsInstalledBySetup() const {
+bool IsInstalledBySetup() {
     wchar_t text[50];  // 99 bytes and the terminator
     DWORD bytes = sizeof text;
     return RegGetValueW(HKEY_CURRENT_USER, L"Software\\Nimbletree\\Vellumbridge", L"FromInstaller",

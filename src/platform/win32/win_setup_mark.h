@@ -1,14 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/setup_mark.h"
-
 namespace vbr {
 
-// The value "FromInstaller" under the program's key of the current user.
-class WinSetupMark : public SetupMark {
-  public:
-    bool IsInstalledBySetup() const override;
-};
+// Whether the setup program has installed this program for the user: it leaves the value
+// "FromInstaller" under the program's key.
+bool IsInstalledBySetup();
 
 }  // namespace vbr
