@@ -9,6 +9,7 @@
 #include "fakes/temp_folder.h"
 #include "history/clipboard_capture.h"
 #include "history/history_folder.h"
+#include "history/history_queue.h"
 #include "platform/win32/win_ansi_text.h"
 #include "platform/win32/win_bitmaps.h"
 #include "platform/win32/win_clipboard_access.h"
