@@ -27,6 +27,9 @@ void QueryFlow::OnHotKey() {
 }
 
 void QueryFlow::OnMouseEvent() {
+    if (IsUnderWay()) {
+        return;
+    }
     with_.Display.ShowTrayBalloon(Concat(with_.Texts.LoadString(kStrMouseEventDetected), u"\n",
                                          with_.Texts.LoadString(kStrShowingMenu), u"…"),
                                   kQueryBalloonMs);
@@ -34,8 +37,8 @@ void QueryFlow::OnMouseEvent() {
 }
 
 void QueryFlow::Begin(bool fromHotkey) {
-    if (IsUnderWay()) {
-        with_.Log.Write(Concat(u"Query ", query_->Number, u" is under way, no other begins"));
+    if (stopped_ || IsUnderWay()) {
+        with_.Log.Write(u"No query begins: one is under way, or the program ends");
         return;
     }
     query_ = Query{.Number = ++lastNumber_};
@@ -190,7 +193,15 @@ bool QueryFlow::IsUnderWay() const {
                       with_.Clock.TickCount() - query_->PostedAt < kAnswerMs);
 }
 
+void QueryFlow::Stop() {
+    stopped_ = true;
+    waiting_.clear();
+}
+
 void QueryFlow::WhenIdle(std::function<void()> work) {
+    if (stopped_) {
+        return;
+    }
     if (query_ && !query_->Awaited) {
         waiting_.push_back(std::move(work));
     } else {

@@ -82,6 +82,9 @@ class QueryFlow {
     // Runs the work now, or, while a menu or a prompt is open, when the choice was carried out.
     void WhenIdle(std::function<void()> work);
 
+    // The program ends: no query begins any more, and what waits for the end of one is dropped.
+    void Stop();
+
   private:
     struct Query {
         std::uint32_t Number = 0;
@@ -103,6 +106,7 @@ class QueryFlow {
     std::optional<Query> query_;  // the one under way
     std::uint32_t lastNumber_ = 0;
     std::vector<std::function<void()>> waiting_;
+    bool stopped_ = false;
 };
 
 }  // namespace vbr

@@ -191,6 +191,19 @@ TEST_F(QueryFlowTest, APressCountsWhenTheUserIsHereTheServiceOnAndBothPressesCam
     EXPECT_EQ(menus_, 1);
 }
 
+TEST_F(QueryFlowTest, WhatWaitsForAMenuIsDroppedWhenTheProgramEndsUnderIt) {
+    AddPhrase("p", u"text");
+    whileMenu_ = [this] {
+        Commands.Run(kCmdEnableService);
+        Commands.Run(kCmdEnableService);
+        Flow.Stop();
+    };
+    Flow.OnHotKey();
+    EXPECT_FALSE(Service.IsServiceInstalled());
+    Flow.OnMenuWanted();
+    EXPECT_EQ(menus_, 1);
+}
+
 TEST_F(QueryFlowTest, AChoiceFromOutsideIsCarriedOutByItsNumber) {
     AddPhrase("p", u"phrase");
     Clips.AddClips(2);

@@ -332,6 +332,7 @@ void Program::WatchLateEvents() {
 
 void Program::Stop() {
     process_.Stop.Set();
+    flow_.Stop();
     service_.StopService();
     display_.DeleteIcon();
     // While the window still owns what it puts there.
