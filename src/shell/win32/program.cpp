@@ -13,6 +13,21 @@ namespace {
 
 constexpr std::u16string_view kHistoryFolderName = u"ClipboardHistory";
 
+constexpr WatchedEvent kEvents[] = {
+    {kEventEditorEnded, EventReset::Automatic, ObjectAccess::World, kMsgEditorEnded},
+    {kEventCommandCheckForUpdates, EventReset::Manual, ObjectAccess::Default, WM_COMMAND,
+     kCmdCheckForUpdates},
+    {kEventEdit, EventReset::Manual, ObjectAccess::World, WM_COMMAND, kCmdEditPhrases},
+    {kEventShowMenu, EventReset::Automatic, ObjectAccess::World, kMsgShowMenuRequest},
+};
+// Few wait for these, so that the start doesn't.
+constexpr WatchedEvent kLateEvents[] = {
+    {kEventLangUiChanged, EventReset::Automatic, ObjectAccess::World, kMsgLanguageChanged},
+    {kEventCheckForUpdates, EventReset::Automatic, ObjectAccess::World, WM_COMMAND,
+     kCmdCheckForUpdates},
+    {kEventFloatPaneBlink, EventReset::Automatic, ObjectAccess::World, kMsgPaneBlink},
+};
+
 WindowHandle NumberOf(HWND window) {
     return reinterpret_cast<WindowHandle>(window);
 }
@@ -297,37 +312,24 @@ void Program::Start() {
     process_.Events.Start();
 }
 
-// A signal becomes a message to the window; only the guard may be touched from there.
 void Program::WatchEvents() {
-    const auto post = [window = window_](UINT message, WPARAM wParam) {
-        return [=] { PostMessageW(window, message, wParam, 0); };
-    };
-    NamedEventThread& events = process_.Events;
-    events.Watch(kEventEditorEnded, EventReset::Automatic, ObjectAccess::World,
-                 post(kMsgEditorEnded, 0));
-    events.Watch(kEventCommandCheckForUpdates, EventReset::Manual, ObjectAccess::Default,
-                 post(WM_COMMAND, kCmdCheckForUpdates));
-    events.Watch(kEventEdit, EventReset::Manual, ObjectAccess::World,
-                 post(WM_COMMAND, kCmdEditPhrases));
-    events.Watch(kEventShowMenu, EventReset::Automatic, ObjectAccess::World,
-                 post(kMsgShowMenuRequest, 0));
-    events.Watch(kEventStartCopy, EventReset::Automatic, ObjectAccess::World,
-                 [this] { ownCopy_.Set(1); });
-    events.Watch(kEventEndCopy, EventReset::Automatic, ObjectAccess::World,
-                 [this] { ownCopy_.Set(0); });
+    Watch(kEvents);
+    process_.Events.Watch(kEventStartCopy, EventReset::Automatic, ObjectAccess::World,
+                          [this] { ownCopy_.Set(1); });
+    process_.Events.Watch(kEventEndCopy, EventReset::Automatic, ObjectAccess::World,
+                          [this] { ownCopy_.Set(0); });
 }
 
 void Program::WatchLateEvents() {
-    const auto post = [window = window_](UINT message, WPARAM wParam) {
-        return [=] { PostMessageW(window, message, wParam, 0); };
-    };
-    NamedEventThread& events = process_.Events;
-    events.Watch(kEventLangUiChanged, EventReset::Automatic, ObjectAccess::World,
-                 post(kMsgLanguageChanged, 0));
-    events.Watch(kEventCheckForUpdates, EventReset::Automatic, ObjectAccess::World,
-                 post(WM_COMMAND, kCmdCheckForUpdates));
-    events.Watch(kEventFloatPaneBlink, EventReset::Automatic, ObjectAccess::World,
-                 post(kMsgPaneBlink, 0));
+    Watch(kLateEvents);
+}
+
+void Program::Watch(std::span<const WatchedEvent> events) {
+    for (const WatchedEvent& event : events) {
+        process_.Events.Watch(event.Name, event.Reset, event.Access, [window = window_, event] {
+            PostMessageW(window, event.Message, event.Parameter, 0);
+        });
+    }
 }
 
 void Program::Stop() {

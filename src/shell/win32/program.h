@@ -5,6 +5,8 @@
 
 #include <memory>
 #include <optional>
+#include <span>
+#include <string_view>
 
 #include "diagnostics/guarded_section.h"
 #include "diagnostics/win32/file_log.h"
@@ -93,6 +95,15 @@ class HandlerCapture : public HistoryCapture {
     HWND parent_;
 };
 
+// A named event and the message that its signal becomes.
+struct WatchedEvent {
+    std::u16string_view Name;
+    EventReset Reset;
+    ObjectAccess Access;
+    UINT Message;
+    WPARAM Parameter = 0;
+};
+
 // The whole program behind its window: every part, made once, in the order in which they depend on
 // each other. Belongs to the main thread.
 class Program {
@@ -125,6 +136,7 @@ class Program {
 
   private:
     void WatchEvents();
+    void Watch(std::span<const WatchedEvent> events);
     std::u16string ExpandedText(const VBRCommand& record);
 
     ProcessContext process_;
