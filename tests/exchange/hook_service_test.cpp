@@ -10,13 +10,13 @@ namespace {
 
 class HookService : public testing::Test, protected ExchangeFixture {
   protected:
-    std::optional<std::uint32_t> Install() { return Service.InstallDLLService({}); }
+    std::optional<std::uint32_t> Install() { return Hooks.InstallDLLService({}); }
 
     void ExpectFailure(std::uint32_t code, const Journal& calls) {
         Calls.clear();
         EXPECT_EQ(Install(), code);
         EXPECT_EQ(Calls, calls);
-        EXPECT_FALSE(Service.IsInstalled());
+        EXPECT_FALSE(Hooks.IsInstalled());
         EXPECT_TRUE(Objects.Owned.empty());
     }
 
@@ -39,15 +39,15 @@ TEST_F(HookService, TheLibraryIsToldTheLogsPathOnlyWhileTheLogIsOn) {
     Library.InstallResult = false;
     Install();
     EXPECT_EQ(Library.LogPath, std::nullopt);
-    Service.InstallDLLService({.LogPath = u"C:\\log.txt"});
+    Hooks.InstallDLLService({.LogPath = u"C:\\log.txt"});
     EXPECT_EQ(Library.LogPath, u"C:\\log.txt");
 }
 
 TEST_F(HookService, UninstallWakesAllWindowsBeforeTheLibraryGoes) {
     Install();
-    EXPECT_TRUE(Service.UninstallDLLService());
+    EXPECT_TRUE(Hooks.UninstallDLLService());
     EXPECT_EQ(Calls, (Journal{"load", "install", "uninstall", "broadcast", "unload"}));
-    EXPECT_FALSE(Service.IsInstalled());
+    EXPECT_FALSE(Hooks.IsInstalled());
     EXPECT_TRUE(Objects.SetByOwner.contains(u""));
     EXPECT_TRUE(Objects.Owned.empty());
 }
@@ -57,8 +57,8 @@ TEST_F(HookService, ALibraryThatIsInstalledStaysThroughASecondInstallAndARefused
     EXPECT_EQ(Install(), 2U);
     for (const std::optional<bool> answer : {std::optional(false), std::optional<bool>()}) {
         Library.UninstallResult = answer;
-        EXPECT_FALSE(Service.UninstallDLLService());
-        EXPECT_TRUE(Service.IsInstalled());
+        EXPECT_FALSE(Hooks.UninstallDLLService());
+        EXPECT_TRUE(Hooks.IsInstalled());
     }
     EXPECT_EQ(Calls, (Journal{"load", "install", "uninstall", "uninstall"}));
 }
@@ -68,7 +68,7 @@ TEST_F(HookService, AQueryTellsTheTargetWithOrWithoutASelection) {
     Library.Target = 50;
     for (const std::u16string& selected : {std::u16string(), std::u16string(u"selected")}) {
         LetTargetCopy(selected);
-        EXPECT_EQ(Service.SendMessageToTargetWindow(0, query_), QueryStart::Local);
+        EXPECT_EQ(Hooks.SendMessageToTargetWindow(0, query_), QueryStart::Local);
         EXPECT_EQ(query_.SelText, selected);
         EXPECT_EQ(query_.StateSelText, selected.empty() ? 1 : 2);
         EXPECT_EQ(query_.TargetWindow, 50U);
@@ -78,36 +78,20 @@ TEST_F(HookService, AQueryTellsTheTargetWithOrWithoutASelection) {
     }
 }
 
-TEST_F(HookService, EachQueryNamesItsTargetInTheLog) {
+TEST_F(HookService, OnThePostedRouteTheTargetGetsTheMessageAndTheQueryNamesItAlone) {
+    Route.To = &Posted;
     Install();
     Library.Target = 50;
-    Service.SendMessageToTargetWindow(0, query_);
-    EXPECT_EQ(Log.Lines.at(0),
-              u"SendMessageToTargetWindow: HWND =50 IsWindow(hwnd)=1 classname=[class 50] PID=52 "
-              u"exe=[program 52] GetBinaryType=[1], dwType b64=[1], b32=[1]");
-}
-
-TEST_F(HookService, OnThePostedRouteTheTargetGetsTheMessageAndTheQueryNamesItAlone) {
-    PostedRoute route(Windows, Selection, 777, Log);
-    CVBRDLLService service({.Library = Library,
-                            .LibraryPath = u"L:\\lib.dll",
-                            .Objects = Objects,
-                            .Windows = Windows,
-                            .Route = route,
-                            .Log = Log});
-    service.InstallDLLService({});
-    Library.Target = 50;
-    EXPECT_EQ(service.SendMessageToTargetWindow(1, query_), QueryStart::Posted);
+    EXPECT_EQ(Hooks.SendMessageToTargetWindow(1, query_), QueryStart::Posted);
     EXPECT_EQ(Calls.back(), "post 777 with 1 to 50");
     EXPECT_EQ(query_.TargetWindow, 50U);
     EXPECT_EQ(query_.WindowClassName, u"");
     Windows.Posts = false;
-    EXPECT_EQ(service.SendMessageToTargetWindow(0, query_), QueryStart::Failed);
+    EXPECT_EQ(Hooks.SendMessageToTargetWindow(0, query_), QueryStart::Failed);
     // The library can't be in there to answer.
     Windows.OwnBitness = false;
     Library.Target = 60;
-    EXPECT_EQ(service.SendMessageToTargetWindow(0, query_), QueryStart::Local);
-    EXPECT_EQ(query_.TargetWindow, 60U);
+    EXPECT_EQ(Hooks.SendMessageToTargetWindow(0, query_), QueryStart::Local);
 }
 
 TEST(QueryRoute, TheSystemChoosesUnlessOneIsForced) {
@@ -120,37 +104,34 @@ TEST(QueryRoute, TheSystemChoosesUnlessOneIsForced) {
 
 TEST_F(HookService, WithoutATargetTheQueryFailsAndNothingIsCopied) {
     Library.Target = 50;  // of a library that isn't installed
-    EXPECT_EQ(Service.SendMessageToTargetWindow(0, query_), QueryStart::Failed);
+    EXPECT_EQ(Hooks.SendMessageToTargetWindow(0, query_), QueryStart::Failed);
     Install();
     Library.Target = 0;
-    EXPECT_EQ(Service.SendMessageToTargetWindow(0, query_), QueryStart::Failed);
+    EXPECT_EQ(Hooks.SendMessageToTargetWindow(0, query_), QueryStart::Failed);
     EXPECT_TRUE(Input.Sent.empty());
 }
 
 TEST_F(HookService, TheTargetCopiesToAnEmptiedClipboardOutsideTheHistoryAndGetsTimeForIt) {
-    Clock.WhileAsleep = [&] {
+    Macros.Clock.WhileAsleep = [&] {
         EXPECT_TRUE(OwnCopy.IsMyCopy());
         Calls.push_back("sleep");
     };
+    Selection.AllowCopy(false);
+    EXPECT_EQ(Selection.ExtractSelectedText(50), u"");
+    EXPECT_EQ(Calls, Journal());
+    Selection.AllowCopy(true);
     Selection.ExtractSelectedText(50);
     EXPECT_EQ(Calls, (Journal{"open 0", "empty", "close", "keys", "copy message to 50", "sleep"}));
-    EXPECT_EQ(Clock.Sleeps, std::vector{400U});
+    EXPECT_EQ(Macros.Clock.Sleeps, std::vector{400U});
     const std::vector<KeyEvent> copyKeys = {{17, 0, 4}, {67, 0, 4}, {67, 0, 6}, {17, 0, 6}};
     EXPECT_EQ(Input.Sent.at(0), copyKeys);
 }
 
 TEST_F(HookService, TextThatATargetCopiesWithoutUnicodeCountsToo) {
-    Clock.WhileAsleep = [&] {
+    Macros.Clock.WhileAsleep = [&] {
         Clipboard.Copy({FakeClipboardAccess::Memory(kClipText, std::string_view("ansi\0x", 6))});
     };
     EXPECT_EQ(Selection.ExtractSelectedText(50), u"ansi");
-}
-
-TEST_F(HookService, AClipboardThatCouldNotBeKeptIsNotCopiedOver) {
-    Selection.AllowCopy(false);
-    EXPECT_EQ(Selection.ExtractSelectedText(50), u"");
-    EXPECT_EQ(Calls, Journal());
-    EXPECT_TRUE(Clock.Sleeps.empty());
 }
 
 }  // namespace

@@ -49,19 +49,9 @@ class FakePrompter : public Prompter {
 // Files and folders by their full names, and what was started.
 class FakeProgramStarter : public ProgramStarter {
   public:
-    struct Failure {
-        WindowHandle Owner = 0;
-        std::u16string Text;
-        std::u16string Title;
-
-        bool operator==(const Failure&) const = default;
-    };
-
     std::set<std::u16string> Files;
     std::set<std::u16string> Folders;
-    std::optional<SystemError> Error;
     std::vector<std::u16string> Started;  // path and parameters, each in brackets
-    std::vector<Failure> Failures;
     mutable int Asked = 0;
 
     bool IsFile(std::u16string_view path) const override {
@@ -75,12 +65,9 @@ class FakeProgramStarter : public ProgramStarter {
     std::optional<SystemError> Start(std::u16string_view path,
                                      std::u16string_view parameters) override {
         Started.push_back(Concat(u"[", path, u"][", parameters, u"]"));
-        return Error;
+        return std::nullopt;
     }
-    void TellFailure(WindowHandle owner, std::u16string_view text,
-                     std::u16string_view title) override {
-        Failures.push_back({owner, std::u16string(text), std::u16string(title)});
-    }
+    void TellFailure(WindowHandle, std::u16string_view, std::u16string_view) override {}
 };
 
 // Every window but 0 lives, until it is named as gone.
@@ -103,7 +90,7 @@ struct DeliveryFixture {
     MacroFixture Macros;
     PhraseTree Phrases;
     RecordingInput Input{&Calls};
-    FakeClipboardAccess Clipboard;
+    FakeClipboardAccess Clipboard{&Calls};
     FakePrompter Prompts{Calls};
     FakeDesktopWindows Windows{Calls};
     FakeTargetWindows Targets;
@@ -167,11 +154,7 @@ struct DeliveryFixture {
         return text;
     }
     // Whether the log has a line that holds the text.
-    bool Told(std::u16string_view text) const {
-        return std::ranges::any_of(Macros.Log.Lines, [text](const std::u16string& line) {
-            return line.find(text) != line.npos;
-        });
-    }
+    bool Told(std::u16string_view text) const { return Macros.Log.Tells(text); }
     // The bytes of a format on the clipboard as text; nothing when it isn't there.
     std::optional<std::string> OnClipboard(std::uint32_t format) const {
         const ClipboardBlock* block = Clipboard.Find(format);

@@ -5,14 +5,9 @@
 
 #include "exchange/hook_library.h"
 #include "exchange/hook_service.h"
+#include "fakes/delivery_fixture.h"
 #include "fakes/fake_ansi_text.h"
-#include "fakes/fake_clipboard_access.h"
-#include "fakes/fake_clock.h"
-#include "fakes/fake_desktop_windows.h"
 #include "fakes/fake_named_objects.h"
-#include "fakes/journal.h"
-#include "fakes/memory_log.h"
-#include "fakes/recording_input.h"
 
 namespace vbr {
 
@@ -50,35 +45,42 @@ class FakeHookLibrary : public HookLibrary {
     Journal& calls_;
 };
 
-// The hook service with all that it works on.
-struct ExchangeFixture {
-    Journal Calls;
-    MemoryLog Log;
-    FakeClock Clock;
+// The route that a test wants.
+class ChosenRoute : public QueryRoute {
+  public:
+    explicit ChosenRoute(QueryRoute& first) : To(&first) {}
+
+    QueryRoute* To;
+
+    QueryStart Start(WindowHandle target, std::uintptr_t wParam, WPQuery& query) override {
+        return To->Start(target, wParam, query);
+    }
+};
+
+// The hook service beside the delivery, on the local route.
+struct ExchangeFixture : DeliveryFixture {
     FakeHookLibrary Library{Calls};
     FakeNamedObjects Objects;
-    FakeDesktopWindows Windows{Calls};
-    FakeClipboardAccess Clipboard{&Calls};
     FakeAnsiText Ansi;
-    RecordingInput Input{&Calls};
-    MyCopyGuard OwnCopy{Clock, Log};
     SelectedTextReader Selection{{.Clipboard = Clipboard,
                                   .Ansi = Ansi,
                                   .Input = Input,
                                   .Windows = Windows,
-                                  .Clock = Clock,
+                                  .Clock = Macros.Clock,
                                   .OwnCopy = OwnCopy}};
-    LocalRoute Route{Windows, Selection};
-    CVBRDLLService Service{{.Library = Library,
-                            .LibraryPath = u"L:\\lib.dll",
-                            .Objects = Objects,
-                            .Windows = Windows,
-                            .Route = Route,
-                            .Log = Log}};
+    LocalRoute Local{Windows, Selection};
+    PostedRoute Posted{Windows, Selection, 777, Macros.Log};
+    ChosenRoute Route{Local};
+    CVBRDLLService Hooks{{.Library = Library,
+                          .LibraryPath = u"L:\\lib.dll",
+                          .Objects = Objects,
+                          .Windows = Windows,
+                          .Route = Route,
+                          .Log = Macros.Log}};
 
     // What the target puts on the clipboard while it has time to copy.
     void LetTargetCopy(std::u16string text) {
-        Clock.WhileAsleep = [this, text] {
+        Macros.Clock.WhileAsleep = [this, text] {
             if (!text.empty()) {
                 Clipboard.Copy({FakeClipboardAccess::Text(text)});
             }

@@ -11,26 +11,21 @@ inline constexpr Lcid kEnglish = 0x0409;
 inline constexpr Lcid kBritish = 0x0809;
 inline constexpr Lcid kRussian = 0x0419;
 
-// English and Russian. The weekday stands first in an English long date, last in a Russian one.
+// English and Russian, where every day is a Wednesday.
 class FakeLocale : public Locale {
   public:
     Lcid UserDefault() const override { return kEnglish; }
     Lcid ThreadLocale() const override { return kBritish; }
     std::u16string LongDate(Lcid lcid, const SystemTime& t) const override {
         const std::u16string weekday = WeekdayName(lcid, t.DayOfWeek, NameForm::Full);
-        const std::u16string month = MonthName(lcid, t.Month, NameForm::Full);
-        return lcid == kRussian ? Concat(t.Day, u".", t.Month, u".", t.Year, u" г., ", weekday)
-                                : Concat(weekday, u", ", month, u" ", t.Day, u", ", t.Year);
+        return Concat(weekday, u", ", MonthName(lcid, t.Month, NameForm::Full), u" ", t.Day, u", ",
+                      t.Year);
     }
     std::u16string Time24(Lcid, const SystemTime& t) const override {
         return Concat(t.Hour, u":", t.Minute, u":", t.Second);
     }
-    std::u16string WeekdayName(Lcid lcid, int day, NameForm form) const override {
-        constexpr std::u16string_view kNames[][7] = {
-            {u"Sunday", u"Monday", u"Tuesday", u"Wednesday", u"Thursday", u"Friday", u"Saturday"},
-            {u"воскресенье", u"понедельник", u"вторник", u"среда", u"четверг", u"пятница",
-             u"суббота"}};
-        return InForm(kNames[lcid == kRussian][day], form);
+    std::u16string WeekdayName(Lcid lcid, int, NameForm form) const override {
+        return InForm(lcid == kRussian ? u"среда" : u"Wednesday", form);
     }
     std::u16string MonthName(Lcid, int month, NameForm form) const override {
         return InForm(month == 3 ? u"March" : u"Another", form);
@@ -43,7 +38,14 @@ class FakeLocale : public Locale {
         return lcid == kRussian ? u"Rus" : lcid == kBritish ? u"Bri" : u"Eng";
     }
     std::u16string Upper(std::u16string_view text) const override { return ToUpper(text); }
-    std::u16string Lower(std::u16string_view text) const override { return Concat(u"low ", text); }
+    std::u16string Lower(std::u16string_view text) const override {
+        std::u16string lower(text);
+        for (char16_t& unit : lower) {
+            const bool isUpper = (unit >= u'A' && unit <= u'Z') || (unit >= u'А' && unit <= u'Я');
+            unit = static_cast<char16_t>(unit + (isUpper ? 32 : 0));
+        }
+        return lower;
+    }
 
   private:
     static std::u16string InForm(std::u16string_view name, NameForm form) {

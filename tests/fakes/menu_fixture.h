@@ -3,15 +3,13 @@
 
 #include <functional>
 #include <optional>
-#include <string>
 
-#include "base/text.h"
+#include "fakes/exchange_fixture.h"
 #include "fakes/guard_fixture.h"
-#include "fakes/macro_fixture.h"
 #include "fakes/menu_history_fixture.h"
 #include "fakes/native_profile_store.h"
-#include "fakes/phrase_tree.h"
 #include "menu/phrase_menu_handler.h"
+#include "menu/right_menu_commands.h"
 
 namespace vbr {
 
@@ -33,42 +31,43 @@ class FakeMenuPresenter : public MenuPresenter {
     void ClearFonts() override {}
 };
 
-// The phrase menu's handler over stand-ins, with default settings.
-struct MenuFixture {
-    PhraseTree Phrases;
-    MacroFixture Macros;
+// The phrase menu beside the exchange, with settings that lie in the folder of the phrases.
+struct MenuFixture : ExchangeFixture {
     FakeMenuPresenter Presenter;
     MenuHistoryFixture Clips;
+    std::vector<std::uint32_t> CopiedClips;
     NativeProfileStore Profile;
-    CVBRSettings Settings{Profile, {}};
+    CVBRSettings Settings{Profile,
+                          {.Chosen = Phrases.Folder.Path() / "settings.txt",
+                           .Local = Phrases.Folder.Path() / "settings.txt",
+                           .User = {},
+                           .ProgramFolder = {},
+                           .ProgramName = {}}};
     GuardFixture Guard;
-    IDataNeededHander_MenuSelf Handler{{.Tree = Phrases.Tree,
-                                        .Items = Macros.Items,
-                                        .History = Clips.History,
-                                        .Settings = Settings,
-                                        .Texts = Macros.Texts,
-                                        .Presenter = Presenter,
-                                        .Clock = Phrases.Clock,
-                                        .Guard = Guard.Sections,
-                                        .Log = Phrases.Log,
-                                        .StateOf = [](WindowHandle window) {
-                                            return WindowState{window, false, {}};
-                                        }}};
-
-    MenuChoice Ask(const WPQuery& query) {
-        Presenter.Shown.clear();
-        WPAnswer answer;
-        return Handler.OnDataNeeded(query, answer);
-    }
-    // The file of the phrase with that title.
-    std::filesystem::path FileOf(std::u16string_view title) const {
-        std::filesystem::path file;
-        Phrases.Tree.WalkCommands([&](const VBRCommand& record, const VBRCommand*) {
-            file = !record.IsGroup() && record.Text == title ? record.FilePath : file;
-            return true;
-        });
-        return file;
-    }
+    IDataNeededHander_MenuSelf Menu{{.Tree = Phrases.Tree,
+                                     .Items = Macros.Items,
+                                     .History = Clips.History,
+                                     .Settings = Settings,
+                                     .Texts = Macros.Texts,
+                                     .Presenter = Presenter,
+                                     .Clock = Macros.Clock,
+                                     .Guard = Guard.Sections,
+                                     .Log = Macros.Log,
+                                     .StateOf = [](WindowHandle window) {
+                                         return WindowState{window, false, {}};
+                                     }}};
+    RightMenuCommands RightMenu{
+        {.Tree = Phrases.Tree,
+         .Menu = Menu,
+         .Expand = [](const VBRCommand& record) { return record.Cmd; },
+         .Copy = [this](bool plain,
+                        std::u16string_view text) { return Text.CopyToClipboard(plain, text, 0); },
+         .CopyHistoryItem =
+             [this](ClipId item) {
+                 CopiedClips.push_back(item.Value);
+                 return item.Value != 0;
+             },
+         .Log = Macros.Log}};
 };
 
 }  // namespace vbr

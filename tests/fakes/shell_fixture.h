@@ -3,13 +3,12 @@
 
 #include <filesystem>
 #include <functional>
-#include <map>
 #include <set>
 #include <string>
 #include <vector>
 
-#include "fakes/delivery_fixture.h"
-#include "fakes/exchange_fixture.h"
+#include "fakes/fake_desktops.h"
+#include "fakes/fake_file_access.h"
 #include "fakes/fake_hotkeys.h"
 #include "fakes/fake_shared_memory.h"
 #include "fakes/menu_fixture.h"
@@ -24,18 +23,15 @@ class FakeTrayView : public TrayView {
   public:
     bool TakesIcons = true;
     std::vector<TrayIconMode> Icons;
-    std::u16string IconTitle;  // of the last balloon that came with the icon
     std::vector<bool> Blinks;
     std::u16string Balloon;  // empty when none shows
     std::set<std::uintptr_t> Timers;
     std::vector<std::u16string> Messages;
-    std::vector<int> Posted;
     int MenusShown = 0;
     bool IsClosed = false;
 
-    bool ChangeIcon(TrayIconMode mode, const TrayIconContent& content) override {
+    bool ChangeIcon(TrayIconMode mode, const TrayIconContent&) override {
         Icons.push_back(mode);
-        IconTitle = content.InfoTitle;
         return TakesIcons;
     }
     void DeleteIcon() override { Icons.clear(); }
@@ -50,7 +46,7 @@ class FakeTrayView : public TrayView {
     }
     void ShowError(std::u16string_view text) override { Messages.emplace_back(text); }
     void ShowTrayMenu() override { ++MenusShown; }
-    void PostCommand(int command) override { Posted.push_back(command); }
+    void PostCommand(int) override {}
     void Close() override { IsClosed = true; }
 };
 
@@ -88,28 +84,6 @@ class FakeLogFile : public LogFile {
     std::uint16_t Atom() const override { return 0; }
 };
 
-// A desktop that takes the user's input, or doesn't.
-class FakeDesktops : public Desktops {
-  public:
-    bool Active = true;
-
-    std::unique_ptr<Desktop> OpenOfThread() override { return std::make_unique<One>(1); }
-    std::unique_ptr<Desktop> OpenInput() override {
-        return Active ? std::make_unique<One>(1) : nullptr;
-    }
-
-  private:
-    class One : public Desktop {
-      public:
-        explicit One(std::uintptr_t handle) : handle_(handle) {}
-        std::uintptr_t Handle() const override { return handle_; }
-        DesktopName Name() const override { return {}; }
-
-      private:
-        std::uintptr_t handle_;
-    };
-};
-
 class RecordingOpener : public ShellOpener {
   public:
     std::vector<std::u16string> Opened;
@@ -120,35 +94,8 @@ class RecordingOpener : public ShellOpener {
     }
 };
 
-// Every file is there, and the phrases lie where the settings say.
-class OpenFileAccess : public FileAccess {
-  public:
-    DriveKind KindOfDrive(std::u16string_view) const override { return DriveKind::Fixed; }
-    bool FileExists(std::u16string_view) const override { return true; }
-    bool CanWrite(std::u16string_view) const override { return true; }
-    bool CreateOpenFile(std::u16string_view) override { return true; }
-    bool CreateOpenFolder(std::u16string_view) override { return true; }
-    std::u16string UserProfileFolder() const override { return {}; }
-    std::u16string ApplicationDataFolder() const override { return {}; }
-    std::optional<std::u16string> EnvironmentVariable(std::u16string_view) const override {
-        return std::nullopt;
-    }
-};
-
-// The route that a test wants.
-class ChosenRoute : public QueryRoute {
-  public:
-    explicit ChosenRoute(QueryRoute& first) : To(&first) {}
-
-    QueryRoute* To;
-
-    QueryStart Start(WindowHandle target, std::uintptr_t wParam, WPQuery& query) override {
-        return To->Start(target, wParam, query);
-    }
-};
-
 // All of the program but its window: the target is window 50, on the local route.
-struct ShellFixture : DeliveryFixture {
+struct ShellFixture : MenuFixture {
     static constexpr WindowHandle kTarget = 50;
 
     ShellFixture() {
@@ -176,46 +123,18 @@ struct ShellFixture : DeliveryFixture {
         Requests.OnTimer(timer);
     }
 
-    FakeHookLibrary Library{Calls};
-    FakeNamedObjects Objects;
-    FakeSharedMemory Memory;
-    FakeAnsiText Ansi;
+    FakeSharedMemory Memory{&Calls};
     FakeHotkeys Hotkeys{Calls};
     FakeWaiter Waiter{Calls};
     FakeDesktops Desktops;
-    NativeProfileStore Profile;
-    CVBRSettings Settings{Profile,
-                          {.Chosen = Phrases.Folder.Path() / "settings.txt",
-                           .Local = Phrases.Folder.Path() / "settings.txt",
-                           .User = {},
-                           .ProgramFolder = {},
-                           .ProgramName = {}}};
     FileLocations Locations{.LogFile = u"log.txt"};
-    OpenFileAccess Access;
+    FakeFileAccess Access;
     FakeLogFile LogOfUser;
     FakeTrayView View;
     RecordingOpener Opener;
     MessageList Messages;
-    GuardFixture Guard;
-    MenuHistoryFixture Clips;
     FakeHistoryCapture Capture;
-    FakeMenuPresenter Presenter;
     CClipboardSnapshot Snapshot{Clipboard, Macros.Log};
-    SelectedTextReader Selection{{.Clipboard = Clipboard,
-                                  .Ansi = Ansi,
-                                  .Input = Input,
-                                  .Windows = Windows,
-                                  .Clock = Macros.Clock,
-                                  .OwnCopy = OwnCopy}};
-    LocalRoute Local{Windows, Selection};
-    PostedRoute Posted{Windows, Selection, 777, Macros.Log};
-    ChosenRoute Route{Local};
-    CVBRDLLService Hooks{{.Library = Library,
-                          .LibraryPath = u"lib.dll",
-                          .Objects = Objects,
-                          .Windows = Windows,
-                          .Route = Route,
-                          .Log = Macros.Log}};
     HotkeyService Hotkey{{.Settings = Settings,
                           .Hooks = Hooks,
                           .Waiter = Waiter,
@@ -224,26 +143,6 @@ struct ShellFixture : DeliveryFixture {
                           .Memory = Memory,
                           .Log = Macros.Log,
                           .Messages = Messages}};
-    IDataNeededHander_MenuSelf Menu{{.Tree = Phrases.Tree,
-                                     .Items = Macros.Items,
-                                     .History = Clips.History,
-                                     .Settings = Settings,
-                                     .Texts = Macros.Texts,
-                                     .Presenter = Presenter,
-                                     .Clock = Macros.Clock,
-                                     .Guard = Guard.Sections,
-                                     .Log = Macros.Log,
-                                     .StateOf = [](WindowHandle window) {
-                                         return WindowState{window, false, {}};
-                                     }}};
-    RightMenuCommands RightMenu{
-        {.Tree = Phrases.Tree,
-         .Menu = Menu,
-         .Expand = [](const VBRCommand& record) { return record.Cmd; },
-         .Copy = [this](bool plain,
-                        std::u16string_view text) { return Text.CopyToClipboard(plain, text, 0); },
-         .CopyHistoryItem = [](ClipId) { return true; },
-         .Log = Macros.Log}};
     ServiceControl Service{{.Settings = Settings,
                             .Locations = Locations,
                             .Files = Access,

@@ -11,18 +11,6 @@
 namespace vbr {
 namespace {
 
-// The fake's own Lower gives a longer text, as no system does.
-class CaseLocale : public FakeLocale {
-  public:
-    std::u16string Lower(std::u16string_view text) const override {
-        std::u16string lower(text);
-        for (char16_t& unit : lower) {
-            unit = unit >= u'A' && unit <= u'Z' ? static_cast<char16_t>(unit + 32) : unit;
-        }
-        return lower;
-    }
-};
-
 // An edit by its count: u and l turn the case, t trims, j joins.
 class Edits : public testing::Test, protected HistoryFixture {
   protected:
@@ -54,7 +42,7 @@ class Edits : public testing::Test, protected HistoryFixture {
     }
 
     FakeAnsiText ansi_;
-    CaseLocale locale_;
+    FakeLocale locale_;
     FakeRichTextEngine engine_;
     int saves_ = 0;
     ItemEdits edits_{{.Queue = Queue,
@@ -66,21 +54,17 @@ class Edits : public testing::Test, protected HistoryFixture {
 };
 
 TEST_F(Edits, TextIsTurnedTrimmedAndJoined) {
-    const struct {
-        char Edit;
-        std::u16string_view Before;
-        std::u16string_view After;
-        std::size_t Count;
-    } cases[] = {{'u', u"aЖ\r\n1", u"AЖ\r\n1", 1},   {'l', u"ABc", u"abc", 1},
-                 {'t', u" \t\na b\t\n ", u"a b", 6}, {'t', u"a\r\n", u"a\r", 1},
-                 {'t', u"\ra", u"\ra", 0},           {'t', u" \t", u"", 2},
-                 {'j', u"a\r\nb\r\nc", u"a b c", 2}, {'j', u"a\r\n\rb\n\rc", u"a \rb c", 2},
-                 {'j', u"a\nb\rc", u"a\nb\rc", 0},   {'j', u"\ta\r\nb\r\n", u"a b", 2}};
-    for (const auto& one : cases) {
-        const CCHItem& item = Add(TextItem(one.Before));
-        EXPECT_EQ(Edit(one.Edit), one.Count) << one.Edit << Utf16ToUtf8(one.Before);
-        EXPECT_EQ(item.WideText(), one.After) << one.Edit << Utf16ToUtf8(one.Before);
-        EXPECT_EQ(item.Size(), one.After.size() * 2 + 2);
+    const std::tuple<char, std::u16string_view, std::u16string_view, std::size_t> cases[] = {
+        {'u', u"aЖ\r\n1", u"AЖ\r\n1", 1},   {'l', u"ABc", u"abc", 1},
+        {'t', u" \t\na b\t\n ", u"a b", 6}, {'t', u"a\r\n", u"a\r", 1},
+        {'t', u"\ra", u"\ra", 0},           {'t', u" \t", u"", 2},
+        {'j', u"a\r\nb\r\nc", u"a b c", 2}, {'j', u"a\r\n\rb\n\rc", u"a \rb c", 2},
+        {'j', u"a\nb\rc", u"a\nb\rc", 0},   {'j', u"\ta\r\nb\r\n", u"a b", 2}};
+    for (const auto& [edit, before, after, count] : cases) {
+        const CCHItem& item = Add(TextItem(before));
+        EXPECT_EQ(Edit(edit), count) << edit << Utf16ToUtf8(before);
+        EXPECT_EQ(item.WideText(), after) << edit << Utf16ToUtf8(before);
+        EXPECT_EQ(item.Size(), after.size() * 2 + 2);
     }
     const CCHItem& ansi = Add(ByteItem(CHF_ANSI_TEXT, " caf\xE9\r\nx\n"));
     EXPECT_EQ(Edit('t'), 2U);

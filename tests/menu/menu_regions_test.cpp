@@ -6,6 +6,7 @@
 #include "fakes/menu_picture.h"
 #include "menu/extra_commands.h"
 #include "menu/history_region.h"
+#include "phrases/command_record.h"
 #include "settings/embedded_strings.h"
 
 namespace vbr {
@@ -42,7 +43,7 @@ TEST(HistoryRegion, WhatTheMainMenuHasNoRoomForGoesBelowIt) {
               main + " More History [16 - 18](16:P 17:Q 18:R)");
 }
 
-TEST(HistoryRegion, AnItemIsDescribedByItsKind) {
+TEST(HistoryRegion, AnItemIsDescribedByItsKindAndDeliveredByItsId) {
     MenuHistoryFixture clips;
     clips.Add(std::make_unique<CCHItem>(CHF_BITMAP, 0, TimeAt(1)));
     clips.Add(ByteItem(CHF_RTF, "{rich}"));
@@ -59,10 +60,14 @@ TEST(HistoryRegion, AnItemIsDescribedByItsKind) {
               (MenuSubject{MenuSubjectKind::HistoryItem, clips.Queue.GetItem(2)->id}));
     EXPECT_EQ(menu[2].Info.Row, 2);
     // The size of a picture's name says nothing about it.
-    EXPECT_EQ(
-        menu[2].Info.Tip,
-        u"Insert plain text: Data from clipboard history\n\tChars: 0\n\n        right click on "
-        u"item for extended menu");
+    EXPECT_NE(menu[2].Info.Tip.find(u"\tChars: 0\n"), std::u16string::npos);
+    const auto clip = [&](std::size_t index) {
+        return clips.History.AsClip(clips.History.IdOf(index));
+    };
+    EXPECT_EQ(clip(0), (ClipText{kDataTypeText, u"text"}));
+    EXPECT_EQ(clip(1), (ClipText{kDataTypeRtf, u"{rich}"}));
+    EXPECT_EQ(clip(2), std::nullopt);
+    EXPECT_EQ(clips.History.FullText(3), u"");
 }
 
 TEST(HistoryRegion, CaptionsAndTipsAreMadeOnceAndKept) {
@@ -101,11 +106,15 @@ TEST(HistoryRegion, ATipShowsTheStartAndTheEndOfALongText) {
 }
 
 TEST(ExtraCommands, StandAtTheEndAsTheUserWants) {
+    const std::u16string long39(39, u'x');
     const std::tuple<ExtMenuCommands, std::u16string, std::string> cases[] = {
         {{}, u"", "a"},
         {{true, false, false}, u"", "a - Edit menu\\settings"},
         {{false, true, false}, u"", "a - ~Selection into Phrase"},
         {{false, true, false}, u"two\r\nlines", "a - Selection into Phrase [two  lines]…"},
+        {{false, true, false},
+         long39 + u"🙂",
+         "a - Selection into Phrase [" + Utf16ToUtf8(long39) + "]…"},
         {{false, false, true}, u"", "a - Technical Support"},
         {{true, false, true}, u"", "a - Edit menu\\settings -Visit to us- Technical Support"},
     };
@@ -115,15 +124,6 @@ TEST(ExtraCommands, StandAtTheEndAsTheUserWants) {
         AddExtraCommands(commands, true, selection, EmbeddedStrings(), menu);
         EXPECT_EQ(Picture(menu), expected);
     }
-}
-
-TEST(ExtraCommands, ALongSelectionIsCutInTheLabelAndWholeInTheTip) {
-    PhraseMenu menu(1);
-    const std::u16string selection = std::u16string(39, u'x') + u"🙂" + std::u16string(500, u'y');
-    AddExtraCommands({false, true, false}, true, selection, EmbeddedStrings(), menu);
-    EXPECT_EQ(menu.back().Info.Label,
-              Concat(u"Selection into Phrase [", std::u16string(39, u'x'), u"]…"));
-    EXPECT_EQ(menu.back().Info.Tip, Concat(u"Add selected text as new phrase [", selection, u"]"));
 }
 
 TEST(MenuLabels, StayOnOneLineAndLoseNothingElse) {

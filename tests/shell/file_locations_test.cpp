@@ -1,46 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "shell/file_locations.h"
 
-#include <map>
-#include <set>
-
+#include "fakes/fake_file_access.h"
+#include "fakes/memory_log.h"
+#include "fakes/temp_folder.h"
 #include "fakes/text_cases.h"
+#include "shell/temp_files.h"
 
 namespace vbr {
 namespace {
-
-// Files and folders by their full paths, and one user.
-class FakeFileAccess : public FileAccess {
-  public:
-    using Path = std::u16string;
-
-    DriveKind Drive = DriveKind::Fixed;
-    std::set<Path> Files;
-    std::set<Path> Writable;
-    std::set<Path> MadeFolders;
-    std::map<Path, std::u16string> Variables;
-
-    DriveKind KindOfDrive(std::u16string_view) const override { return Drive; }
-    bool FileExists(std::u16string_view path) const override { return Files.contains(Path(path)); }
-    bool CanWrite(std::u16string_view path) const override { return Writable.contains(Path(path)); }
-    bool CreateOpenFile(std::u16string_view path) override {
-        const bool done = CanWrite(path.substr(0, path.rfind(u'\\') + 1));
-        if (done) {
-            Files.emplace(path);
-            Writable.emplace(path);
-        }
-        return done;
-    }
-    bool CreateOpenFolder(std::u16string_view path) override {
-        return MadeFolders.emplace(path).second;
-    }
-    std::u16string UserProfileFolder() const override { return u"C:\\Users\\Ann"; }
-    std::u16string ApplicationDataFolder() const override { return u"C:\\Users\\Ann\\Data"; }
-    std::optional<std::u16string> EnvironmentVariable(std::u16string_view name) const override {
-        const auto found = Variables.find(Path(name));
-        return found == Variables.end() ? std::nullopt : std::optional(found->second);
-    }
-};
 
 constexpr std::u16string_view kModule = u"C:\\App\\Vellumbridge.exe";
 const std::u16string kFolder = u"C:\\App\\";
@@ -50,26 +18,23 @@ const std::u16string kUserSettings = u"C:\\Users\\Ann\\Vellumbridge\\Settings.in
 const std::u16string kUserLog = u"C:\\Users\\Ann\\Data\\LogReport_Vellumbridge.txt";
 
 TEST(FileLocations, StandBesideTheProgramWhereThatMayBeWritten) {
-    const struct {
-        std::set<std::u16string> Files;
-        std::set<std::u16string> Writable;
-        std::u16string Settings;
-        std::u16string Log;
-    } cases[] = {{{}, {kFolder}, kSettings, kLog},
-                 {{}, {}, kUserSettings, kUserLog},
-                 {{kSettings, kLog}, {kSettings, kLog}, kSettings, kLog},
-                 {{kSettings, kLog}, {kFolder}, kUserSettings, kUserLog},  // read-only
-                 {{kSettings}, {kSettings}, kSettings, kUserLog}};
-    for (const auto& c : cases) {
+    using Paths = std::set<std::u16string>;
+    const std::tuple<Paths, Paths, std::u16string, std::u16string> cases[] = {
+        {{}, {kFolder}, kSettings, kLog},
+        {{}, {}, kUserSettings, kUserLog},
+        {{kSettings, kLog}, {kSettings, kLog}, kSettings, kLog},
+        {{kSettings, kLog}, {kFolder}, kUserSettings, kUserLog},  // read-only
+        {{kSettings}, {kSettings}, kSettings, kUserLog}};
+    for (const auto& [files, writable, settings, log] : cases) {
         FakeFileAccess access;
-        access.Files = c.Files;
-        access.Writable = c.Writable;
+        access.Files = files;
+        access.Writable = writable;
         const FileLocations where = ChooseFileLocations(kModule, access);
-        EXPECT_TRUE(access.FileExists(kSettings) || c.Writable.empty());  // it is made
-        EXPECT_EQ(where.SettingsFile, c.Settings);
-        EXPECT_EQ(where.LogFile, c.Log);
+        EXPECT_TRUE(access.FileExists(kSettings) || writable.empty());  // it is made
+        EXPECT_EQ(where.SettingsFile, settings);
+        EXPECT_EQ(where.LogFile, log);
         EXPECT_EQ(access.MadeFolders.contains(u"C:\\Users\\Ann\\Vellumbridge\\"),
-                  c.Settings == kUserSettings);
+                  settings == kUserSettings);
     }
 }
 
@@ -109,6 +74,25 @@ TEST(PhrasesFolder, FollowsTheStoredSetting) {
          {u"D:\\100%", u"D:\\100%\\"},
          {u"D:\\%LONG%", u"D:\\%LONG%\\"}},
         [&](std::u16string_view stored) { return EffectivePhrasesFolder(stored, where, access); });
+}
+
+TEST(TempFiles, FilesGoAtTheEndButNoFolders) {
+    const TempFolder folder;
+    folder.Write("plain.txt", "x");
+    folder.Write("locked.txt", "x");
+    folder.Write("sub/kept.txt", "x");
+    std::filesystem::permissions(folder.Path() / "locked.txt", std::filesystem::perms::owner_read);
+    TempFileList list;
+    for (const char* name : {"plain.txt", "locked.txt", "sub", "missing.txt"}) {
+        list.Add(folder.Path() / name);
+    }
+    MemoryLog log;
+    EXPECT_EQ(list.DeleteAll(log), 2U);
+    EXPECT_FALSE(std::filesystem::exists(folder.Path() / "plain.txt"));
+    EXPECT_FALSE(std::filesystem::exists(folder.Path() / "locked.txt"));
+    EXPECT_TRUE(std::filesystem::exists(folder.Path() / "sub/kept.txt"));
+    EXPECT_TRUE(log.Tells(u"Deleted 2 from 4"));
+    EXPECT_EQ(list.DeleteAll(log), 0U);
 }
 
 }  // namespace

@@ -65,16 +65,6 @@ TEST_F(QueryFlowTest, APressBringsTheMenuAndItsChoiceToTheTarget) {
     EXPECT_TRUE(Presenter.Shown[0].Info.Mark);
 }
 
-TEST_F(QueryFlowTest, AMenuThatIsLeftGivesTheClipboardBack) {
-    AddPhrase("p", u"text");
-    Clipboard.Copy({FakeClipboardAccess::Text(u"mine")});
-    whileMenu_ = [this] { EXPECT_EQ(ClipboardText(), u""); };
-    Flow.OnHotKey();
-    EXPECT_EQ(menus_, 1);
-    EXPECT_EQ(ClipboardText(), u"mine");
-    EXPECT_EQ(Typed(), u"");
-}
-
 TEST_F(QueryFlowTest, AClipIsTheOneThatWasChosenWhateverItsNumber) {
     AddPhrase("p", u"phrase");
     Clips.AddClips(3);
@@ -154,13 +144,6 @@ TEST_F(QueryFlowTest, OnThePostedRouteTheTargetIsWaitedForAndNoLonger) {
     EXPECT_EQ(menus_, 1);
 }
 
-TEST_F(QueryFlowTest, AQueryThatAProgramLaysByItselfOpensTheMenu) {
-    AddPhrase("p", u"%SELECTED_TEXT%");
-    ChoosePhrase(1);
-    Flow.OnQueryReady(AnswerOf(kTarget + 1));
-    EXPECT_EQ(Typed(), u"sel");
-}
-
 TEST_F(QueryFlowTest, WithoutATargetNothingOpensAndTheNextPressIsServed) {
     AddPhrase("p", u"text");
     Library.Target = 0;
@@ -176,9 +159,9 @@ TEST_F(QueryFlowTest, WithoutATargetNothingOpensAndTheNextPressIsServed) {
 
 TEST_F(QueryFlowTest, APressCountsWhenTheUserIsHereTheServiceOnAndBothPressesCame) {
     AddPhrase("p", u"text");
-    Desktops.Active = false;
+    Desktops.Input.Name.Text = u"Winlogon";
     Flow.OnHotKey();
-    Desktops.Active = true;
+    Desktops.Input.Name.Text = u"Default";
     Service.StopService();
     Flow.OnHotKey();
     Service.InstallService();
