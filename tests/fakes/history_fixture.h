@@ -118,6 +118,12 @@ inline std::unique_ptr<CCHItem> TextItem(std::u16string_view text, std::uint16_t
     return ByteItem(CHF_UNICODE_TEXT, text, second);
 }
 
+inline std::unique_ptr<CCHItem> PictureItem(std::int32_t width, int pixel) {
+    auto item = std::make_unique<CCHItem>(CHF_BITMAP, 0, TimeAt(0));
+    item->SetPicture(std::make_shared<FakeBitmap>(width, std::byte(pixel)));
+    return item;
+}
+
 // A queue over a folder of its own on the disk.
 struct HistoryFixture {
     TempFolder Temp;

@@ -11,12 +11,11 @@
 
 namespace vbr {
 
-// Keeps the log's entries, and beside them the section that each was written under. Any thread may
-// write and ask whether something stands there; the lists are read when no thread writes any more.
+// Keeps the log's entries. Any thread may write and ask whether something stands there; the list is
+// read when no thread writes any more.
 class MemoryLog : public Log {
   public:
     std::vector<std::u16string> Lines;
-    std::vector<std::u16string> Sections;
 
     bool On = true;
     bool IsLogOn() const override { return On; }
@@ -24,13 +23,9 @@ class MemoryLog : public Log {
     void Write(std::u16string_view text) override {
         const std::lock_guard lock(mutex_);
         Lines.emplace_back(text);
-        Sections.push_back(section_);
     }
     void WriteBare(std::u16string_view text) override { Write(text); }
-    void SetLogSection(std::u16string_view name) override {
-        const std::lock_guard lock(mutex_);
-        section_ = name;
-    }
+    void SetLogSection(std::u16string_view) override {}
 
     // Whether an entry has that text in it.
     bool Tells(std::u16string_view text) const {
@@ -42,7 +37,6 @@ class MemoryLog : public Log {
 
   private:
     mutable std::mutex mutex_;
-    std::u16string section_;
 };
 
 }  // namespace vbr

@@ -8,12 +8,6 @@
 namespace vbr {
 namespace {
 
-std::unique_ptr<CCHItem> PictureItem(std::int32_t width, int pixel) {
-    auto item = std::make_unique<CCHItem>(CHF_BITMAP, 0, TimeAt(0));
-    item->SetPicture(std::make_shared<FakeBitmap>(width, std::byte(pixel)));
-    return item;
-}
-
 TEST(HistoryItem, SameMeansEqualContentInOneFormat) {
     const auto bytes = [](std::string_view text, ItemFormat format) {
         auto item = std::make_unique<CCHItem>(format, 0, TimeAt(0));
@@ -22,30 +16,26 @@ TEST(HistoryItem, SameMeansEqualContentInOneFormat) {
         return item;
     };
     using namespace std::string_view_literals;
-    struct Case {
-        const char* What;
-        std::unique_ptr<CCHItem> A;
-        std::unique_ptr<CCHItem> B;
-        bool Same;
-    };
-    Case cases[] = {
-        {"equal texts", TextItem(u"ab", 1), TextItem(u"ab", 2), true},
-        {"other letters", TextItem(u"ab"), TextItem(u"aB"), false},
-        {"one the start of the other", TextItem(u"ab"), TextItem(u"abc"), false},
-        {"other formats", ByteItem(CHF_RTF, "{x}"), ByteItem(CHF_HTML, "{x}"), false},
-        {"no terminator", bytes("abc"sv, CHF_RTF), bytes("abc\0"sv, CHF_RTF), true},
-        {"bytes behind the zero", bytes("ab\0\0xy"sv, CHF_HTML), bytes("ab\0\0"sv, CHF_HTML), true},
-        {"odd last byte", bytes("ab\0"sv, CHF_ANSI_TEXT), bytes("ab"sv, CHF_ANSI_TEXT), true},
-        {"odd last letter", bytes("abc"sv, CHF_ANSI_TEXT), bytes("ab"sv, CHF_ANSI_TEXT), false},
-        {"opaque data", ByteItem(CHF_KELPNOTES, "k"), ByteItem(CHF_KELPNOTES, "k"), false},
-        {"equal pictures", PictureItem(4, 1), PictureItem(4, 1), true},
-        {"other pixels", PictureItem(4, 1), PictureItem(4, 2), false},
-        {"other widths", PictureItem(4, 1), PictureItem(5, 1), false},
-        {"pictures of no size", PictureItem(0, 1), PictureItem(0, 1), false},
-    };
-    for (const auto& test : cases) {
-        EXPECT_EQ(IsSame(*test.A, *test.B), test.Same) << test.What;
-        EXPECT_EQ(IsSame(*test.B, *test.A), test.Same) << test.What;
+    const std::tuple<const char*, std::unique_ptr<CCHItem>, std::unique_ptr<CCHItem>, bool>
+        cases[] = {
+            {"equal texts", TextItem(u"ab", 1), TextItem(u"ab", 2), true},
+            {"other letters", TextItem(u"ab"), TextItem(u"aB"), false},
+            {"one the start of the other", TextItem(u"ab"), TextItem(u"abc"), false},
+            {"other formats", ByteItem(CHF_RTF, "{x}"), ByteItem(CHF_HTML, "{x}"), false},
+            {"no terminator", bytes("abc"sv, CHF_RTF), bytes("abc\0"sv, CHF_RTF), true},
+            {"bytes behind the zero", bytes("ab\0\0xy"sv, CHF_HTML), bytes("ab\0\0"sv, CHF_HTML),
+             true},
+            {"odd last byte", bytes("ab\0"sv, CHF_ANSI_TEXT), bytes("ab"sv, CHF_ANSI_TEXT), true},
+            {"odd last letter", bytes("abc"sv, CHF_ANSI_TEXT), bytes("ab"sv, CHF_ANSI_TEXT), false},
+            {"opaque data", ByteItem(CHF_KELPNOTES, "k"), ByteItem(CHF_KELPNOTES, "k"), false},
+            {"equal pictures", PictureItem(4, 1), PictureItem(4, 1), true},
+            {"other pixels", PictureItem(4, 1), PictureItem(4, 2), false},
+            {"other widths", PictureItem(4, 1), PictureItem(5, 1), false},
+            {"pictures of no size", PictureItem(0, 1), PictureItem(0, 1), false},
+        };
+    for (const auto& [what, a, b, same] : cases) {
+        EXPECT_EQ(IsSame(*a, *b), same) << what;
+        EXPECT_EQ(IsSame(*b, *a), same) << what;
     }
 }
 
@@ -77,24 +67,20 @@ TEST_F(HistoryQueue, EditedItemIsFoundByItsNewText) {
 }
 
 TEST_F(HistoryQueue, LimitTakesTheOldestThatAreNotProtected) {
-    const struct {
-        std::set<std::size_t> Protected;
-        std::uint32_t Max;
-        std::u16string Left;
-    } cases[] = {
+    const std::tuple<std::set<std::size_t>, std::uint32_t, std::u16string> cases[] = {
         {{}, 2, u"d c"},       {{3}, 2, u"d c a!"},     {{0}, 1, u"d!"},
         {{1, 2}, 0, u"c! b!"}, {{0, 3}, 2, u"d! c a!"}, {{}, 4, u"d c b a"},
     };
-    for (const auto& test : cases) {
+    for (const auto& [marked, max, left] : cases) {
         CCHQueue queue(Folder);
         for (const char16_t* text : {u"a", u"b", u"c", u"d"}) {
             queue.Add(TextItem(text), kNoItemLimit);
         }
-        for (const std::size_t index : test.Protected) {
+        for (const std::size_t index : marked) {
             queue.SetProtected(index, true);
         }
-        queue.Trim(test.Max);
-        EXPECT_EQ(HistoryFixture::TextsOf(queue), test.Left);
+        queue.Trim(max);
+        EXPECT_EQ(HistoryFixture::TextsOf(queue), left);
     }
 }
 

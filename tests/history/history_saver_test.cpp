@@ -25,15 +25,17 @@ class Saver : public testing::Test, protected HistoryFixture {
     bool hasWindow_ = true;  // that takes what was saved
     int asked_ = 0;
     std::atomic<int> told_ = 0;
+    std::atomic<bool> wasUnguarded_ = false;
     bool isOn_ = true;
     std::unique_ptr<HeldEvent> made_ = std::make_unique<HeldEvent>();
-    HeldEvent& guard_ = *made_;
+    HeldEvent& guard_ = *made_;  // as long as the worker
     HistorySaver saver_{{.Queue = Queue,
                          .Worker = worker_,
                          .IsOn = isOn_,
                          .TellSaved =
                              [this](const CCHItem& item) {
                                  ++told_;
+                                 wasUnguarded_ = wasUnguarded_ || guard_.IsSet;
                                  if (hasWindow_) {
                                      Queue.NoteSaved(item);
                                  }
@@ -87,18 +89,6 @@ TEST_F(Saver, WhatCouldNotBeWrittenIsWrittenByTheLastSave) {
     EXPECT_EQ(Reloaded(), u"a");
 }
 
-TEST_F(Saver, AResultThatNobodyTookIsNotedByTheNextSave) {
-    AddTexts(u"a");
-    hasWindow_ = false;
-    saver_.Save();
-    Finish();
-    EXPECT_FALSE(IsAllNoted());
-    hasWindow_ = true;
-    saver_.Save();
-    EXPECT_TRUE(IsAllNoted());
-    EXPECT_EQ(FileNames().size(), 2U);
-}
-
 TEST_F(Saver, TheEndOfTheKeepingInTheMiddleOfASaveWritesEachItemOnce) {
     Hold();
     AddTexts(u"ab");
@@ -118,23 +108,6 @@ TEST_F(Saver, TheEndOfTheKeepingInTheMiddleOfASaveWritesEachItemOnce) {
     Finish();
     EXPECT_EQ(Reloaded(), u"c B a");
     EXPECT_EQ(FileNames().size(), 6U);
-}
-
-TEST_F(Saver, KeepingAgainInTheMiddleOfASaveWritesEachItemOnce) {
-    Hold();
-    AddTexts(u"a");
-    saver_.Save();
-    saver_.NoteChange();
-    saver_.SaveRest();
-    AddTexts(u"b");
-    saver_.Save();
-    Finish();  // a new window takes what the old one asked for
-    EXPECT_EQ(FileNames().size(), 2U);
-    ASSERT_EQ(asked_, 1);
-    saver_.Save();
-    Finish();
-    EXPECT_EQ(Reloaded(), u"b a");
-    EXPECT_EQ(FileNames().size(), 4U);
 }
 
 TEST_F(Saver, HoweverSavesFallTogetherEachItemIsWrittenOnce) {
@@ -166,6 +139,43 @@ TEST_F(Saver, AnAskedSaveThatNobodyBeganIsMadeUpForByTheLastOne) {
     saver_.SaveRest();
     Finish();
     EXPECT_EQ(Reloaded(), u"b a");
+}
+
+TEST_F(Saver, AnotherHolderOfTheGuardDelaysASaveButNoLoad) {
+    AddTexts(u"a");
+    Hold();
+    saver_.Save();
+    while (!guard_.WasWaitedFor) {
+        std::this_thread::yield();
+    }
+    EXPECT_EQ(told_, 0);
+    Finish();
+    EXPECT_EQ(told_, 1);
+    EXPECT_FALSE(wasUnguarded_);
+    EXPECT_TRUE(guard_.IsSet);
+    Hold();
+    std::u16string loaded;
+    worker_.Load([&loaded](CCHQueue& queue) { loaded = TextsOf(queue); });
+    worker_.Flush();
+    EXPECT_EQ(loaded, u"a");
+}
+
+TEST_F(Saver, TheWorkersEndWaitsForNoHolderOfTheGuard) {
+    AddTexts(u"a");
+    auto guard = std::make_unique<HeldEvent>();
+    guard->Reset();
+    int incomplete = 0;
+    {
+        HistoryWorker worker(Folder, std::move(guard));
+        for (int i = 0; i < 2; ++i) {
+            worker.Save(Queue.CopyUnsaved(),
+                        {.IsWritten = [](const CCHItem&) { return false; },
+                         .OnSaved = [](const CCHItem&) {},
+                         .OnEnd = [&](bool complete) { incomplete += complete ? 0 : 1; }});
+        }
+    }
+    EXPECT_EQ(incomplete, 2);
+    EXPECT_FALSE(std::filesystem::exists(Folder.Path()));
 }
 
 TEST_F(Saver, WhileSavingIsOffItemsStayUnsaved) {

@@ -36,19 +36,17 @@ TEST_F(ItemText, CaptionIsTheFirstLineWithAnEllipsisForWhatWasCut) {
 }
 
 TEST_F(ItemText, EveryFormatHasAText) {
-    const struct {
-        std::unique_ptr<CCHItem> Item;
-        std::u16string_view Full;
-        std::u16string_view Plain;
-    } cases[] = {{TextItem(u"Привет\r\n"), u"Привет\r\n", u"Привет\r\n"},
-                 {ByteItem(CHF_ANSI_TEXT, "caf\xE9"), u"café", u"café"},
-                 {ByteItem(CHF_RTF, "{\\1r\ns}"), u"r\r\ns", u"r\r\ns"},
-                 {ByteItem(CHF_KELPNOTES, "{k}"), u"Kelp Notes Document Data", u""},
-                 {std::make_unique<CCHItem>(CHF_BITMAP, 0, TimeAt(0)), u"Bitmap", u""},
-                 {ByteItem(CHF_HTML, "Version:1.0"), u"O-o-ops! Naxer!", u""}};
-    for (const auto& one : cases) {
-        EXPECT_EQ(texts_.FullText(*one.Item), one.Full);
-        EXPECT_EQ(texts_.PlainText(*one.Item), one.Plain);
+    // Whole and as plain text.
+    const std::tuple<std::unique_ptr<CCHItem>, std::u16string_view, std::u16string_view> cases[] = {
+        {TextItem(u"Привет\r\n"), u"Привет\r\n", u"Привет\r\n"},
+        {ByteItem(CHF_ANSI_TEXT, "caf\xE9"), u"café", u"café"},
+        {ByteItem(CHF_RTF, "{\\1r\ns}"), u"r\r\ns", u"r\r\ns"},
+        {ByteItem(CHF_KELPNOTES, "{k}"), u"Kelp Notes Document Data", u""},
+        {std::make_unique<CCHItem>(CHF_BITMAP, 0, TimeAt(0)), u"Bitmap", u""},
+        {ByteItem(CHF_HTML, "Version:1.0"), u"O-o-ops! Naxer!", u""}};
+    for (const auto& [item, full, plain] : cases) {
+        EXPECT_EQ(texts_.FullText(*item), full);
+        EXPECT_EQ(texts_.PlainText(*item), plain);
     }
     EXPECT_EQ(texts_.ItemText(*ByteItem(CHF_HTML, "x"), 3, true), u"O-o-ops! Naxer!");
     EXPECT_EQ(texts_.ItemText(*ByteItem(CHF_KELPNOTES, "x"), 4, true), u"Kelp…");

@@ -38,18 +38,16 @@ TEST_F(MyCopy, ABlockHoldsForItsTimeAndIsOver) {
 
 TEST_F(MyCopy, OfBlocksThatOverlapTheLaterEndCounts) {
     guard_.AsynBlockClipboardHandler();
-    clock_.Tick += 2'000;
-    guard_.AsynBlockClipboardHandler();
-    EXPECT_TRUE(HoldsFor(MyCopyGuard::kBlockMs));
-    guard_.AsynBlockClipboardHandler();
-    clock_.Tick -= 10;  // a thread that read the clock before and was overtaken
-    guard_.AsynBlockClipboardHandler();
-    clock_.Tick += 10;
-    EXPECT_TRUE(HoldsFor(MyCopyGuard::kBlockMs));
-    guard_.AsynBlockClipboardHandler();
-    clock_.Tick += 0xA0000000;  // weeks in which nobody asked
-    guard_.AsynBlockClipboardHandler();
-    EXPECT_TRUE(HoldsFor(MyCopyGuard::kBlockMs));
+    // Two seconds, and weeks in which nobody asked.
+    for (const std::uint32_t later : {2'000U, 0xA0000000U}) {
+        clock_.Tick += later;
+        guard_.AsynBlockClipboardHandler();
+        clock_.Tick -= 10;  // a thread that read the clock before and was overtaken
+        guard_.AsynBlockClipboardHandler();
+        clock_.Tick += 10;
+        EXPECT_TRUE(HoldsFor(MyCopyGuard::kBlockMs));
+        guard_.AsynBlockClipboardHandler();
+    }
 }
 
 TEST_F(MyCopy, AnOutsideEndTakesTheBlockBeforeTheCount) {
@@ -57,25 +55,18 @@ TEST_F(MyCopy, AnOutsideEndTakesTheBlockBeforeTheCount) {
     guard_.AsynBlockClipboardHandler();
     guard_.EndBlock();
     EXPECT_TRUE(guard_.IsMyCopy());
-    guard_.EndBlock();
-    EXPECT_FALSE(guard_.IsMyCopy());
-    EXPECT_EQ(log_.Lines.back(), u"PULSEMY_COPY=0");
-    guard_.EndBlock();
-    EXPECT_FALSE(guard_.IsMyCopy());
-    EXPECT_EQ(log_.Lines.back(), u"WM_DELAY_UNLOCK received bIsMyCopy=0");
+    for (int i = 0; i < 2; ++i) {  // without a count it takes nothing
+        guard_.EndBlock();
+        EXPECT_FALSE(guard_.IsMyCopy());
+    }
 }
 
 TEST_F(MyCopy, AnExchangeRepairsTheCountAndDropsTheBlock) {
     guard_.Subtract();
     EXPECT_TRUE(guard_.IsMyCopy());
-    EXPECT_EQ(log_.Lines.back(), u"ERROR: PULSEMY_COPY=-1");
     guard_.AsynBlockClipboardHandler();
     guard_.Set(0);
     EXPECT_FALSE(guard_.IsMyCopy());
-    guard_.AsynBlockClipboardHandler();
-    guard_.Set(1);
-    clock_.Tick += MyCopyGuard::kBlockMs;
-    EXPECT_TRUE(guard_.IsMyCopy());
 }
 
 TEST_F(MyCopy, ThreadsLeaveItAsItWas) {

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "platform/serial_worker.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <pthread.h>
 #include <semaphore>
 #include <system_error>
 #include <thread>
-#include <utility>
 #include <vector>
 
 namespace vbr {
@@ -29,16 +29,21 @@ class NoThreads {
     pthread_attr_t before_;
 };
 
-// Nothing in these tests guards `order`: the worker itself must keep one job from another.
+// Nothing in these tests guards what the jobs write: the worker itself must keep one job from
+// another.
 
 TEST(SerialWorker, JobsOfManyThreadsRunOneAtATimeAndEachOnesInOrder) {
-    std::vector<std::pair<int, int>> order;
+    std::vector<int> order[3];
+    std::vector<int> all;
     SerialWorker worker;
     std::vector<std::thread> threads;
-    for (int thread = 0; thread < 3; ++thread) {
-        threads.emplace_back([&, thread] {
+    for (std::vector<int>& own : order) {
+        threads.emplace_back([&] {
             for (int i = 0; i < 100; ++i) {
-                worker.Post([&order, thread, i] { order.emplace_back(thread, i); });
+                worker.Post([&own, &all, i] {
+                    own.push_back(i);
+                    all.push_back(i);
+                });
             }
         });
     }
@@ -46,10 +51,9 @@ TEST(SerialWorker, JobsOfManyThreadsRunOneAtATimeAndEachOnesInOrder) {
         thread.join();
     }
     worker.Flush();
-    ASSERT_EQ(order.size(), 300U);
-    std::vector<int> next(3);
-    for (const auto& [thread, i] : order) {
-        EXPECT_EQ(i, next[static_cast<std::size_t>(thread)]++);
+    EXPECT_EQ(all.size(), 300U);
+    for (const std::vector<int>& own : order) {
+        EXPECT_TRUE(std::ranges::is_sorted(own));
     }
 }
 
@@ -68,16 +72,6 @@ TEST(SerialWorker, TheCallerGoesOnWhileAJobRunsAndAJobMayPostTheNext) {
     EXPECT_EQ(order, (std::vector<int>{1, 2, 3}));
 }
 
-TEST(SerialWorker, WorksAgainAfterEachTimeItHadNothingToDo) {
-    int runs = 0;
-    SerialWorker worker;
-    for (int i = 1; i <= 50; ++i) {
-        worker.Post([&runs] { ++runs; });
-        worker.Flush();
-        EXPECT_EQ(runs, i);
-    }
-}
-
 TEST(SerialWorker, WithoutAThreadTheJobsRunInTheCaller) {
     const NoThreads none;
     ASSERT_THROW(std::thread([] {}).join(), std::system_error);
@@ -89,22 +83,6 @@ TEST(SerialWorker, WithoutAThreadTheJobsRunInTheCaller) {
     });
     EXPECT_EQ(order, (std::vector<int>{1, 2}));
     worker.Flush();
-}
-
-TEST(SerialWorker, ItsEndTellsTheJobsThatWaitAndRunsAllThatAreLeft) {
-    int runs = 0;
-    {
-        SerialWorker worker;
-        for (int i = 0; i < 2; ++i) {
-            worker.Post([&] {
-                while (!worker.IsEnding()) {
-                    std::this_thread::yield();
-                }
-                ++runs;
-            });
-        }
-    }
-    EXPECT_EQ(runs, 2);
 }
 
 }  // namespace
