@@ -47,21 +47,17 @@ TEST_F(EntryLogTest, AnEntryIsHeadedByItsSectionAsLongAsItIsSet) {
                                           u"EXE_Agent: [03/04/26 05:06:07] Pane: text\r\n"));
 }
 
-TEST_F(EntryLogTest, ALongSectionNameIsCut) {
+TEST_F(EntryLogTest, ATextTooLongForALineGoesAloneAndALongSectionNameIsCut) {
+    const std::size_t head = std::u16string_view(u"EXE_Agent03/04/2605:06:07").size();
+    const std::u16string fits(102'387 - head, u'x');
+    log_.Write(fits);
+    log_.Write(fits + u"x");
     const std::u16string name(199, u'n');
     log_.SetLogSection(name + u"nn");
     log_.Write(u"text");
-    EXPECT_THAT(log_.Entries, ElementsAre(name + u": [03/04/26 05:06:07] text\r\n"));
-}
-
-TEST_F(EntryLogTest, ATextTooLongForALineGoesAlone) {
-    const std::size_t head = std::u16string_view(u"EXE_Agent03/04/2605:06:07").size();
-    const std::u16string fits(102'387 - head, u'x');
-    const std::u16string tooLong = fits + u"x";
-    log_.Write(fits);
-    log_.Write(tooLong);
-    EXPECT_THAT(log_.Entries, ElementsAre(u"EXE_Agent: [03/04/26 05:06:07] " + fits + u"\r\n",
-                                          tooLong + u"\r\n"));
+    EXPECT_THAT(log_.Entries,
+                ElementsAre(u"EXE_Agent: [03/04/26 05:06:07] " + fits + u"\r\n", fits + u"x\r\n",
+                            name + u": [03/04/26 05:06:07] text\r\n"));
 }
 
 TEST_F(EntryLogTest, QueuedLinesKeepTheirDatesAndAreWrittenAgainAtEachFlush) {
@@ -80,16 +76,10 @@ TEST_F(EntryLogTest, QueuedLinesKeepTheirDatesAndAreWrittenAgainAtEachFlush) {
 }
 
 TEST_F(EntryLogTest, WindowsAreDescribedWithAndWithoutAHead) {
-    const WindowState gone{0xFFFFFFFF, false, u""};
     LogWindow(log_, u"", {66, true, u"Notepad"});
-    LogWindow(log_, u"target", gone);
-    LogWindowState(log_, gone, u"Menu");
-    log_.Write(u"after");
+    LogWindow(log_, u"target", {0xFFFFFFFF, false, u""});
     EXPECT_THAT(log_.Entries, ElementsAre(u"IsWindow HWND=66 ? 1; CLASSNAME: [Notepad]\r\n",
-                                          u"target: IsWindow HWND=-1 ? 0; CLASSNAME: []\r\n",
-                                          u"Menu: [03/04/26 05:06:07] IsWindow=0\r\n",
-                                          u"Menu: [03/04/26 05:06:07] classname=[]\r\n",
-                                          u"EXE_Agent: [03/04/26 05:06:07] after\r\n"));
+                                          u"target: IsWindow HWND=-1 ? 0; CLASSNAME: []\r\n"));
 }
 
 TEST_F(EntryLogTest, NothingIsWrittenOrKeptWhileTheLogIsOff) {

@@ -52,19 +52,14 @@ TYPED_TEST_SUITE_P(ProfileStoreTest);
 TYPED_TEST_P(ProfileStoreTest, ReadsWhatTheFileSays) {
     using Value = std::optional<std::u16string>;
     const std::pair<std::string, Value> cases[] = {
-        {"[Settings]\r\nKey=v\r\n", u"v"},
         {"[SETTINGS]\r\nkEY=v\r\n", u"v"},
         {"[Settings]\nKey=v\n", u"v"},
         {"[Settings]\rKey=v\r", u"v"},
-        {"[Settings]\r\nKey=v", u"v"},
         {"  [Settings]  \r\n  Key \t=  \t v w \t\r\n", u"v w"},
         {"[ Settings ] x\r\nKey=v\r\n", u"v"},
         {"[Settings]\r\nKey=\" v \"\r\n", u" v "},
-        {"[Settings]\r\nKey=' v '\r\n", u" v "},
         {"[Settings]\r\nKey=\"\"v\"\"\r\n", u"\"v\""},
         {"[Settings]\r\nKey=\"v'\r\n", u"\"v'"},
-        {"[Settings]\r\nKey=\"\r\n", u"\""},
-        {"[Settings]\r\nKey=\"\"\r\n", u""},
         {"[Settings]\r\nKey=\r\n", u""},
         {"[Settings]\r\nKey=a=b\r\n", u"a=b"},
         {"[Settings]\r\nKey=v ; w\r\n", u"v ; w"},
@@ -79,7 +74,6 @@ TYPED_TEST_P(ProfileStoreTest, ReadsWhatTheFileSays) {
         {"Key=v\r\n", std::nullopt},
         {"[Settings\r\nKey=v\r\n", std::nullopt},
         {"[Settings]\r\nKey\r\n", std::nullopt},
-        {"[Settings]\r\n;Key=v\r\n", std::nullopt},
         {"[Settings]\r\nKeys=v\r\n[B]\r\nKey=v\r\n", std::nullopt},
         {"[Settings]\r\n[Settings]\r\nKey=v\r\n", std::nullopt}};
     for (const auto& [bytes, value] : cases) {
@@ -96,7 +90,6 @@ TYPED_TEST_P(ProfileStoreTest, ChangesOneLineAndKeepsTheRest) {
         {"[Settings]\r\nKey=1\r\nKey=2\r\n", "[Settings]\r\nKey=v\r\nKey=2\r\n"},
         {"[Settings]\r\nKey\r\nB=2\r\n", "[Settings]\r\nKey=v\r\nB=2\r\n"},
         {"[Settings]\r\nA=1\r\n[Z]\r\nB=1\r\n", "[Settings]\r\nA=1\r\nKey=v\r\n[Z]\r\nB=1\r\n"},
-        {"[A]\r\nKey=1\r\n", "[A]\r\nKey=1\r\n[Settings]\r\nKey=v\r\n"},
         {"[Settings]\r\nA=1", "[Settings]\r\nA=1\r\nKey=v\r\n"},
         {"[A]\r\nA=1", "[A]\r\nA=1\r\n[Settings]\r\nKey=v\r\n"},
         {"; a\r\n[Settings]\r\n; b\r\njunk\r\nA=\" 1 \"\r\n; c\r\n[Other]\r\n",

@@ -11,11 +11,7 @@ namespace vbr {
 namespace {
 
 TEST(SafeFileName, HoldsNothingThatAFileNameCannot) {
-    const struct {
-        std::u16string_view Title;
-        bool BlanksToo;
-        std::u16string_view Name;
-    } cases[] = {
+    const std::tuple<std::u16string_view, bool, std::u16string_view> cases[] = {
         {u" \tplain title\t ", false, u"plain title"},
         {u"a?b:c\\d\"e!f/g<h>i.j\tk*l|m{n}o=p(q)r's", false,
          u"a_b_c_d_e_f_g_h_i_j_k_l_m_n_o_p_q_r_s"},
@@ -26,8 +22,8 @@ TEST(SafeFileName, HoldsNothingThatAFileNameCannot) {
         {u"?!...", false, u""},
         {u"Дата — сегодня", true, u"Дата_—_сегодня"},
     };
-    for (const auto& c : cases) {
-        EXPECT_EQ(MakeSafeFileName(c.Title, c.BlanksToo), c.Name) << Utf16ToUtf8(c.Title);
+    for (const auto& [title, blanksToo, name] : cases) {
+        EXPECT_EQ(MakeSafeFileName(title, blanksToo), name) << Utf16ToUtf8(title);
     }
     EXPECT_EQ(MakeSafeFileName(u"a/b c", true, u"-"), u"a-b-c");
 }
