@@ -10,6 +10,7 @@
 #include "desktop/driver/notepad.h"
 #include "desktop/driver/program.h"
 #include "desktop/driver/waiting.h"
+#include "platform/win32/wide.h"
 
 namespace vbr::desktop {
 
@@ -42,6 +43,10 @@ class ProgramTest : public testing::Test {
     static void Choose(const EditWindow& target, int position = 0) {
         ASSERT_NO_FATAL_FAILURE(OpenMenu(target));
         ChooseMenuItem(position);
+    }
+    // A named event of the program, null when there is none.
+    static UniqueHandle OpenSignal(std::u16string_view name) {
+        return UniqueHandle(OpenEventW(SYNCHRONIZE | EVENT_MODIFY_STATE, FALSE, Wide(name.data())));
     }
     int CountInLog(std::u16string_view text) const {
         const std::u16string log = program_.Log();

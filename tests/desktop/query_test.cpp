@@ -1,40 +1,37 @@
 // SPDX-License-Identifier: MIT
 #include "platform/win32/windows.h"
 
-#include <cstring>
-
 #include "desktop/driver/clipboard.h"
+#include "desktop/driver/hanging_target.h"
+#include "desktop/driver/history.h"
 #include "desktop/driver/wordpad.h"
 #include "desktop/program_test.h"
+#include "hook/query_answer.h"
 #include "platform/object_names.h"
-#include "platform/win32/handle.h"
-#include "platform/win32/wide.h"
 
 namespace vbr::desktop {
 namespace {
 
-// Longer than two presses that belong together may be apart.
-constexpr DWORD kApartMs = 700;
-
-UniqueHandle OpenNamedEvent(std::u16string_view name) {
-    return UniqueHandle(OpenEventW(SYNCHRONIZE | EVENT_MODIFY_STATE, FALSE, Wide(name.data())));
-}
-
 class Query : public ProgramTest {};
 
-TEST_F(Query, ACancelledMenuGivesTheClipboardBackInAllItsFormats) {
+TEST_F(Query, ACancelledMenuGivesTheClipboardTheKeyboardAndTheTextBack) {
     StartWithPhrase("never");
     const Notepad notepad;
     notepad.SetText(u"selected");
     notepad.Select(0, 8);
-    const ClipboardContent before = FillClipboard();
-    ASSERT_GE(before.size(), 6U);
-    const DWORD untouched = GetClipboardSequenceNumber();
+    Copier().Copy({{CF_UNICODETEXT, {"k\0e\0p\0t\0\0\0", 10}},
+                   {RegisterClipboardFormatW(L"Rich Text Format"), "{\\rtf1 kept}"},
+                   {RegisterClipboardFormatW(L"Test Private"), {"\0\1\2", 3}}});
+    const ClipboardContent before = ReadClipboard();
+    ASSERT_GE(before.size(), 3U);
     OpenMenu(notepad);
-    EXPECT_NE(GetClipboardSequenceNumber(), untouched);
     EXPECT_EQ(ReadClipboard()[L"13"].substr(0, 2), std::string("s\0", 2));
     CloseMenu();
     EXPECT_TRUE(WaitUntil([&] { return ReadClipboard() == before; }));
+    ASSERT_TRUE(WaitUntil([&] { return notepad.BringToFront(); }));
+    PressKeys({VK_HOME});
+    PressKeys({'Z'});
+    EXPECT_EQ(notepad.WaitForText(u"zselected"), u"zselected");
 }
 
 TEST_F(Query, ASelectionInWordPadReachesThePhrase) {
@@ -47,68 +44,60 @@ TEST_F(Query, ASelectionInWordPadReachesThePhrase) {
     EXPECT_EQ(wordpad.WaitForText(u"one [two] three"), u"one [two] three");
 }
 
-TEST_F(Query, APressCountsOnlyWithASecondOneWhenTheSettingsAskForTwo) {
-    StartWithPhrase("text", "Hotkey_Doubled=1");
-    const Notepad notepad;
-    PressHotkey();
-    Sleep(kApartMs);
-    PressHotkey();
-    Sleep(kApartMs);
-    EXPECT_FALSE(IsMenuOpen());
-    // Both presses wait in the queue, so nothing can come between them.
-    PressHotkey();
-    PressHotkey();
-    EXPECT_TRUE(WaitForMenu());
-    CloseMenu();
-}
-
 TEST_F(Query, AKeyThatAnotherProgramOwnsLeavesTheServiceOffAndIsNamed) {
     ASSERT_TRUE(RegisterHotKey(nullptr, 7, MOD_CONTROL | MOD_ALT, VK_RETURN));
     StartWithPhrase("text");
-    EXPECT_FALSE(OpenNamedEvent(kEventDataNeeded));
+    EXPECT_FALSE(OpenSignal(kEventDataNeeded));
     EXPECT_EQ(program_.End(), 0U);
     UnregisterHotKey(nullptr, 7);
     EXPECT_EQ(CountInLog(u"ERROR: Cannot register hot key Ctrl+Alt+"), 1);
 }
 
-// This process stands for the hook library in a target.
-class HookSide : public Query {
+// The program, made to ask its targets through the hook library.
+class PostedRoute : public ProgramTest {
   protected:
-    void Lay(const std::string& document) {
-        const UniqueHandle mapping(
-            OpenFileMappingW(FILE_MAP_WRITE, FALSE, Wide(kAreaInterchange.data())));
-        void* view = MapViewOfFile(mapping.get(), FILE_MAP_WRITE, 0, 0, 0);
-        ASSERT_TRUE(view);
-        std::memcpy(view, document.c_str(), document.size() + 1);
-        UnmapViewOfFile(view);
-        ASSERT_TRUE(SetEvent(OpenNamedEvent(kEventDataNeeded).get()));
-    }
+    PostedRoute() { SetEnvironmentVariableW(L"VELLUMBRIDGE_QUERY_ROUTE", L"posted"); }
+    ~PostedRoute() override { SetEnvironmentVariableW(L"VELLUMBRIDGE_QUERY_ROUTE", nullptr); }
 };
 
-TEST_F(HookSide, AQueryFromAnotherProcessOpensTheMenuWhereItSays) {
+TEST_F(PostedRoute, TheMenuOpensAtTheCaretAndTheSelectionArrivesPastTheClipboardEachTime) {
     StartWithPhrase("[%SELECTED_TEXT%]");
     const Notepad notepad;
-    ASSERT_TRUE(notepad.BringToFront());
-    const DWORD clipboard = GetClipboardSequenceNumber();
-    Lay("<WPQuery POINT_X='300' POINT_Y='200'><HWND>" +
-        std::to_string(reinterpret_cast<std::uintptr_t>(notepad.Edit())) +
-        "</HWND><SelText StateSelText='2'>sel</SelText></WPQuery>");
-    ASSERT_TRUE(WaitForMenu());
-    RECT menu;
-    ASSERT_TRUE(GetWindowRect(TopMenuWindow(), &menu));
-    EXPECT_EQ(menu.left, 300);
-    EXPECT_EQ(menu.top, 200);
-    ChooseMenuItem(0);
-    EXPECT_EQ(notepad.WaitForText(u"[sel]"), u"[sel]");
-    EXPECT_EQ(GetClipboardSequenceNumber(), clipboard);
+    for (int round = 0; round < 10; ++round) {
+        notepad.SetText(u"one two three");
+        notepad.Select(4, 7);
+        ASSERT_TRUE(WaitUntil([&] { return notepad.BringToFront(); }));
+        GUITHREADINFO info{};
+        info.cbSize = sizeof info;
+        GetGUIThreadInfo(GetWindowThreadProcessId(notepad.Edit(), nullptr), &info);
+        POINT below = {info.rcCaret.left, info.rcCaret.bottom};
+        ClientToScreen(notepad.Edit(), &below);
+        const DWORD clipboard = GetClipboardSequenceNumber();
+        ASSERT_NO_FATAL_FAILURE(OpenMenu(notepad)) << round;
+        RECT menu{};
+        GetWindowRect(TopMenuWindow(), &menu);
+        EXPECT_EQ(menu.left, below.x);
+        EXPECT_EQ(menu.top, below.y);
+        ChooseMenuItem(0);
+        ASSERT_EQ(notepad.WaitForText(u"one [two] three"), u"one [two] three") << round;
+        EXPECT_EQ(GetClipboardSequenceNumber(), clipboard);
+    }
 }
 
-TEST_F(HookSide, WhatIsNoQueryIsAnsweredAtOnceAndOpensNothing) {
+TEST_F(PostedRoute, AHungTargetCostsItsOwnMenuOnly) {
     StartWithPhrase("text");
-    const UniqueHandle completed = OpenNamedEvent(kEventDataCompleted);
-    Lay("<WPQue");
-    EXPECT_EQ(WaitForSingleObject(completed.get(), kPatienceMs), WAIT_OBJECT_0);
-    EXPECT_FALSE(IsMenuOpen());
+    const Notepad notepad;
+    HangingTarget target;
+    target.Hang();
+    PressHotkey();
+    EXPECT_TRUE(WaitForLog(u"Sending message by PostMessage bRet=1"));
+    EXPECT_TRUE(WaitUntilReady());
+    // It comes round when nobody waits for its menu any more.
+    Sleep(hook::kFreshMs + 500);
+    target.GoOn();
+    OpenMenu(notepad);
+    CloseMenu();
+    EXPECT_EQ(CountInLog(u"Received query:"), 1);
 }
 
 }  // namespace

@@ -7,58 +7,34 @@
 #include "desktop/driver/taskbar.h"
 #include "desktop/program_test.h"
 #include "platform/object_names.h"
-#include "platform/win32/wide.h"
 
 namespace vbr::desktop {
 namespace {
 
-bool IsAdded(const IconNotice& notice) {
-    return notice.Message == NIM_ADD;
+// It follows an icon that was taken.
+bool IsTaken(const IconNotice& notice) {
+    return notice.Message == NIM_SETVERSION;
 }
 
 // The program's icon, as the shell gets it.
-class TrayIconOnDesktop : public ProgramTest {
-  protected:
-    static IconNotice WaitForIcon(const Taskbar& taskbar) {
-        EXPECT_TRUE(taskbar.WaitFor(IsAdded));
-        const std::vector<IconNotice> notices = taskbar.Notices();
-        const auto added = std::find_if(notices.begin(), notices.end(), IsAdded);
-        return added == notices.end() ? IconNotice() : *added;
-    }
-};
+class TrayIconOnDesktop : public ProgramTest {};
 
-TEST_F(TrayIconOnDesktop, IsOfferedAgainUntilTheShellTakesIt) {
-    const Taskbar taskbar(2);
+TEST_F(TrayIconOnDesktop, IsOfferedUntilTheShellTakesItAndAgainWhenTheShellComesBack) {
+    const Taskbar taskbar(1);
     StartWithPhrase("text");
-    EXPECT_TRUE(WaitUntil([&] { return taskbar.Count(IsAdded) == 3; }));
-    // What follows an icon that was taken.
-    EXPECT_TRUE(
-        taskbar.WaitFor([](const IconNotice& notice) { return notice.Message == NIM_SETVERSION; }));
-    EXPECT_EQ(taskbar.Count(IsAdded), 3);
-}
-
-TEST_F(TrayIconOnDesktop, ComesBackWithTheShell) {
-    const Taskbar taskbar;
-    StartWithPhrase("text");
-    const IconNotice icon = WaitForIcon(taskbar);
+    const IconNotice icon = taskbar.WaitFor(IsTaken);
     EXPECT_EQ(icon.Window, TrayWindow());
     EXPECT_NE(icon.Tip.find(u"[1/1]"), icon.Tip.npos) << Utf16ToUtf8(icon.Tip);
-    const std::size_t told = taskbar.Notices().size();
-    const auto isBack = [&](const IconNotice& notice) {
-        return IsAdded(notice) && notice.Tip == icon.Tip;
-    };
-    // The thread that has just added the icon may be about to end; until then it takes no order.
-    EXPECT_TRUE(WaitUntil([&] {
-        PostMessageW(HWND_BROADCAST, RegisterWindowMessageW(Wide(kMessageTaskbarCreated.data())), 0,
-                     0);
-        return taskbar.Count(isBack, told) > 0;
-    }));
+    const std::vector<IconNotice> told = taskbar.Notices();
+    EXPECT_EQ(std::ranges::count(told, DWORD{NIM_ADD}, &IconNotice::Message), 2);
+    PostMessageW(HWND_BROADCAST, RegisterWindowMessageW(Wide(kMessageTaskbarCreated.data())), 0, 0);
+    EXPECT_EQ(taskbar.WaitFor(IsTaken, told.size()).Tip, icon.Tip);
 }
 
 TEST_F(TrayIconOnDesktop, OpensTheMenuAtTheMouseForEachClickAndForNothingElse) {
     const Taskbar taskbar;
     StartWithPhrase("text");
-    const IconNotice icon = WaitForIcon(taskbar);
+    const IconNotice icon = taskbar.WaitFor(IsTaken);
     for (const LPARAM other : {WM_MOUSEMOVE, WM_LBUTTONDOWN, WM_LBUTTONDBLCLK, WM_RBUTTONDOWN}) {
         SendMessageW(icon.Window, icon.CallbackMessage, 0, other);
         EXPECT_FALSE(IsMenuOpen()) << other;
@@ -76,38 +52,45 @@ TEST_F(TrayIconOnDesktop, OpensTheMenuAtTheMouseForEachClickAndForNothingElse) {
     }
 }
 
-TEST_F(TrayIconOnDesktop, TellsThatAHotKeyCameAndTakesTheBalloonAway) {
+TEST_F(TrayIconOnDesktop, BalloonsTellOfAHotKeyForAWhileAndOfTheEnd) {
     const Taskbar taskbar;
     StartWithPhrase("text");
-    WaitForIcon(taskbar);
     const Notepad notepad;
     const std::size_t told = taskbar.Notices().size();
     OpenMenu(notepad);
-    EXPECT_TRUE(taskbar.WaitFor(
-        [](const IconNotice& notice) {
-            return notice.Balloon.find(u"Ctrl+Alt+") != notice.Balloon.npos;
-        },
-        told));
+    const auto namesTheKey = [](const IconNotice& notice) {
+        return notice.Balloon.find(u"Ctrl+Alt+") != notice.Balloon.npos;
+    };
+    const auto takesTheBalloonAway = [](const IconNotice& notice) {
+        return (notice.Flags & NIF_INFO) != 0 && notice.Balloon.empty();
+    };
+    EXPECT_TRUE(taskbar.WaitFor(namesTheKey, told).Window);
     // Its time ends while the menu is still open.
-    EXPECT_TRUE(taskbar.WaitFor(
-        [](const IconNotice& notice) {
-            return (notice.Flags & NIF_INFO) != 0 && notice.Balloon.empty();
-        },
-        told));
+    EXPECT_TRUE(taskbar.WaitFor(takesTheBalloonAway, told).Window);
     EXPECT_TRUE(IsMenuOpen());
     CloseMenu();
+    EXPECT_EQ(program_.End(), 0U);
+    const auto tellsTheEnd = [](const IconNotice& notice) {
+        return EndsWithNoCase(notice.BalloonTitle, u", Exit...");
+    };
+    const std::vector<IconNotice> all = taskbar.Notices();
+    EXPECT_EQ(std::ranges::count_if(all, tellsTheEnd), 1);
+    EXPECT_EQ(all.back().Message, DWORD{NIM_DELETE});
 }
 
-TEST_F(TrayIconOnDesktop, SaysThatTheProgramEndsAndGoesWithIt) {
+TEST_F(TrayIconOnDesktop, ASecondStartEndsTurnsTheServiceOnAndIsTold) {
     const Taskbar taskbar;
-    StartWithPhrase("text");
-    WaitForIcon(taskbar);
-    EXPECT_EQ(program_.End(), 0U);
-    EXPECT_EQ(taskbar.Count([](const IconNotice& notice) {
-        return EndsWithNoCase(notice.BalloonTitle, u", Exit...");
-    }),
-              1);
-    EXPECT_EQ(taskbar.Notices().back().Message, DWORD{NIM_DELETE});
+    ASSERT_TRUE(program_.StartResident(L"/noinstall"));
+    EXPECT_FALSE(OpenSignal(kEventDataNeeded));
+    const auto isTold = [](const IconNotice& notice) {
+        return EndsWithNoCase(notice.BalloonTitle, u", Already works");
+    };
+    for (int i = 0; i < 2; ++i) {
+        const std::size_t told = taskbar.Notices().size();
+        EXPECT_EQ(program_.Start().WaitForExit(kPatienceMs), 1U);
+        EXPECT_TRUE(taskbar.WaitFor(isTold, told).Window);
+    }
+    EXPECT_TRUE(OpenSignal(kEventDataNeeded));
 }
 
 }  // namespace

@@ -2,14 +2,10 @@
 #include "platform/win32/windows.h"
 
 #include <algorithm>
-#include <atomic>
-#include <thread>
 #include <vector>
 
 #include "desktop/program_test.h"
-#include "menu/extra_commands.h"
 #include "platform/object_names.h"
-#include "platform/win32/wide.h"
 #include "resources/resource_ids.h"
 #include "settings/shared_settings.h"
 #include "shell/tray_messages.h"
@@ -17,168 +13,134 @@
 namespace vbr::desktop {
 namespace {
 
-LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
-    DWORD_PTR result = 0;
-    SendMessageTimeoutW(TrayWindow(), message, wParam, lParam, SMTO_NORMAL, kPatienceMs, &result);
-    return static_cast<LRESULT>(result);
-}
-
-// Memory of the program's process, as an outside sender of a message needs it.
-class RemoteBuffer {
-  public:
-    explicit RemoteBuffer(DWORD process)
-        : process_(OpenProcess(PROCESS_VM_OPERATION | PROCESS_VM_READ, FALSE, process)),
-          address_(VirtualAllocEx(process_.get(), nullptr, kSize, MEM_COMMIT, PAGE_READWRITE)) {}
-
-    LPARAM Address() const { return reinterpret_cast<LPARAM>(address_); }
-
-    std::wstring Text() const {
-        wchar_t text[kSize / sizeof(wchar_t)]{};
-        ReadProcessMemory(process_.get(), address_, text, kSize, nullptr);
-        return text;
-    }
-
-  private:
-    static constexpr SIZE_T kSize = 1024;
-    UniqueHandle process_;
-    void* address_;
-};
-
+// What other programs send to the running one, and find of it.
 class TrayWindowTest : public ProgramTest {
   protected:
-    std::wstring Setting(const wchar_t* section, const wchar_t* key) const {
-        wchar_t value[512];
-        GetPrivateProfileStringW(section, key, L"<missing>", value, 512,
-                                 (program_.Folder() / L"Settings.ini").c_str());
-        return value;
+    static LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
+        DWORD_PTR result = 0;
+        EXPECT_TRUE(SendMessageTimeoutW(TrayWindow(), message, wParam, lParam, SMTO_NORMAL,
+                                        kPatienceMs, &result));
+        return static_cast<LRESULT>(result);
+    }
+    static LRESULT Send(std::u16string_view registered, WPARAM wParam = 0, LPARAM lParam = 0) {
+        return Send(RegisterWindowMessageW(Wide(registered.data())), wParam, lParam);
     }
 };
 
-TEST_F(TrayWindowTest, ACommandOfTheTrayMenuWritesTheSettings) {
-    ASSERT_TRUE(program_.StartResident());
-    for (const wchar_t* sounds : {L"0", L"1"}) {
-        Send(WM_COMMAND, kCmdSounds);
-        EXPECT_EQ(Setting(L"Settings", L"SoundOnEventsV094"), sounds);
-    }
-    EXPECT_EQ(Setting(L"A_SETTINGS", L"WRITED_TO"),
-              (program_.Folder() / L"Settings.ini").wstring());
-    EXPECT_EQ(Setting(L"A_SETTINGS", L"WRITED_WHO"), L"Vellumbridge.exe");
-}
-
-TEST_F(TrayWindowTest, SharedAreaTellsTheEditorTheHotKey) {
-    Start("Hotkey_Doubled=1");
-    const UniqueHandle area(OpenFileMappingW(FILE_MAP_READ, FALSE, Wide(kAreaSettings.data())));
-    const auto* text = static_cast<const char*>(MapViewOfFile(area.get(), FILE_MAP_READ, 0, 0, 0));
-    ASSERT_NE(text, nullptr);
-    EXPECT_EQ(text, SharedSettingsText(VK_RETURN, 3, true, u""));
-    UnmapViewOfFile(text);
-}
-
-TEST_F(TrayWindowTest, PaneTitleIsGivenAndABadBufferIsSurvived) {
-    ASSERT_TRUE(program_.StartResident());
-    const RemoteBuffer buffer(program_.Resident().Id());
-    const std::wstring title = L"Vellumbridge - Clipboard History [0]";
-    EXPECT_EQ(Send(kMsgGetPaneTitle, 0, buffer.Address()), static_cast<LRESULT>(title.size()));
-    EXPECT_EQ(buffer.Text(), title);
-    EXPECT_EQ(Send(kMsgGetPaneTitle, 0, 16), static_cast<LRESULT>(title.size()));
-    Send(RegisterWindowMessageW(Wide(kMessageAddMessage.data())), 0, 16);
-    EXPECT_EQ(Send(kMsgGetPaneTitle), static_cast<LRESULT>(title.size()));
-}
-
-TEST_F(TrayWindowTest, EveryPrivateMessageOfAnOutsiderIsSurvived) {
+TEST_F(TrayWindowTest, MessagesOfAnyContentAreSurvivedAndTheExitSignalEndsTheProgram) {
     ASSERT_TRUE(program_.StartResident(L"/noinstall"));
     for (UINT message = WM_APP; message <= WM_APP + 40; ++message) {
         if (message != kMsgShowMenuRequest) {  // opens a menu that waits for the user
             Send(message, 1, 16);
         }
     }
-    for (const std::u16string_view name : {kMessageTaskbarCreated, kMessageMouseEvent}) {
-        Send(RegisterWindowMessageW(Wide(name.data())));
+    for (const std::u16string_view name :
+         {kMessageTaskbarCreated, kMessageMouseEvent, kMessageAddMessage}) {
+        Send(name, 0, 16);
     }
+    Send(kMessageInstanceSignal, 5);
     EXPECT_TRUE(program_.Resident().IsRunning());
-    EXPECT_EQ(program_.End(), 0U);
-}
-
-// An extra command of the phrase menu, as another program sends it.
-TEST_F(TrayWindowTest, ExtraCommandsOfTheMenuAreCarriedOutAsCommands) {
-    Start("ShowHistoryPaneOnStart=0\nClipboardHistory=0");
-    const std::pair<std::int32_t, std::u16string_view> cases[] = {
-        {kResultEditPhrases, u"Command 32772 is not available"},
-        {kResultHistoryPane, u"Command 32792 is not available"},
-        {kResultSelectionIntoPhrase, u"Command 32826 is not available"}};
-    for (const auto& [choice, line] : cases) {
-        const int before = CountInLog(line);
-        Send(kMsgCommandFromSelf, static_cast<WPARAM>(choice));
-        EXPECT_TRUE(WaitUntil([&] { return CountInLog(line) == before + 1; })) << choice;
-    }
-    // A menu that was left without a choice asks for nothing.
-    const int told = CountInLog(u" is not available");
-    Send(kMsgCommandFromSelf, 0);
-    EXPECT_EQ(program_.End(), 0U);
-    EXPECT_EQ(CountInLog(u" is not available"), told);
-}
-
-TEST_F(TrayWindowTest, InstanceSignalEndsTheProgram) {
-    ASSERT_TRUE(program_.StartResident());
-    const UINT signal = RegisterWindowMessageW(Wide(kMessageInstanceSignal.data()));
-    Send(signal, 5);
-    EXPECT_TRUE(program_.Resident().IsRunning());
-    Send(signal, kSignalExit);
+    Send(kMessageInstanceSignal, kSignalExit);
     EXPECT_EQ(program_.Resident().WaitForExit(kPatienceMs), 0U);
 }
 
-TEST_F(TrayWindowTest, WindowAnswersWhileSignalsRainDown) {
+TEST_F(TrayWindowTest, ThePanesTitleIsWrittenIntoTheSendersBuffer) {
     ASSERT_TRUE(program_.StartResident());
-    std::atomic<bool> done = false;
-    std::thread signals([&] {
-        for (int i = 0; i < 200; ++i) {
-            const UniqueHandle event(
-                OpenEventW(EVENT_MODIFY_STATE, FALSE, Wide(kEventAlreadyWork.data())));
-            SetEvent(event.get());
-            Sleep(5);
-        }
-        done = true;
-    });
-    int asked = 0;
-    int answered = 0;
-    while (!done) {
-        DWORD_PTR ignored = 0;
-        answered += SendMessageTimeoutW(TrayWindow(), WM_NULL, 0, 0, SMTO_NORMAL, kPatienceMs,
-                                        &ignored) != 0;
-        ++asked;
-        Sleep(10);
-    }
-    signals.join();
-    EXPECT_GT(asked, 0);
-    EXPECT_EQ(answered, asked);
-    EXPECT_EQ(program_.End(), 0U);
+    const UniqueHandle process(
+        OpenProcess(PROCESS_VM_OPERATION | PROCESS_VM_READ, FALSE, program_.Resident().Id()));
+    void* buffer = VirtualAllocEx(process.get(), nullptr, 1024, MEM_COMMIT, PAGE_READWRITE);
+    const LRESULT length = Send(kMsgGetPaneTitle, 0, reinterpret_cast<LPARAM>(buffer));
+    char16_t title[100]{};
+    ReadProcessMemory(process.get(), buffer, title, sizeof title, nullptr);
+    EXPECT_EQ(std::u16string(title), u"Vellumbridge - Clipboard History [0]");
+    EXPECT_EQ(length, 36);
 }
 
-TEST_F(TrayWindowTest, ChoiceOfAnotherProcessIsTyped) {
-    program_.AddPhrase("Only", 1, "sent by data");
+TEST_F(TrayWindowTest, EachSignalOfOtherProgramsIsServedAndWatchedAgain) {
+    StartWithPhrase("text", "ShowHistoryPaneOnStart=0");
+    const std::pair<std::u16string_view, std::u16string_view> told[] = {
+        {kEventEditorEnded, u"PhraseEditor closed"},
+        {kEventLangUiChanged, u"CAppObjects::SetUseRuUrls"}};
+    for (int i = 0; i < 2; ++i) {
+        EXPECT_EQ(program_.Start(L"/showmenu").WaitForExit(kPatienceMs), 1U);
+        ASSERT_TRUE(WaitForMenu());
+        CloseMenu();
+        // Whether the parts behind them are there or not.
+        for (const std::u16string_view name : {kEventEdit, kEventCommandCheckForUpdates}) {
+            const UniqueHandle event = OpenSignal(name);
+            ASSERT_TRUE(SetEvent(event.get()));
+            EXPECT_TRUE(WaitUntil([&] { return WaitForSingleObject(event.get(), 0) != 0; }));
+        }
+        for (const auto& [name, line] : told) {
+            UniqueHandle event;
+            ASSERT_TRUE(WaitUntil([&] { return (event = OpenSignal(name)) != nullptr; }));
+            Send(WM_NULL);  // what came before is over
+            const int before = CountInLog(line);
+            ASSERT_TRUE(SetEvent(event.get()));
+            EXPECT_TRUE(WaitUntil([&] { return CountInLog(line) == before + 1; }))
+                << Utf16ToUtf8(line);
+        }
+    }
+}
+
+TEST_F(TrayWindowTest, ChoicesOfAnotherProcessAreCarriedOut) {
     const Notepad notepad;
-    ASSERT_TRUE(program_.StartResident());
+    StartWithPhrase("sent");
     ASSERT_TRUE(WaitUntil([&] { return notepad.BringToFront(); }));
     BYTE block[138]{};
     block[0] = 1;
     COPYDATASTRUCT data{0, sizeof block, block};
     Send(WM_COPYDATA, 0, reinterpret_cast<LPARAM>(&data));
-    EXPECT_EQ(notepad.WaitForText(u"sent by data"), u"sent by data");
+    EXPECT_EQ(notepad.WaitForText(u"sent"), u"sent");
+    Send(kMsgCommandFromSelf, 1);
+    EXPECT_EQ(notepad.WaitForText(u"sentsent"), u"sentsent");
 }
 
-TEST_F(TrayWindowTest, ExitLeavesNoEventAreaOrFile) {
+TEST_F(TrayWindowTest, TheCommandForThePhraseMenuOpensItOverTheWindowInFront) {
+    StartWithPhrase("chosen");
+    const Notepad notepad;
+    ASSERT_TRUE(WaitUntil([&] { return notepad.BringToFront(); }));
+    Send(WM_COMMAND, kCmdShowPhraseMenu);
+    ASSERT_TRUE(WaitForMenu());
+    ChooseMenuItem(0);
+    EXPECT_EQ(notepad.WaitForText(u"chosen"), u"chosen");
+}
+
+TEST_F(TrayWindowTest, TheServiceGivesUpAllWhenTurnedOffAndServesTheHotKeyWhenTurnedOn) {
+    StartWithPhrase("text");
+    const Notepad notepad;
+    for (int i = 0; i < 3; ++i) {
+        Send(WM_COMMAND, kCmdEnableService);
+        EXPECT_FALSE(OpenSignal(kEventDataNeeded));
+        Send(WM_COMMAND, kCmdEnableService);
+        EXPECT_TRUE(OpenSignal(kEventDataNeeded));
+    }
+    OpenMenu(notepad);
+    CloseMenu();
+}
+
+TEST_F(TrayWindowTest, TheEditorIsToldTheHotKeyAndExitLeavesNoEventAreaOrFile) {
+    program_.WriteSettings("Hotkey_Doubled=1");
     program_.AddPhrase("Only", 1, "x");
     ASSERT_TRUE(program_.StartResident());
+    const auto openArea = [] {
+        return UniqueHandle(OpenFileMappingW(FILE_MAP_READ, FALSE, Wide(kAreaSettings.data())));
+    };
+    UniqueHandle area = openArea();
+    const auto* text = static_cast<const char*>(MapViewOfFile(area.get(), FILE_MAP_READ, 0, 0, 0));
+    ASSERT_NE(text, nullptr);
+    EXPECT_EQ(text, SharedSettingsText(VK_RETURN, 3, true, u""));
+    UnmapViewOfFile(text);
+    area.reset();
     EXPECT_EQ(program_.End(), 0U);
     EXPECT_EQ(TrayWindow(), nullptr);
+    EXPECT_FALSE(openArea());
     for (const std::u16string_view name :
          {kEventInstance, kEventEdit, kEventShowMenu, kEventAlreadyWork, kEventExit,
           kEventEditorEnded, kEventOptionsChanged, kEventLangUiChanged, kEventDataNeeded,
           kEventDataCompleted}) {
-        EXPECT_EQ(OpenEventW(SYNCHRONIZE, FALSE, Wide(name.data())), nullptr)
-            << std::string(name.begin(), name.end());
+        EXPECT_FALSE(OpenSignal(name)) << Utf16ToUtf8(name);
     }
-    EXPECT_EQ(OpenFileMappingW(FILE_MAP_READ, FALSE, Wide(kAreaSettings.data())), nullptr);
     std::vector<std::wstring> files;
     for (const auto& entry : std::filesystem::recursive_directory_iterator(program_.Folder())) {
         files.push_back(entry.path().filename().wstring());

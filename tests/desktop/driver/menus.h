@@ -23,14 +23,11 @@ void ChooseMenuItem(int position);
 // An item of an open menu, as a screen reader meets it.
 struct MenuLine {
     int Depth = 0;  // 0 in the menu that was asked, 1 in its popups
-    UINT Id = 0;
-    UINT Type = 0;
     UINT State = 0;
     bool IsAccessible = false;  // owner-drawn, with its name where readers look for it
     RECT Rect{};                // on the screen, where the item shows
     std::u16string Label;
 
-    bool IsSeparator() const { return (Type & MFT_SEPARATOR) != 0; }
     bool IsGrayed() const { return (State & MFS_GRAYED) != 0; }
     bool IsSelected() const { return (State & MFS_HILITE) != 0; }
 };

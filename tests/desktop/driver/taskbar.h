@@ -35,21 +35,19 @@ class Taskbar {
 
     std::vector<IconNotice> Notices() const;
 
-    // How many notices the condition holds for, of those from a place on.
+    // Waits for a notice for which the condition holds, from a place on. Without a window when none
+    // came.
     template <typename Condition>
-    int Count(Condition&& holds, std::size_t from = 0) const {
-        const std::vector<IconNotice> notices = Notices();
-        int count = 0;
-        for (std::size_t i = from; i < notices.size(); ++i) {
-            count += holds(notices[i]) ? 1 : 0;
-        }
-        return count;
-    }
-
-    // Waits for such a notice from a place on.
-    template <typename Condition>
-    bool WaitFor(Condition&& holds, std::size_t from = 0) const {
-        return WaitUntil([&] { return Count(holds, from) > 0; });
+    IconNotice WaitFor(Condition&& holds, std::size_t from = 0) const {
+        IconNotice found;
+        WaitUntil([&] {
+            for (const std::vector<IconNotice> notices = Notices();
+                 from < notices.size() && !found.Window; ++from) {
+                found = holds(notices[from]) ? notices[from] : IconNotice();
+            }
+            return found.Window != nullptr;
+        });
+        return found;
     }
 
   private:

@@ -11,7 +11,7 @@ inline constexpr wchar_t kReadMenuMessage[] = L"vbr-test-read-menu";
 inline constexpr wchar_t kReaderMapping[] = L"Local\\vbr-test-menu";
 inline constexpr unsigned kReaderMappingBytes = 4 << 20;
 
-// The text holds one item a line: nine numbers and the label, tabs between them. The numbers:
-// depth, id, type, state, whether the data begins as screen readers expect it, and its rectangle on
+// The text holds one item a line: seven numbers and the label, tabs between them. The numbers:
+// depth, state, whether the data begins as screen readers expect it, and its rectangle on
 // the screen.
 }  // namespace vbr::desktop
