@@ -17,7 +17,7 @@
 namespace vbr {
 namespace {
 
-constexpr int kRounds = 200;
+constexpr int kRounds = 100;
 
 using desktop::Notepad;
 using desktop::WaitUntil;
@@ -47,15 +47,24 @@ bool HasHookLibrary(const Notepad& target) {
     return false;
 }
 
+DWORD CountHandles() {
+    DWORD count = 0;
+    GetProcessHandleCount(GetCurrentProcess(), &count);
+    return count;
+}
+
 TEST(HookTargetTest, NothingStaysInATargetHoweverOftenTheLibraryWasThere) {
     const Notepad target;
+    DWORD handlesHere = 0;
     for (int round = 0; round < kRounds; ++round) {
         HookFixture fixture;
         ASSERT_TRUE(fixture.Install(QueryRouteChoice::Posted)) << round;
         ASSERT_TRUE(fixture.Ask(target.Edit())) << round;
         ASSERT_TRUE(fixture.Uninstall()) << round;
         ASSERT_TRUE(WaitUntil([&] { return !HasHookLibrary(target); })) << round;
+        handlesHere = round < 5 ? CountHandles() : handlesHere;
     }
+    EXPECT_EQ(CountHandles(), handlesHere);
 }
 
 TEST(HookTargetTest, OnTheLocalRouteNothingEntersOtherPrograms) {
@@ -97,6 +106,33 @@ TEST(HookTargetTest, TheTargetIsTheFocusInFrontAndTheOtherIsTheLastProgramInFron
         }
         // The last one is gone; its number is good for nothing.
         EXPECT_NE(library.GetTargetWindowOther(), number(GetForegroundWindow()));
+    }
+}
+
+TEST(HookTargetTest, TheLibraryIsInstalledOnceAtATimeAndWithAllNames) {
+    HookModule library((ProgramFolder() / "Vellumbridge.dll").u16string());
+    ASSERT_TRUE(library.Load());
+    for (const std::uint32_t code : {kHookBadNames, kHookSuccess, kHookAlreadyInstalled}) {
+        WPInstallParams params = HookFixture::Params(QueryRouteChoice::OfSystem);
+        if (code == kHookBadNames) {
+            params.DataCompletedName = u"";
+        }
+        EXPECT_EQ(library.Install(params), code == kHookSuccess);
+        EXPECT_EQ(params.ErrorCode, code);
+    }
+    EXPECT_EQ(library.Uninstall(), true);
+}
+
+TEST(HookTargetTest, AMissingOrForeignLibraryInstallsNothing) {
+    HookModule missing(u"C:\\no such folder\\Vellumbridge.dll");
+    HookModule foreign(u"version.dll");
+    EXPECT_FALSE(missing.Load());
+    EXPECT_TRUE(foreign.Load());
+    for (HookModule* library : {&missing, &foreign}) {
+        WPInstallParams params = HookFixture::Params(QueryRouteChoice::OfSystem);
+        EXPECT_EQ(library->Install(params), std::nullopt);
+        EXPECT_EQ(library->Uninstall(), std::nullopt);
+        EXPECT_EQ(library->GetTargetWindow(), 0u);
     }
 }
 

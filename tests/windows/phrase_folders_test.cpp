@@ -92,24 +92,5 @@ TEST_F(PhraseFoldersOnDisk, APhraseIsLoadedAndSavedUnderNamesThatPlainCallsDoNot
     EXPECT_THAT(log_.Lines, IsEmpty());
 }
 
-TEST_F(PhraseFoldersOnDisk, TheLastOfManySavesIsWhatTheFileHolds) {
-    constexpr int kSaves = 200;
-    VBRCommand record;
-    record.Text = u"Greeting";
-    record.FilePath = folder_.Path() / u"Привет.vellumbridge";
-    for (int i = 1; i <= kSaves; ++i) {
-        // Texts of falling length: what is left of a longer one would show.
-        record.Cmd = std::u16string(static_cast<std::size_t>(kSaves - i) * 10, u'x');
-        record.UsageCount = i;
-        saver_.SaveCommandAsync(record);
-    }
-    saver_.Flush();
-    VBRCommand read;
-    EXPECT_EQ(files_.ReadCommandFile(read, record.FilePath), CommandReadResult::Ok);
-    EXPECT_EQ(read.UsageCount, kSaves);
-    EXPECT_EQ(read.Cmd, u"");
-    EXPECT_THAT(log_.Lines, IsEmpty());
-}
-
 }  // namespace
 }  // namespace vbr

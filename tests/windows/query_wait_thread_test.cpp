@@ -2,25 +2,17 @@
 #include "exchange/win32/query_wait_thread.h"
 
 #include <gtest/gtest.h>
-#include <tlhelp32.h>
 #include <utility>
 
-#include "base/text.h"
-#include "exchange/win32/hook_module.h"
 #include "fakes/memory_log.h"
-#include "fakes/native_profile_store.h"
 #include "platform/my_copy.h"
 #include "platform/object_names.h"
-#include "platform/win32/wide.h"
 #include "platform/win32/win_ansi_text.h"
 #include "platform/win32/win_clipboard_access.h"
 #include "platform/win32/win_clock.h"
 #include "platform/win32/win_desktop_windows.h"
-#include "platform/win32/win_hotkey_registrar.h"
 #include "platform/win32/win_input_injector.h"
-#include "shell/hotkey_service.h"
 #include "windows/message_window.h"
-#include "windows/program_folder.h"
 #include "windows/pump.h"
 
 namespace vbr {
@@ -106,8 +98,10 @@ class QueryWait : public testing::Test {
 
 QueryWait* QueryWait::current_ = nullptr;
 
-TEST_F(QueryWait, QueriesReachTheWindowOneAfterTheOther) {
+TEST_F(QueryWait, QueriesReachTheWindowOneAfterTheOtherAndTheirAnswersTheHookSide) {
     ASSERT_TRUE(thread_.Start(*needed_, *completed_));
+    SendMessageW(window_, kQuery, 8, 16);
+    EXPECT_TRUE(received_.empty());
     for (std::size_t i = 1; i <= 3; ++i) {
         LayQuery("<WPQuery><HWND>" + std::to_string(i) + "</HWND></WPQuery>");
         ASSERT_TRUE(PumpUntil([&] { return received_.size() == i; }));
@@ -115,11 +109,7 @@ TEST_F(QueryWait, QueriesReachTheWindowOneAfterTheOther) {
         EXPECT_EQ(needed_->Wait(0), WaitResult::TimedOut);
     }
     EXPECT_FALSE(IsCompleted());
-}
-
-TEST_F(QueryWait, AnAnswerLiesInTheAreaWhenTheHookSideIsTold) {
     answers_ = true;
-    ASSERT_TRUE(thread_.Start(*needed_, *completed_));
     LayQuery("<WPQuery/>");
     ASSERT_TRUE(PumpUntil([&] { return IsCompleted(); }));
     const std::string answer = memory_.OpenBlock(kAreaInterchange)->Read().Bytes;
@@ -135,74 +125,6 @@ TEST_F(QueryWait, AWindowThatAnswersTooLateHearsOfTheNextQuery) {
     ASSERT_TRUE(
         PumpUntil([&] { return !received_.empty() && received_.back().TargetWindow == 2; }));
     EXPECT_FALSE(IsCompleted());
-}
-
-TEST_F(QueryWait, AMessageWithOtherAddressesIsNoQuery) {
-    ASSERT_TRUE(thread_.Start(*needed_, *completed_));
-    SendMessageW(window_, kQuery, 8, 16);
-    EXPECT_TRUE(received_.empty());
-}
-
-// The count of the process's threads; its handles are counted beside it.
-std::size_t CountThreads() {
-    const UniqueHandle snapshot(CreateToolhelp32Snapshot(TH32CS_SNAPTHREAD, 0));
-    THREADENTRY32 entry{};
-    entry.dwSize = sizeof entry;
-    std::size_t count = 0;
-    for (BOOL more = Thread32First(snapshot.get(), &entry); more;
-         more = Thread32Next(snapshot.get(), &entry)) {
-        count += entry.th32OwnerProcessID == GetCurrentProcessId();
-    }
-    return count;
-}
-
-DWORD CountHandles() {
-    DWORD count = 0;
-    GetProcessHandleCount(GetCurrentProcess(), &count);
-    return count;
-}
-
-TEST_F(QueryWait, TwoHundredStartsOfTheServiceLeaveNothingBehind) {
-    area_.reset();
-    needed_.reset();
-    completed_.reset();
-    const std::u16string path = (ProgramFolder() / "Vellumbridge.dll").u16string();
-    HookModule hook(path);
-    LocalRoute route(windows_, selection_);
-    CVBRDLLService hooks({.Library = hook,
-                          .LibraryPath = path,
-                          .Objects = objects_,
-                          .Windows = windows_,
-                          .Route = route,
-                          .Log = log_});
-    WinHotkeyRegistrar hotkeys(window_, 1);
-    NativeProfileStore profile;
-    CVBRSettings settings(profile, {});
-    std::vector<std::u16string> messages;
-    HotkeyService service({.Settings = settings,
-                           .Hooks = hooks,
-                           .Waiter = thread_,
-                           .Hotkeys = hotkeys,
-                           .Objects = objects_,
-                           .Memory = objects_,
-                           .Log = log_,
-                           .Messages = messages});
-    DWORD handles = 0;
-    std::size_t threads = 0;
-    for (int i = 0; i < 205; ++i) {
-        const auto error = service.Install(
-            {.TrayWindow = reinterpret_cast<WindowHandle>(window_), .QueryMessage = kQuery}, true);
-        ASSERT_FALSE(error) << Utf16ToUtf8(*error);
-        service.Stop();
-        if (i == 4) {
-            handles = CountHandles();
-            threads = CountThreads();
-        }
-    }
-    EXPECT_EQ(CountHandles(), handles);
-    EXPECT_EQ(CountThreads(), threads);
-    EXPECT_EQ(OpenFileMappingW(FILE_MAP_READ, FALSE, Wide(kAreaInterchange.data())), nullptr);
-    EXPECT_FALSE(events_.Exists(kEventDataNeeded));
 }
 
 }  // namespace

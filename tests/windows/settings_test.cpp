@@ -58,15 +58,5 @@ TEST_F(WinSettingsTest, TheMenuFontOfTheSystemSurvivesAFile) {
     EXPECT_EQ(settings.FontForMenu, font);
 }
 
-TEST_F(WinSettingsTest, ASavedFileIsReadBackByTheSystemsCalls) {
-    CVBRSettings settings = Make({});
-    settings.DaysCheckForUpdates = 12;
-    settings.Language = u"Русский.lng";
-    folder_.Write("Settings.ini", Utf16Bytes(u""));
-    settings.Save();
-    EXPECT_EQ(GetPrivateProfileIntW(L"Settings", L"DaysCheckForUpdates", 0, file_.c_str()), 12u);
-    EXPECT_EQ(Make({}).GetLanguageFileName(), u"C:\\App\\Русский.lng");
-}
-
 }  // namespace
 }  // namespace vbr

@@ -49,14 +49,6 @@ TEST_P(WinLocaleTest, ADateWithoutItsWeekdayIsStillWhole) {
     EXPECT_EQ(date, Trim(date, u" ,"));
 }
 
-TEST_P(WinLocaleTest, ADateWithATimeIsBothWithABlank) {
-    const std::u16string date = Format(DateTimeMode::Date, GetParam());
-    const std::u16string bare = Format(DateTimeMode::DateWithoutWeekday, GetParam());
-    EXPECT_EQ(Format(DateTimeMode::Time, GetParam()), u"14:05:09");
-    EXPECT_EQ(Format(DateTimeMode::DateTime, GetParam()), date + u" 14:05:09");
-    EXPECT_EQ(Format(DateTimeMode::DateTimeWithoutWeekday, GetParam()), bare + u" 14:05:09");
-}
-
 INSTANTIATE_TEST_SUITE_P(Languages, WinLocaleTest,
                          testing::Values(kEnglish, kRussian, kGerman, kJapanese));
 
