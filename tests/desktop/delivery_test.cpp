@@ -75,9 +75,8 @@ TEST_F(DeliveryTest, BoldAndColouredTextArrivesSoInWordPad) {
     Choose(wordpad);
     EXPECT_EQ(wordpad.WaitForText(u"plain bold red Ж!"), u"plain bold red Ж!");
     // The cursor's steps come a moment after the text.
-    EXPECT_TRUE(WaitUntil([&] {
-        return SendMessageW(wordpad.Edit(), EM_GETSEL, 0, 0) == MAKELONG(16, 16);
-    }));
+    EXPECT_TRUE(WaitUntil(
+        [&] { return SendMessageW(wordpad.Edit(), EM_GETSEL, 0, 0) == MAKELONG(16, 16); }));
     PressKeys({'X'});
     EXPECT_EQ(wordpad.WaitForText(u"plain bold red Жx!"), u"plain bold red Жx!");
     wordpad.Select(0, -1);
