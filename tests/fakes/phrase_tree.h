@@ -19,23 +19,19 @@ struct PhraseTree {
     CommandSaver Saver{Files};
     CVBRCommandTree Tree{Files, Saver, Clock, Log};
 
-    // Writes a phrase titled as its file.
-    void Write(const std::string& path) {
-        VBRCommand record;
+    // Writes a phrase, titled as its file.
+    void Write(const std::string& path, VBRCommand record = {}) {
         record.Text = std::filesystem::path(path).stem().u16string();
         Folder.Write(path, CommandToXml(record));
     }
-    // Writes a phrase, titled as its file, and loads the tree again.
+    // The same, and loads the tree again.
     void Add(const std::string& path, std::u16string_view text,
              std::int32_t dataType = kDataTypeText, std::uint32_t flagsMenu = 0) {
-        VBRCommand record;
-        record.Text = std::filesystem::path(path).stem().u16string();
-        record.Cmd = text;
+        VBRCommand record{.Cmd = std::u16string(text), .FlagsMenu = flagsMenu};
         record.DataType = dataType;
-        record.FlagsMenu = flagsMenu;
         // A use that is still being saved would replace the new file.
         Saver.Flush();
-        Folder.Write(path, CommandToXml(record));
+        Write(path, std::move(record));
         Tree.LoadTree(Folder.Path());
     }
 };

@@ -114,6 +114,7 @@ TEST_F(PhraseTextsTest, FormattedPhrasesShowTheirPlainText) {
               u"\r\n+ Activate keyboard layout   РУССКИЙ");
     EXPECT_EQ(preview, u"Year  2025, \r\nend");
     EXPECT_EQ(Previews.ExpandedLength(record), preview.size());
+    EXPECT_EQ(Previews.ExpandedLength(Phrase(u"", u"%YEAR%!")), 5U);
     EXPECT_EQ(Previews.BuildMenuCaption(Phrase(u"A title", u"no RTF", kDataTypeRtf), {}, cursor),
               u"A title");
 }

@@ -128,5 +128,12 @@ TEST_F(TextDeliveryTest, RichTextGoesAsEightBitsWithItsPlainTextAndLanguage) {
     EXPECT_THAT(Clipboard.Blocks, SizeIs(1));
 }
 
+TEST_F(TextDeliveryTest, WhileTheClipboardIsHeldNothingIsPasted) {
+    Clipboard.FailingOpens = FakeClipboardAccess::kAlways;
+    EXPECT_FALSE(Text.PasteText(u"x", 0));
+    EXPECT_FALSE(Text.PasteRich(u"{x}", 0, 0));
+    EXPECT_THAT(Input.Sent, IsEmpty());
+}
+
 }  // namespace
 }  // namespace vbr

@@ -24,10 +24,7 @@ class PhraseMenuHandler : public testing::Test, protected MenuFixture {
     // Phrases titled by one letter each, in this order.
     void AddInOrder(std::string_view titles) {
         for (const char title : titles) {
-            VBRCommand record;
-            record.Text = std::u16string(1, static_cast<char16_t>(title));
-            record.SortID = ++sortId_;
-            Phrases.Folder.Write(std::string(1, title) + ".vellumbridge", CommandToXml(record));
+            Phrases.Write(std::string(1, title) + ".vellumbridge", {.SortID = ++sortId_});
         }
         Phrases.Tree.LoadTree(Phrases.Folder.Path());
     }
@@ -125,9 +122,7 @@ TEST_F(PhraseMenuHandler, TheMarkAndTheRecentPhrasesFollowTheirFilesWhenIdsChang
     AddInOrder("bc");
     Remember(u"b");
     Remember(u"c");
-    VBRCommand first;
-    first.Text = u"a";
-    Phrases.Folder.Write("a.vellumbridge", CommandToXml(first));
+    Phrases.Write("a.vellumbridge");
     std::filesystem::remove(FileOf(u"b"));
     Phrases.Tree.LoadTree({});
     Menu.ForgetMissing();

@@ -15,12 +15,7 @@ namespace {
 class CommandTree : public testing::Test, protected PhraseTree {
   protected:
     void AddPhrase(const std::string& path, std::uint32_t sortId, bool enabled = true) {
-        VBRCommand record;
-        record.Text = std::filesystem::path(path).stem().u16string();
-        record.Cmd = u"text";
-        record.SortID = sortId;
-        record.Enabled = enabled;
-        Folder.Write(path, CommandToXml(record));
+        Write(path, {.Cmd = u"text", .SortID = sortId, .Enabled = enabled});
     }
 
     void AddFolderSelf(const std::string& path, const std::string& attributes) {

@@ -58,6 +58,12 @@ TEST_F(HotkeyServiceStart, WithoutAllSharedObjectsNoKeyIsRegistered) {
     EXPECT_EQ(FailedStart(), Journal());
 }
 
+TEST_F(HotkeyServiceStart, AKeyThatIsTakenClosesTheSharedObjects) {
+    Hotkeys.Error = SystemError{1409, u"taken"};
+    EXPECT_EQ(FailedStart().back(), kCloseArea);
+    EXPECT_EQ(errorText_, Concat(u"\n\n", Messages.at(0), u"\n", Messages.at(1)));
+}
+
 TEST_F(HotkeyServiceStart, ALibraryThatFailsGivesKeyAndObjectsBack) {
     Library.InstallResult = false;
     Library.ErrorCode = 3;
