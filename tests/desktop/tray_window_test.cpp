@@ -4,7 +4,9 @@
 #include <algorithm>
 #include <vector>
 
+#include "desktop/driver/history.h"
 #include "desktop/program_test.h"
+#include "menu/extra_commands.h"
 #include "platform/object_names.h"
 #include "resources/resource_ids.h"
 #include "settings/shared_settings.h"
@@ -16,6 +18,9 @@ namespace {
 // What other programs send to the running one, and find of it.
 class TrayWindowTest : public ProgramTest {
   protected:
+    // The history begins empty.
+    TrayWindowTest() { Copier().Copy({}); }
+
     static LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
         DWORD_PTR result = 0;
         EXPECT_TRUE(SendMessageTimeoutW(TrayWindow(), message, wParam, lParam, SMTO_NORMAL,
@@ -94,6 +99,13 @@ TEST_F(TrayWindowTest, ChoicesOfAnotherProcessAreCarriedOut) {
     EXPECT_EQ(notepad.WaitForText(u"sent"), u"sent");
     Send(kMsgCommandFromSelf, 1);
     EXPECT_EQ(notepad.WaitForText(u"sentsent"), u"sentsent");
+    for (const auto& [choice, command] :
+         {std::pair(kResultEditPhrases, kCmdEditPhrases),
+          std::pair(kResultHistoryPane, kCmdTogglePane),
+          std::pair(kResultSelectionIntoPhrase, kCmdAddSelectionAsPhrase)}) {
+        Send(kMsgCommandFromSelf, static_cast<WPARAM>(choice));
+        EXPECT_TRUE(WaitForLog(Concat(u"Command ", command, u" is not available")));
+    }
 }
 
 TEST_F(TrayWindowTest, TheCommandForThePhraseMenuOpensItOverTheWindowInFront) {
@@ -112,6 +124,8 @@ TEST_F(TrayWindowTest, TheServiceGivesUpAllWhenTurnedOffAndServesTheHotKeyWhenTu
     for (int i = 0; i < 3; ++i) {
         Send(WM_COMMAND, kCmdEnableService);
         EXPECT_FALSE(OpenSignal(kEventDataNeeded));
+        EXPECT_TRUE(RegisterHotKey(nullptr, 7, MOD_CONTROL | MOD_ALT, VK_RETURN));
+        UnregisterHotKey(nullptr, 7);
         Send(WM_COMMAND, kCmdEnableService);
         EXPECT_TRUE(OpenSignal(kEventDataNeeded));
     }
