@@ -27,6 +27,19 @@ void CommandDelivery::DeliverClip(ClipText clip, WindowHandle window,
     with_.Delivery.CopyToClipboard(clip.DataType == kDataTypeText, clip.Text, layout);
 }
 
+std::u16string CommandDelivery::TextOf(const VBRCommand& phrase,
+                                       const DeliveryContext& context) const {
+    std::u16string text = phrase.Cmd;
+    with_.Macros.StripLayoutMacros(text);
+    ActionList actions;
+    with_.Runner.BuildActions({.ClipboardText = context.ClipboardText,
+                               .SelText = context.SelText,
+                               .DataType = phrase.DataType,
+                               .Language = context.Language},
+                              text, actions);
+    return ActionsToText(actions);
+}
+
 Lcid CommandDelivery::TakeLayout(std::u16string& text, const DeliveryContext& context) const {
     return context.MaySwitchLayout ? with_.Macros.StripLayoutMacros(text) : 0;
 }

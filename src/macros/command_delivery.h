@@ -53,6 +53,8 @@ class CommandDelivery {
                        const DeliveryContext& context);
     // Delivers the item and leaves it on the clipboard.
     void DeliverClip(ClipText clip, WindowHandle window, const DeliveryContext& context);
+    // The phrase's text or source as a delivery would make it, prompts by their default answers.
+    std::u16string TextOf(const VBRCommand& phrase, const DeliveryContext& context) const;
 
   private:
     // Takes the layout macros out of the text; the language that they ask for, or 0.

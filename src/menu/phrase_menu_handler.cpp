@@ -89,6 +89,13 @@ MenuChoice IDataNeededHander_MenuSelf::ChoiceOfNumber(std::uint32_t number) cons
                                             : MenuChoice();
 }
 
+DeliveryContext IDataNeededHander_MenuSelf::Context() const {
+    return {.ClipboardText = clipboardAtHotkey_,
+            .SelText = selectedText_,
+            .Language = LanguageOf(hkl_),
+            .MaySwitchLayout = IsAllow_SwitchLayout()};
+}
+
 void IDataNeededHander_MenuSelf::LogWindows(const WPQuery& query) {
     const GuiThreadWindows& windows = query.GuiThreadInfo;
     const std::pair<std::u16string_view, WindowHandle> headed[] = {

@@ -89,6 +89,8 @@ class IDataNeededHander_MenuSelf {
     const std::u16string& ClipboardAtHotkey() const { return clipboardAtHotkey_; }
     const std::u16string& SelectedText() const { return selectedText_; }
     LayoutHandle Hkl() const { return hkl_; }
+    // What the query found, as a delivery of its choice needs it.
+    DeliveryContext Context() const;
 
   private:
     void LogWindows(const WPQuery& query);

@@ -123,10 +123,7 @@ void QueryFlow::CarryOut(const MenuChoice& choice, WindowHandle target) {
 }
 
 bool QueryFlow::Deliver(const MenuChoice& choice, WindowHandle target) {
-    const DeliveryContext context{.ClipboardText = with_.Menu.ClipboardAtHotkey(),
-                                  .SelText = with_.Menu.SelectedText(),
-                                  .Language = LanguageOf(with_.Menu.Hkl()),
-                                  .MaySwitchLayout = with_.Menu.IsAllow_SwitchLayout()};
+    const DeliveryContext context = with_.Menu.Context();
     if (const auto* file = std::get_if<std::filesystem::path>(&choice)) {
         const bool delivered = with_.Delivery.DeliverPhrase(*file, target, context);
         with_.Menu.RememberCommand(*file);

@@ -59,7 +59,8 @@ struct MenuFixture : ExchangeFixture {
     RightMenuCommands RightMenu{
         {.Tree = Phrases.Tree,
          .Menu = Menu,
-         .Expand = [](const VBRCommand& record) { return record.Cmd; },
+         .Expand =
+             [this](const VBRCommand& record) { return Delivery.TextOf(record, Menu.Context()); },
          .Copy = [this](bool plain,
                         std::u16string_view text) { return Text.CopyToClipboard(plain, text, 0); },
          .CopyHistoryItem =

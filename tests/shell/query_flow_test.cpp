@@ -46,10 +46,7 @@ class QueryFlowTest : public testing::Test, protected ShellFixture {
 TEST_F(QueryFlowTest, APressBringsTheMenuAndItsChoiceToTheTarget) {
     AddPhrase("p", u"[%SELECTED_TEXT%|%CLIPBOARD_TEXT%]");
     Clipboard.Copy({FakeClipboardAccess::Text(u"clip")});
-    Macros.Clock.WhileAsleep = [this] {
-        Clipboard.Copy({FakeClipboardAccess::Text(u"sel")});
-        Macros.Clock.WhileAsleep = [] {};
-    };
+    LetTargetCopy(u"sel");
     ChoosePhrase(1);
     whileMenu_ = [this] { EXPECT_THAT(Heard(), ElementsAre("menu.wav")); };
     Flow.OnHotKey();
@@ -203,13 +200,14 @@ TEST_F(QueryFlowTest, AChoiceFromOutsideIsCarriedOutByItsNumber) {
 }
 
 TEST_F(QueryFlowTest, ACopyByRightClickStaysOnTheClipboardWhenTheMenuIsLeft) {
-    AddPhrase("p", u"copied");
+    AddPhrase("p", u"over %SELECTED_TEXT% and %CLIPBOARD_TEXT%");
     Clipboard.Copy({FakeClipboardAccess::Text(u"mine")});
+    LetTargetCopy(u"sel");
     whileMenu_ = [this] {
         EXPECT_FALSE(Flow.OnRightMenuCommand(RightMenuCode::Copy, {MenuSubjectKind::Phrase, 1}));
     };
     Flow.OnHotKey();
-    EXPECT_EQ(ClipboardText(), u"copied");
+    EXPECT_EQ(ClipboardText(), u"over sel and mine");
 }
 
 }  // namespace

@@ -191,7 +191,10 @@ Program::Program(const ProcessContext& process, HWND window, TrayView& view)
              .StateOf = [](WindowHandle asked) { return StateOf(reinterpret_cast<HWND>(asked)); }}),
       rightMenu_({.Tree = tree_,
                   .Menu = menu_,
-                  .Expand = [this](const VBRCommand& record) { return ExpandedText(record); },
+                  .Expand =
+                      [this](const VBRCommand& record) {
+                          return delivery_.TextOf(record, menu_.Context());
+                      },
                   .Copy =
                       [this](bool plain, std::u16string_view text) {
                           return text_.CopyToClipboard(plain, text, LanguageOf(menu_.Hkl()));
@@ -341,19 +344,6 @@ void Program::Stop() {
     snapshot_.RestoreClipboardSnapshot();
     capture_.Stop();
     EndSessionNotices(sessionNotify_, NumberOf(window_), process_.Log);
-}
-
-// As a delivery makes it, but for no target.
-std::u16string Program::ExpandedText(const VBRCommand& record) {
-    std::u16string text = record.Cmd;
-    macros_.StripLayoutMacros(text);
-    ActionList actions;
-    runner_.BuildActions({.ClipboardText = menu_.ClipboardAtHotkey(),
-                          .SelText = menu_.SelectedText(),
-                          .DataType = record.DataType,
-                          .Language = LanguageOf(menu_.Hkl())},
-                         text, actions);
-    return ActionsToText(actions);
 }
 
 }  // namespace vbr

@@ -137,7 +137,6 @@ class Program {
   private:
     void WatchEvents();
     void Watch(std::span<const WatchedEvent> events);
-    std::u16string ExpandedText(const VBRCommand& record);
 
     ProcessContext process_;
     HWND window_;
