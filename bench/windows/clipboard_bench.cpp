@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "exchange/clipboard_snapshot.h"
 #include "fakes/memory_log.h"
+#include "platform/clipboard_snapshot.h"
 #include "platform/win32/win_clipboard_access.h"
 #include "ratio.h"
 

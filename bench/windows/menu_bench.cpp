@@ -141,7 +141,6 @@ class PhraseMenuFixture {
                     .Settings = settings_,
                     .Texts = macros_.Texts,
                     .Presenter = presenter_,
-                    .Clock = clock_,
                     .Guard = guard_.Sections,
                     .Log = guard_.Log,
                     .StateOf = [](WindowHandle asked) {

@@ -10,17 +10,12 @@
 #include "exchange/win32/hook_module.h"
 #include "exchange/win32/query_wait_thread.h"
 #include "fakes/memory_log.h"
-#include "platform/my_copy.h"
 #include "platform/object_names.h"
 #include "platform/win32/handle.h"
 #include "platform/win32/wide.h"
-#include "platform/win32/win_ansi_text.h"
-#include "platform/win32/win_clipboard_access.h"
-#include "platform/win32/win_clock.h"
-#include "platform/win32/win_desktop_windows.h"
-#include "platform/win32/win_input_injector.h"
 #include "platform/win32/win_named_objects.h"
 #include "ratio.h"
+#include "windows/real_reader.h"
 #include "windows/target_thread.h"
 
 namespace vbr::bench {
@@ -64,7 +59,7 @@ class PostedQueries {
         const auto start = std::chrono::steady_clock::now();
         got_ = false;
         WPQuery query;
-        query.GuiThreadInfo = windows_.OwnGuiThread();
+        query.GuiThreadInfo = reader_.Windows.OwnGuiThread();
         benchmark::DoNotOptimize(library_.GetTargetWindow());
         route_.Start(reinterpret_cast<WindowHandle>(target), 0, query);
         while (!got_) {
@@ -105,24 +100,13 @@ class PostedQueries {
         objects_.Create(kEventDataCompleted, EventReset::Manual, ObjectAccess::Default);
     std::unique_ptr<NamedEvent> stop_ =
         objects_.Create(u"", EventReset::Manual, ObjectAccess::Default);
-    WinDesktopWindows windows_;
-    WinClipboardAccess clipboard_{nullptr};
-    WinAnsiText ansi_;
-    WinInputInjector input_;
-    WinClock clock_;
-    MyCopyGuard ownCopy_{clock_, log_};
-    SelectedTextReader selection_{{.Clipboard = clipboard_,
-                                   .Ansi = ansi_,
-                                   .Input = input_,
-                                   .Windows = windows_,
-                                   .Clock = clock_,
-                                   .OwnCopy = ownCopy_}};
-    PostedRoute route_{windows_, selection_, message_, log_};
+    RealReader reader_{log_};
+    PostedRoute route_{reader_.Windows, reader_.Selection, message_, log_};
     HookModule library_{LibraryPath()};
     CVBRDLLService hooks_{{.Library = library_,
                            .LibraryPath = u"",
                            .Objects = objects_,
-                           .Windows = windows_,
+                           .Windows = reader_.Windows,
                            .Route = route_,
                            .Log = log_}};
     QueryWaitThread wait_{{.NotifyWindow = notify_,
@@ -130,7 +114,7 @@ class PostedQueries {
                            .ErrorMessage = kWaitError,
                            .Stop = *stop_,
                            .Memory = objects_,
-                           .Selection = selection_,
+                           .Selection = reader_.Selection,
                            .Log = log_}};
     WPQuery query_;
     std::chrono::steady_clock::time_point ready_;

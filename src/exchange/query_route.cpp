@@ -26,11 +26,9 @@ std::u16string_view DescribeRoute(RouteKind route) {
 
 QueryStart LocalRoute::Start(WindowHandle target, std::uintptr_t, WPQuery& query) {
     query.TargetWindow = target;
-    query.StateSelText = kSelTextFailed;
-    query.SelText = selection_.ExtractSelectedText(target);
-    if (!query.SelText.empty()) {
-        query.StateSelText = kSelTextExtracted;
-    }
+    Selection selection = selection_.ExtractSelectedText(target);
+    query.StateSelText = selection.State;
+    query.SelText = std::move(selection.Text);
     const WindowThread thread = windows_.ThreadOf(target);
     query.AppPath = windows_.ProgramPath(thread.Process);
     query.Hkl = windows_.KeyboardLayout(thread.Thread);

@@ -1,42 +1,64 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <atomic>
+#include <cstdint>
+#include <functional>
 #include <string>
 
+#include "exchange/query.h"
 #include "platform/ansi_text.h"
 #include "platform/clipboard_access.h"
+#include "platform/clipboard_snapshot.h"
 #include "platform/clock.h"
 #include "platform/desktop_windows.h"
 #include "platform/input_injector.h"
 #include "platform/my_copy.h"
+#include "platform/target_input.h"
 
 namespace vbr {
 
-// Gets the selected text of a window of another program by making it copy. Any thread may call.
+// What is selected, with the state that a query has for it.
+struct Selection {
+    std::int32_t State = kSelTextFailed;
+    std::u16string Text;
+};
+
+// Gets the selected text of a window of another program by making it copy. The clipboard gets its
+// content back at once. One thread at a time.
 class SelectedTextReader {
   public:
+    // The most that a copy is waited for.
+    static constexpr std::uint32_t kCopyMs = 400;
+
     struct Collaborators {
         ClipboardAccess& Clipboard;
+        CClipboardSnapshot& Snapshot;
         const AnsiText& Ansi;
         InputInjector& Input;
+        TargetInput& Keys;
         DesktopWindows& Windows;
         vbr::Clock& Clock;
         MyCopyGuard& OwnCopy;
+        vbr::Log& Log;
+        std::function<std::uint16_t()> HotkeyVk;          // what the user may still hold
+        std::function<std::u16string()> TerminalClasses;  // further ones, of the user
     };
 
-    explicit SelectedTextReader(const Collaborators& with) : with_(with) {}
+    explicit SelectedTextReader(Collaborators with) : with_(std::move(with)) {}
 
-    // The selected text, empty when there is none. Blocks for at least 400 ms and leaves the copy
-    // on the clipboard, but out of the history.
-    std::u16string ExtractSelectedText(WindowHandle target);
-
-    // While it isn't allowed the clipboard stays as it is and no text is selected.
-    void AllowCopy(bool allowed) { mayCopy_ = allowed; }
+    // A target that says that nothing is selected, or whose clipboard couldn't be given back, gets
+    // no keys; terminals get the message alone. The copy stays out of the history.
+    Selection ExtractSelectedText(WindowHandle target);
 
   private:
+    bool IsTerminal(WindowHandle target) const;
+    bool LetCopy(WindowHandle target, bool answersMessages, bool takesKeys);
+    bool CopyByKeys(WindowHandle target, std::uint32_t before);
+    bool CopyByMessage(WindowHandle target, std::uint32_t before);
+    bool WaitForChange(std::uint32_t before, std::uint32_t patienceMs);
+    std::u16string TakeCopy();
+
     Collaborators with_;
-    std::atomic<bool> mayCopy_ = true;
 };
 
 }  // namespace vbr

@@ -54,10 +54,9 @@ void CWaitQuery::ProcessQuery() {
         return;
     }
     if (query.StateSelText == kSelTextFailed && query.SelText.empty()) {
-        query.SelText = selection_.ExtractSelectedText(query.TargetWindow);
-        if (!query.SelText.empty()) {
-            query.StateSelText = kSelTextExtracted;
-        }
+        Selection selection = selection_.ExtractSelectedText(query.TargetWindow);
+        query.StateSelText = selection.State;
+        query.SelText = std::move(selection.Text);
     }
     LogQuery(query);
     if (!receiver_.Deliver(exchange)) {

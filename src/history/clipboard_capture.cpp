@@ -12,7 +12,6 @@ namespace vbr {
 namespace {
 
 // Other programs that follow the clipboard look at it at the same moment, each for an instant.
-constexpr std::uint32_t kOpenPatienceMs = 100;
 
 // The position of the text's end, counted in units of that many bytes.
 std::size_t TextLength(const ItemBytes& bytes, std::size_t unit) {
@@ -49,7 +48,7 @@ std::unique_ptr<CCHItem> ClipboardCapture::Capture(WindowHandle owner) {
     }
     auto item = std::make_unique<CCHItem>(CHF_UNICODE_TEXT, owner, with_.Clock.LocalTime());
     {
-        const std::unique_ptr<ClipboardSession> clipboard = with_.Access.Open(kOpenPatienceMs);
+        const std::unique_ptr<ClipboardSession> clipboard = with_.Access.Open(kClipboardPatienceMs);
         if (!clipboard) {
             log.LogError(u"Clipboard not captured: another program holds it");
             return nullptr;

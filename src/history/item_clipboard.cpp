@@ -7,7 +7,6 @@ namespace vbr {
 namespace {
 
 // A held clipboard is told to the user at once.
-constexpr std::uint32_t kNoPatience = 0;
 
 // Text with its terminator, up to the first zero; nothing at all for an empty text.
 template <typename Unit>
@@ -51,7 +50,7 @@ bool ItemClipboard::PutItem(const CCHItem& item) {
 }
 
 bool ItemClipboard::SetClipboardBlock(ClipboardBlock block) {
-    const auto clipboard = with_.Access.Open(kNoPatience);
+    const auto clipboard = with_.Access.Open(kClipboardPatienceMs);
     if (!clipboard) {
         with_.Log.LogError(u"Cannot open the clipboard for a history item");
         return false;
@@ -75,7 +74,7 @@ bool ItemClipboard::PutBitmapOnClipboard(const Bitmap& bitmap) {
         with_.Log.LogError(u"Cannot take the bitmap of a history item");
         return false;
     }
-    const auto clipboard = with_.Access.Open(kNoPatience);
+    const auto clipboard = with_.Access.Open(kClipboardPatienceMs);
     if (!clipboard) {
         with_.Log.LogError(u"Cannot open the clipboard for a history item");
         return false;

@@ -1,28 +1,51 @@
 // SPDX-License-Identifier: MIT
 #include "macros/actions.h"
 
+#include <algorithm>
+
 #include "base/text.h"
 #include "macros/prompt_split.h"
 #include "phrases/command_record.h"
 
 namespace vbr {
+namespace {
 
-void CVBRAction_Exec::Execute(WindowHandle window) {
+std::size_t CursorSteps(std::u16string_view text) {
+    return text.size() - static_cast<std::size_t>(std::count(text.begin(), text.end(), u'\n'));
+}
+
+std::optional<std::size_t> IfAny(std::size_t steps) {
+    return steps > 0 ? std::optional(steps) : std::nullopt;
+}
+
+}  // namespace
+
+TextDelivery::Result CVBRAction_Exec::Execute(WindowHandle window) {
     start_.ExecuteCommandLine(window, Text);
+    return std::nullopt;
 }
 
-void CVBRAction_PlainText::Execute(WindowHandle) {
-    delivery_.DeliverText(Text, CursorBack);
+TextDelivery::Result CVBRAction_PlainText::Execute(WindowHandle window) {
+    return delivery_.DeliverText(window, Text);
 }
 
-void CVBRAction_RichText::Execute(WindowHandle) {
-    delivery_.PasteRich(Text, CursorBack, Language);
+std::size_t CVBRAction_PlainText::Steps() const {
+    return CursorSteps(Text);
 }
 
-void CVBRAction_Prompt::Execute(WindowHandle window) {
-    if (prompter_.ShowPromptDialog(window, Text) && !Text.empty()) {
-        CVBRAction_PlainText::Execute(window);
+TextDelivery::Result CVBRAction_RichText::Execute(WindowHandle window) {
+    return delivery_.PasteRich(window, Text, Language);
+}
+
+std::size_t CVBRAction_RichText::Steps() const {
+    return CursorSteps(delivery_.PlainTextOf(Text));
+}
+
+TextDelivery::Result CVBRAction_Prompt::Execute(WindowHandle window) {
+    if (!prompter_.ShowPromptDialog(window, Text)) {
+        Text.clear();
     }
+    return Text.empty() ? std::nullopt : CVBRAction_PlainText::Execute(window);
 }
 
 bool ActionRunner::BuildActions(const CVBRActionContext& context, std::u16string_view text,
@@ -50,11 +73,11 @@ std::unique_ptr<CVBRAction> ActionRunner::MakeTextAction(const CVBRActionContext
     }
     const MacroInput input{context.SelText, context.ClipboardText, context.Language};
     if (context.DataType == kDataTypeRtf) {
-        const std::size_t cursorBack = with_.Rich.ExpandMacrosRich(text, input).CursorBack;
+        const auto cursorBack = IfAny(with_.Rich.ExpandMacrosRich(text, input).CursorBack);
         return std::make_unique<CVBRAction_RichText>(std::move(text), cursorBack, context.Language,
                                                      with_.Delivery);
     }
-    const std::size_t cursorBack = with_.Macros.ExpandMacros(text, input).CursorBack;
+    const auto cursorBack = IfAny(with_.Macros.ExpandMacros(text, input).CursorBack);
     return std::make_unique<CVBRAction_PlainText>(std::move(text), cursorBack, context.Language,
                                                   with_.Delivery);
 }
@@ -69,19 +92,53 @@ void ActionRunner::ExpandExecCommand(WindowHandle window, std::u16string& text,
         text, {oneLine, clipboardText, LanguageOf(with_.Windows.KeyboardLayout(thread))});
 }
 
-bool ActionRunner::RunActions(const CVBRActionContext& context, const ActionList& list) {
-    WindowHandle window = context.TargetWindow;
+void ActionRunner::BuildLiteral(const CVBRActionContext& context, std::u16string text,
+                                ActionList& list) {
+    if (context.DataType == kDataTypeRtf) {
+        list.push_back(std::make_unique<CVBRAction_RichText>(std::move(text), std::nullopt,
+                                                             context.Language, with_.Delivery));
+    } else {
+        list.push_back(std::make_unique<CVBRAction_PlainText>(std::move(text), std::nullopt,
+                                                              context.Language, with_.Delivery));
+    }
+}
+
+std::optional<UndeliveredText> ActionRunner::RunActions(const CVBRActionContext& context,
+                                                        const ActionList& list) {
+    const WindowHandle window = context.TargetWindow;
+    std::optional<UndeliveredText> lost;
+    std::optional<std::size_t> stepsBack;  // from the end of what was delivered to the mark
+    for (const std::unique_ptr<CVBRAction>& action : list) {
+        auto failure = action->NeedsTarget() ? WhyOutOfReach(window) : std::nullopt;
+        if (!failure) {
+            failure = action->Execute(window);
+        }
+        if (failure) {
+            lost = lost ? std::move(lost) : UndeliveredText{*failure, action->Text};
+        } else if (stepsBack) {
+            *stepsBack += action->Steps();
+        } else {
+            stepsBack = action->StepsBehindMark();
+        }
+    }
+    if (stepsBack.value_or(0) > 0 && !lost) {
+        with_.Delivery.MoveCursorBack(window, *stepsBack);
+    }
+    with_.Delivery.EndPastes();
+    return lost;
+}
+
+std::optional<DeliveryFailure> ActionRunner::WhyOutOfReach(WindowHandle window) const {
     if (!with_.Targets.IsWindow(window)) {
-        with_.Log.Write(u"The target window is gone; keys go to what has the focus now");
-        window = 0;
-    } else if (with_.Targets.RunsElevated(window)) {
+        with_.Log.LogError(u"The target window is gone");
+        return DeliveryFailure::TargetGone;
+    }
+    if (with_.Targets.RunsElevated(window)) {
         with_.Log.LogError(
             u"The target runs with administrator's rights; the system keeps typed keys from it");
+        return DeliveryFailure::TargetElevated;
     }
-    for (const std::unique_ptr<CVBRAction>& action : list) {
-        action->Execute(window);
-    }
-    return !list.empty();
+    return std::nullopt;
 }
 
 std::u16string ActionsToText(const ActionList& list) {

@@ -3,10 +3,12 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "macros/command_start.h"
+#include "macros/delivery_failure.h"
 #include "macros/macro_engine.h"
 #include "macros/prompt_dialog.h"
 #include "macros/rich_macros.h"
@@ -33,7 +35,14 @@ class CVBRAction {
     explicit CVBRAction(std::u16string text) : Text(std::move(text)) {}
     virtual ~CVBRAction() = default;
 
-    virtual void Execute(WindowHandle window) = 0;
+    // Nothing on success.
+    virtual TextDelivery::Result Execute(WindowHandle window) = 0;
+    // Whether it puts text into the window.
+    virtual bool NeedsTarget() const { return true; }
+    // How many presses of a cursor key pass the text, once it is delivered, and how many the part
+    // behind the cursor's mark, when it has one.
+    virtual std::size_t Steps() const { return 0; }
+    virtual std::optional<std::size_t> StepsBehindMark() const { return std::nullopt; }
 
     std::u16string Text;
 };
@@ -44,7 +53,8 @@ class CVBRAction_Exec : public CVBRAction {
     CVBRAction_Exec(std::u16string text, CommandStart& start)
         : CVBRAction(std::move(text)), start_(start) {}
 
-    void Execute(WindowHandle window) override;
+    TextDelivery::Result Execute(WindowHandle window) override;
+    bool NeedsTarget() const override { return false; }
 
   private:
     CommandStart& start_;
@@ -53,14 +63,16 @@ class CVBRAction_Exec : public CVBRAction {
 // A piece of text with the place of the cursor in it.
 class CVBRAction_TextCommon : public CVBRAction {
   public:
-    CVBRAction_TextCommon(std::u16string text, std::size_t cursorBack, Lcid language,
+    CVBRAction_TextCommon(std::u16string text, std::optional<std::size_t> cursorBack, Lcid language,
                           TextDelivery& delivery)
         : CVBRAction(std::move(text)),
           CursorBack(cursorBack),
           Language(language),
           delivery_(delivery) {}
 
-    std::size_t CursorBack;
+    std::optional<std::size_t> StepsBehindMark() const override { return CursorBack; }
+
+    std::optional<std::size_t> CursorBack;  // nothing without a mark
     Lcid Language;
 
   protected:
@@ -71,14 +83,16 @@ class CVBRAction_PlainText : public CVBRAction_TextCommon {
   public:
     using CVBRAction_TextCommon::CVBRAction_TextCommon;
 
-    void Execute(WindowHandle window) override;
+    TextDelivery::Result Execute(WindowHandle window) override;
+    std::size_t Steps() const override;
 };
 
 class CVBRAction_RichText : public CVBRAction_TextCommon {
   public:
     using CVBRAction_TextCommon::CVBRAction_TextCommon;
 
-    void Execute(WindowHandle window) override;
+    TextDelivery::Result Execute(WindowHandle window) override;
+    std::size_t Steps() const override;
 };
 
 // Asks the user; its text is the default answer, and then the answer, which goes out as plain text.
@@ -86,15 +100,22 @@ class CVBRAction_Prompt : public CVBRAction_PlainText {
   public:
     CVBRAction_Prompt(std::u16string text, Lcid language, TextDelivery& delivery,
                       Prompter& prompter)
-        : CVBRAction_PlainText(std::move(text), 0, language, delivery), prompter_(prompter) {}
+        : CVBRAction_PlainText(std::move(text), std::nullopt, language, delivery),
+          prompter_(prompter) {}
 
-    void Execute(WindowHandle window) override;
+    TextDelivery::Result Execute(WindowHandle window) override;
 
   private:
     Prompter& prompter_;
 };
 
 using ActionList = std::vector<std::unique_ptr<CVBRAction>>;
+
+// A text that didn't reach its target.
+struct UndeliveredText {
+    DeliveryFailure Why;
+    std::u16string Text;
+};
 
 // Turns a phrase's text into actions and runs them. Belongs to the main thread.
 class ActionRunner {
@@ -115,11 +136,17 @@ class ActionRunner {
     // Every segment of the text expanded by itself, in order. False for an unknown kind of phrase.
     bool BuildActions(const CVBRActionContext& context, std::u16string_view text, ActionList& list);
 
-    // Runs the actions in order, each whatever became of those before it; false for an empty list.
-    // A target that is gone or that typed text can't reach is told in the log.
-    bool RunActions(const CVBRActionContext& context, const ActionList& list);
+    // The text as it stands as the only action, typed or pasted, or pasted as formatted text.
+    void BuildLiteral(const CVBRActionContext& context, std::u16string text, ActionList& list);
+
+    // Runs the actions in order, each whatever became of those before it, and then brings the
+    // cursor to its mark. Nothing goes to another window than that of the context; what didn't
+    // arrive first comes back.
+    std::optional<UndeliveredText> RunActions(const CVBRActionContext& context,
+                                              const ActionList& list);
 
   private:
+    std::optional<DeliveryFailure> WhyOutOfReach(WindowHandle window) const;
     std::unique_ptr<CVBRAction> MakeTextAction(const CVBRActionContext& context,
                                                std::u16string text) const;
     void ExpandExecCommand(WindowHandle window, std::u16string& text, std::u16string_view selText,

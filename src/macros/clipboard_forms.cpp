@@ -25,7 +25,7 @@ std::vector<ClipboardBlock> RichClipboardForm(std::u16string_view source,
 }
 
 bool PutOnClipboard(const std::vector<ClipboardBlock>& blocks, ClipboardAccess& clipboard) {
-    const std::unique_ptr<ClipboardSession> session = clipboard.Open(0);
+    const std::unique_ptr<ClipboardSession> session = clipboard.Open(kClipboardPatienceMs);
     return session && session->Empty() &&
            std::all_of(blocks.begin(), blocks.end(),
                        [&session](const ClipboardBlock& block) { return session->Write(block); });

@@ -18,8 +18,8 @@ std::vector<ClipboardBlock> PlainClipboardForm(std::u16string_view text, Lcid lo
 std::vector<ClipboardBlock> RichClipboardForm(std::u16string_view source,
                                               std::u16string_view plainText, Lcid language);
 
-// Replaces what the clipboard holds; false when another program holds it open or the system
-// refuses. There is one try.
+// Replaces what the clipboard holds; false when another program keeps it open or the system
+// refuses.
 bool PutOnClipboard(const std::vector<ClipboardBlock>& blocks, ClipboardAccess& clipboard);
 
 }  // namespace vbr

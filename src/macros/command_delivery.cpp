@@ -2,29 +2,51 @@
 #include "macros/command_delivery.h"
 
 namespace vbr {
+namespace {
 
-bool CommandDelivery::DeliverPhrase(const std::filesystem::path& file, WindowHandle window,
-                                    const DeliveryContext& context) {
+CVBRActionContext ContextOf(std::int32_t dataType, WindowHandle window,
+                            const DeliveryContext& context) {
+    return {.TargetWindow = window,
+            .ClipboardText = context.ClipboardText,
+            .SelText = context.SelText,
+            .DataType = dataType,
+            .Language = context.Language};
+}
+
+}  // namespace
+
+std::optional<UndeliveredText> CommandDelivery::DeliverPhrase(const std::filesystem::path& file,
+                                                              WindowHandle window,
+                                                              const DeliveryContext& context) {
     const VBRCommand* record = with_.Tree.FindByFile(file);
     if (!record) {
-        return false;
+        return std::nullopt;
     }
-    ClipText command{record->DataType, record->Cmd};
-    const Lcid layout = TakeLayout(command.Text, context);
-    if (Run(command, layout, window, context)) {
+    std::u16string text = record->Cmd;
+    const CVBRActionContext actionContext = ContextOf(record->DataType, window, context);
+    const Lcid layout = context.MaySwitchLayout ? with_.Macros.StripLayoutMacros(text) : 0;
+    ActionList actions;
+    with_.Runner.BuildActions(actionContext, text, actions);
+    SwitchLayout(layout, actionContext);
+    auto lost = Run(actionContext, actions);
+    if (!lost && !actions.empty()) {
         // A prompt leaves time for the phrase to go.
         if (const VBRCommand* used = with_.Tree.FindByFile(file)) {
             with_.Tree.RecordUsage(used->CMDID);
         }
     }
-    return true;
+    return lost;
 }
 
-void CommandDelivery::DeliverClip(ClipText clip, WindowHandle window,
-                                  const DeliveryContext& context) {
-    const Lcid layout = TakeLayout(clip.Text, context);
-    Run(clip, layout, window, context);
-    with_.Delivery.CopyToClipboard(clip.DataType == kDataTypeText, clip.Text, layout);
+std::optional<UndeliveredText> CommandDelivery::DeliverClip(const ClipText& clip,
+                                                            WindowHandle window,
+                                                            const DeliveryContext& context) {
+    const CVBRActionContext actionContext = ContextOf(clip.DataType, window, context);
+    ActionList actions;
+    with_.Runner.BuildLiteral(actionContext, clip.Text, actions);
+    auto lost = Run(actionContext, actions);
+    with_.Delivery.CopyToClipboard(clip.DataType == kDataTypeText, clip.Text, 0);
+    return lost;
 }
 
 std::u16string CommandDelivery::TextOf(const VBRCommand& phrase,
@@ -32,35 +54,19 @@ std::u16string CommandDelivery::TextOf(const VBRCommand& phrase,
     std::u16string text = phrase.Cmd;
     with_.Macros.StripLayoutMacros(text);
     ActionList actions;
-    with_.Runner.BuildActions({.ClipboardText = context.ClipboardText,
-                               .SelText = context.SelText,
-                               .DataType = phrase.DataType,
-                               .Language = context.Language},
-                              text, actions);
+    with_.Runner.BuildActions(ContextOf(phrase.DataType, 0, context), text, actions);
     return ActionsToText(actions);
 }
 
-Lcid CommandDelivery::TakeLayout(std::u16string& text, const DeliveryContext& context) const {
-    return context.MaySwitchLayout ? with_.Macros.StripLayoutMacros(text) : 0;
-}
-
-bool CommandDelivery::Run(const ClipText& command, Lcid layout, WindowHandle window,
-                          const DeliveryContext& context) {
-    const CVBRActionContext actionContext{.TargetWindow = window,
-                                          .ClipboardText = context.ClipboardText,
-                                          .SelText = context.SelText,
-                                          .DataType = command.DataType,
-                                          .Language = context.Language};
-    ActionList actions;
-    with_.Runner.BuildActions(actionContext, command.Text, actions);
-    SwitchLayout(layout, actionContext);
+std::optional<UndeliveredText> CommandDelivery::Run(const CVBRActionContext& context,
+                                                    const ActionList& actions) {
     if (actions.empty()) {
-        return false;
+        return std::nullopt;
     }
-    with_.Sounds.PlayEventSound(command.DataType == kDataTypeExec ? EventSound::ProgramLaunched
+    with_.Sounds.PlayEventSound(context.DataType == kDataTypeExec ? EventSound::ProgramLaunched
                                                                   : EventSound::TextInserted);
     const MyCopyScope ownCopy(with_.OwnCopy);
-    return with_.Runner.RunActions(actionContext, actions);
+    return with_.Runner.RunActions(context, actions);
 }
 
 void CommandDelivery::SwitchLayout(Lcid layout, const CVBRActionContext& context) {

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <optional>
 #include <string>
 
 #include "macros/actions.h"
@@ -48,20 +49,19 @@ class CommandDelivery {
 
     explicit CommandDelivery(const Collaborators& with) : with_(with) {}
 
-    // Delivers the phrase with that file and counts its use. False when there is none.
-    bool DeliverPhrase(const std::filesystem::path& file, WindowHandle window,
-                       const DeliveryContext& context);
-    // Delivers the item and leaves it on the clipboard.
-    void DeliverClip(ClipText clip, WindowHandle window, const DeliveryContext& context);
+    // Delivers the phrase with that file, if there is one, and counts its use when all of it has
+    // arrived; else what has not.
+    std::optional<UndeliveredText> DeliverPhrase(const std::filesystem::path& file,
+                                                 WindowHandle window,
+                                                 const DeliveryContext& context);
+    // Delivers the item as it stands, without a look for macros, and leaves it on the clipboard.
+    std::optional<UndeliveredText> DeliverClip(const ClipText& clip, WindowHandle window,
+                                               const DeliveryContext& context);
     // The phrase's text or source as a delivery would make it, prompts by their default answers.
     std::u16string TextOf(const VBRCommand& phrase, const DeliveryContext& context) const;
 
   private:
-    // Takes the layout macros out of the text; the language that they ask for, or 0.
-    Lcid TakeLayout(std::u16string& text, const DeliveryContext& context) const;
-    // False when there was nothing to do.
-    bool Run(const ClipText& command, Lcid layout, WindowHandle window,
-             const DeliveryContext& context);
+    std::optional<UndeliveredText> Run(const CVBRActionContext& context, const ActionList& actions);
     void SwitchLayout(Lcid layout, const CVBRActionContext& context);
 
     Collaborators with_;

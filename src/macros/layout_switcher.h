@@ -9,6 +9,7 @@
 #include "platform/input_injector.h"
 #include "platform/keyboard_layouts.h"
 #include "platform/log.h"
+#include "platform/target_input.h"
 #include "platform/target_windows.h"
 
 namespace vbr {
@@ -27,6 +28,7 @@ class LayoutSwitcher {
   public:
     struct Collaborators {
         InputInjector& Input;
+        TargetInput& Keys;
         const KeyboardLayouts& Layouts;
         const DesktopWindows& Windows;
         TargetWindows& Targets;
@@ -43,6 +45,9 @@ class LayoutSwitcher {
     void SwitchKeyboardLayout(Lcid language, WindowHandle window);
 
   private:
+    InputState Press(TargetKeys& keys, Lcid language, WindowHandle window);
+    bool HasLanguage(Lcid language, WindowHandle window) const;
+
     Collaborators with_;
 };
 

@@ -2,14 +2,14 @@
 #include "macros/text_delivery.h"
 
 #include <algorithm>
-#include <array>
-#include <system_error>
-#include <thread>
+#include <utility>
+#include <vector>
 
 #include "base/text.h"
 #include "macros/clipboard_forms.h"
 #include "macros/key_events.h"
 #include "macros/rich_macros.h"
+#include "platform/key_sending.h"
 
 namespace vbr {
 namespace {
@@ -17,9 +17,14 @@ namespace {
 constexpr std::int32_t kMethodPaste = 1;
 constexpr std::int32_t kMethodByLength = 2;
 
-constexpr std::uint32_t kBeforePasteMs = 400;
+constexpr std::uint32_t kReleaseMs = 300;
+// A slow target gets the time that it needs for a piece.
+constexpr std::uint32_t kPieceMs = 10'000;
+constexpr std::uint32_t kUnjoinedPieceMs = 20;
+// Between the keys of a paste that were read and the text that is fetched; what comes next would
+// overtake it, and another content of the clipboard would be fetched in its place.
 constexpr std::uint32_t kAfterPasteMs = 100;
-constexpr std::uint32_t kBetweenStepsMs = 1;
+constexpr std::uint32_t kBeforeRestoreMs = 500;
 
 }  // namespace
 
@@ -28,86 +33,113 @@ bool IsTyped(const PasteSettings& settings, std::size_t units) {
            (settings.Method != kMethodByLength || units < settings.PrintLTChars);
 }
 
-bool TextDelivery::DeliverText(std::u16string_view text, std::size_t cursorBack) {
+TextDelivery::Result TextDelivery::DeliverText(WindowHandle window, std::u16string_view text) {
     if (!IsTyped(with_.Settings(), text.size())) {
-        return PasteText(text, cursorBack);
+        return PasteText(window, text);
     }
     with_.Log.Write(Concat(u"DoPrint: ", text));
-    return PrintText(text, cursorBack);
+    return PrintText(window, text);
 }
 
-bool TextDelivery::PrintText(std::u16string_view text, std::size_t cursorBack) {
+TextDelivery::Result TextDelivery::PrintText(WindowHandle window, std::u16string_view text) {
     if (text.empty()) {
-        return false;
+        return std::nullopt;
     }
-    WaitForRelease(with_.Input, with_.Clock, with_.Log);
-    const std::array<KeyEvent, 1> controlUp = {{{.Vk = kVkControl, .Flags = kKeyUp}}};
-    return SendAll(controlUp, with_.Input, with_.Log) &&
-           SendAll(PrintEvents(text, cursorBack, with_.Input), with_.Input, with_.Log);
+    return SendPieces(window, [&] {
+        const std::u16string_view piece = NextPiece(text);
+        text.remove_prefix(piece.size());
+        return PrintEvents(piece, with_.Input);
+    });
 }
 
-bool TextDelivery::PasteText(std::u16string_view text, std::size_t cursorBack) {
+TextDelivery::Result TextDelivery::PasteText(WindowHandle window, std::u16string_view text) {
+    return Paste(window, true, text, 0);
+}
+
+TextDelivery::Result TextDelivery::PasteRich(WindowHandle window, std::u16string_view source,
+                                             Lcid language) {
+    return Paste(window, false, source, language);
+}
+
+TextDelivery::Result TextDelivery::Paste(WindowHandle window, bool plain, std::u16string_view text,
+                                         Lcid language) {
     with_.Log.Write(Concat(u"DoPaste: ", text));
-    if (!CopyToClipboard(true, text, 0)) {
-        with_.Log.LogError(u"CVBRAction_TextCommon::MutiCopy_Impl::Cannot set to clipboard");
-        return false;
+    if (with_.Settings().RestoresClipboard && !borrows_) {
+        borrows_ = with_.Snapshot.Take();
     }
-    return Paste(cursorBack);
+    if (!CopyToClipboard(plain, text, language)) {
+        with_.Log.LogError(plain ? u"CVBRAction_TextCommon::MutiCopy_Impl::Cannot set to clipboard"
+                                 : u"Cannot set data to clipboard as MULTI formats");
+        return DeliveryFailure::ClipboardInUse;
+    }
+    if (borrows_) {
+        with_.Snapshot.NoteOwnContent();
+    }
+    std::vector<KeyEvent> keys = CtrlWith(kVkV, with_.Input);
+    const Result result = SendPieces(window, [&] { return std::exchange(keys, {}); });
+    if (!result) {
+        with_.Clock.Sleep(kAfterPasteMs);
+    }
+    return result;
 }
 
-bool TextDelivery::PasteRich(std::u16string_view source, std::size_t cursorBack, Lcid language) {
-    with_.Log.Write(Concat(u"DoPaste: ", source));
-    if (!CopyToClipboard(false, source, language)) {
-        with_.Log.LogError(u"Cannot set data to clipboard as MULTI formats");
-        return false;
+TextDelivery::Result TextDelivery::MoveCursorBack(WindowHandle window, std::size_t steps) {
+    return SendPieces(window, [&] {
+        const std::size_t portion = std::min(steps, kPieceLength);
+        steps -= portion;
+        return CursorEvents(portion, with_.Input);
+    });
+}
+
+void TextDelivery::EndPastes() {
+    if (std::exchange(borrows_, false)) {
+        with_.Clock.Sleep(kBeforeRestoreMs);
+        with_.Snapshot.RestoreClipboardSnapshot();
     }
-    return Paste(cursorBack);
+}
+
+std::u16string TextDelivery::PlainTextOf(std::u16string_view source) const {
+    return RichToPlainText(source, with_.RichText);
 }
 
 bool TextDelivery::CopyToClipboard(bool plain, std::u16string_view text, Lcid language) {
-    const bool done = PutOnClipboard(
-        plain ? PlainClipboardForm(text, with_.Locale.ThreadLocale())
-              : RichClipboardForm(text, RichToPlainText(text, with_.RichText), language),
-        with_.Clipboard);
-    if (done) {
-        with_.OnCopied();
-    }
-    return done;
+    return PutOnClipboard(plain ? PlainClipboardForm(text, with_.Locale.ThreadLocale())
+                                : RichClipboardForm(text, PlainTextOf(text), language),
+                          with_.Clipboard);
 }
 
-bool TextDelivery::Paste(std::size_t cursorBack) {
-    bool sent = false;
-    try {
-        // A new thread sees the keys as they are now; this one as of the input that it has read.
-        std::thread([&] {
-            with_.Clock.Sleep(kBeforePasteMs);
-            sent = SendPasteKeys(cursorBack);
-        }).join();
-    } catch (const std::system_error&) {
-        with_.Log.LogError(u"Cannot start the thread that presses the keys of a paste");
-    }
-    return sent;
+TextDelivery::Result TextDelivery::SendPieces(
+    WindowHandle window, const std::function<std::vector<KeyEvent>()>& nextPiece) {
+    const InputState state = with_.Keys.Use(window, [&](TargetKeys& keys) {
+        InputState reached = keys.AwaitReady();
+        if (reached == InputState::Read || reached == InputState::Sent) {
+            AwaitRelease(kReleaseMs, 0, with_.Input, with_.Clock, with_.Log);
+        }
+        while (reached == InputState::Read || reached == InputState::Sent) {
+            const std::vector<KeyEvent> piece = nextPiece();
+            if (piece.empty()) {
+                break;
+            }
+            reached = keys.Send(piece, kPieceMs, kUnjoinedPieceMs);
+        }
+        return reached;
+    });
+    return ResultOf(state, window);
 }
 
-bool TextDelivery::SendPasteKeys(std::size_t cursorBack) {
-    WaitForRelease(with_.Input, with_.Clock, with_.Log);
-    if (!SendAll(PasteEvents(with_.Input), with_.Input, with_.Log)) {
-        return false;
+TextDelivery::Result TextDelivery::ResultOf(InputState state, WindowHandle window) const {
+    switch (state) {
+        case InputState::Read:
+        case InputState::Sent:
+            return std::nullopt;
+        case InputState::NotRead:
+            return DeliveryFailure::NotRead;
+        case InputState::NotInFront:
+            return with_.Targets.IsWindow(window) ? DeliveryFailure::NotInFront
+                                                  : DeliveryFailure::TargetGone;
+        default:
+            return DeliveryFailure::NotTaken;
     }
-    with_.Clock.Sleep(kAfterPasteMs);
-    const std::size_t portion = CursorStepsAtOnce(cursorBack);
-    const std::vector<KeyEvent> events = CursorEvents(std::min(portion, cursorBack));
-    for (std::size_t left = cursorBack; left > 0;) {
-        const std::size_t steps = std::min(portion, left);
-        if (!SendAll(std::span(events).first(2 * steps), with_.Input, with_.Log)) {
-            return false;
-        }
-        left -= steps;
-        if (steps == portion) {
-            with_.Clock.Sleep(kBetweenStepsMs);
-        }
-    }
-    return true;
 }
 
 }  // namespace vbr

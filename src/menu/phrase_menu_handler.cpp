@@ -14,8 +14,12 @@
 namespace vbr {
 namespace {
 
-// The target needs a moment with the foreground before the text comes.
-constexpr std::uint32_t kAfterChoiceMs = 100;
+// The macros of the clipboard's text, and no others, have this in their names.
+constexpr std::u16string_view kPartOfClipboardMacros = u"CLIPBOARD";
+
+bool MayAskForClipboard(std::u16string_view text, bool isFormatted) {
+    return FindText(text, isFormatted ? u"%" : kPartOfClipboardMacros) != text.npos;
+}
 
 std::optional<Point> PointOf(const WPQuery& query) {
     if (query.PointX == -1 && query.PointY == -1) {
@@ -54,9 +58,6 @@ MenuChoice IDataNeededHander_MenuSelf::OnDataNeeded(const WPQuery& query, WPAnsw
     PhraseMenu menu = with_.Guard.Run(kFaultMakeMenu, PhraseMenu(), [this] { return MakeMenu(); });
     const MenuSubject chosen =
         menu.empty() ? MenuSubject() : with_.Presenter.Show(std::move(menu), point);
-    if (chosen.Kind != MenuSubjectKind::None) {
-        with_.Clock.Sleep(kAfterChoiceMs);
-    }
     return ChoiceOf(chosen);
 }
 
@@ -94,6 +95,16 @@ DeliveryContext IDataNeededHander_MenuSelf::Context() const {
             .SelText = selectedText_,
             .Language = LanguageOf(hkl_),
             .MaySwitchLayout = IsAllow_SwitchLayout()};
+}
+
+bool IDataNeededHander_MenuSelf::AsksForClipboard() const {
+    bool asks = false;
+    with_.Tree.WalkCommands([&asks](const VBRCommand& record, const VBRCommand*) {
+        // Formatting may stand within a token.
+        asks = asks || MayAskForClipboard(record.Cmd, record.DataType == kDataTypeRtf);
+        return !asks;
+    });
+    return asks;
 }
 
 void IDataNeededHander_MenuSelf::LogWindows(const WPQuery& query) {

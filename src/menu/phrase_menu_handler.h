@@ -17,7 +17,6 @@
 #include "menu/queue_history.h"
 #include "menu/recent_commands.h"
 #include "phrases/command_tree.h"
-#include "platform/clock.h"
 #include "platform/log.h"
 #include "platform/strings.h"
 #include "platform/system_info.h"
@@ -56,7 +55,6 @@ class IDataNeededHander_MenuSelf {
         const CVBRSettings& Settings;
         const Strings& Texts;
         MenuPresenter& Presenter;
-        vbr::Clock& Clock;
         GuardedSections& Guard;
         vbr::Log& Log;
         std::function<WindowState(WindowHandle)> StateOf;  // of any window, for the log
@@ -85,6 +83,8 @@ class IDataNeededHander_MenuSelf {
     MenuChoice ChoiceOf(const MenuSubject& subject) const;
     MenuChoice ChoiceOfNumber(std::uint32_t number) const;
 
+    // Whether any phrase may need the clipboard's text.
+    bool AsksForClipboard() const;
     void SetClipboardAtHotkey(std::u16string text) { clipboardAtHotkey_ = std::move(text); }
     const std::u16string& ClipboardAtHotkey() const { return clipboardAtHotkey_; }
     const std::u16string& SelectedText() const { return selectedText_; }

@@ -12,6 +12,9 @@
 
 namespace vbr {
 
+// How long a program that holds the clipboard open is waited for.
+inline constexpr std::uint32_t kClipboardPatienceMs = 500;
+
 // An owner that doesn't answer for that long counts as hung, and its data is not read.
 inline constexpr std::uint32_t kOwnerAnswerMs = 200;
 

@@ -15,9 +15,14 @@ namespace vbr {
 // Standard clipboard formats that code treats by themselves.
 inline constexpr std::uint32_t kClipText = 1;
 inline constexpr std::uint32_t kClipBitmap = 2;
+inline constexpr std::uint32_t kClipMetafile = 3;
+inline constexpr std::uint32_t kClipOemText = 7;
 inline constexpr std::uint32_t kClipDib = 8;
+inline constexpr std::uint32_t kClipPalette = 9;
 inline constexpr std::uint32_t kClipUnicodeText = 13;
+inline constexpr std::uint32_t kClipEnhMetafile = 14;
 inline constexpr std::uint32_t kClipLocale = 16;
+inline constexpr std::uint32_t kClipDibV5 = 17;
 
 // Names of registered formats.
 inline constexpr std::u16string_view kRichTextFormat = u"Rich Text Format";

@@ -28,14 +28,19 @@ class DesktopWindows {
     // Whether libraries of this program can run in the process; so when that can't be told.
     virtual bool HasOwnBitness(std::uint32_t process) const = 0;
     virtual std::u16string ClassName(WindowHandle window) const = 0;
+    // The top window that it stands in; itself for a top window.
+    virtual WindowHandle RootOf(WindowHandle window) const = 0;
+    // Whether anything is selected in an edit control; nothing when it doesn't say. A password's
+    // control has no selection.
+    virtual std::optional<bool> HasSelection(WindowHandle edit) const = 0;
     virtual LayoutHandle KeyboardLayout(std::uint32_t thread) const = 0;
     // Those of the calling thread.
     virtual GuiThreadWindows OwnGuiThread() const = 0;
 
     // Puts a message with that wParam into the window's queue; false when it can't.
     virtual bool Post(WindowHandle window, std::uint32_t message, std::uintptr_t wParam) = 0;
-    // WM_COPY; a window that hangs is given up after two seconds.
-    virtual void SendCopy(WindowHandle window) = 0;
+    // WM_COPY; waits that long for a window that doesn't answer, not at all for one that hangs.
+    virtual void SendCopy(WindowHandle window, std::uint32_t patienceMs) = 0;
 };
 
 }  // namespace vbr

@@ -17,19 +17,24 @@ inline constexpr std::uint16_t kVkC = 0x43;
 inline constexpr std::uint16_t kVkV = 0x56;
 inline constexpr std::uint16_t kVkLeftWin = 91;
 inline constexpr std::uint16_t kVkRightWin = 92;
+inline constexpr std::uint16_t kVkLeftShift = 160;
+inline constexpr std::uint16_t kVkRightShift = 161;
 inline constexpr std::uint16_t kVkLeftControl = 162;
+inline constexpr std::uint16_t kVkRightControl = 163;
 inline constexpr std::uint16_t kVkLeftMenu = 164;
-inline constexpr std::uint16_t kVkOem3 = 192;  // left of the 1 on most keyboards
+inline constexpr std::uint16_t kVkRightMenu = 165;
+inline constexpr std::uint16_t kVkOem3 = 192;         // left of the 1 on most keyboards
+inline constexpr std::uint16_t kVkUnassigned = 0xE8;  // of no key: programs make nothing of it
 
+inline constexpr std::uint32_t kKeyExtended = 1;
 inline constexpr std::uint32_t kKeyUp = 2;
 inline constexpr std::uint32_t kKeyUnicode = 4;
 
-// One synthetic keyboard event, field by field as Win32's KEYBDINPUT.
+// One synthetic keyboard event, as Win32's KEYBDINPUT; the system stamps its time.
 struct KeyEvent {
     std::uint16_t Vk = 0;
     std::uint16_t Scan = 0;
     std::uint32_t Flags = 0;
-    std::uint32_t Time = 0;
 
     bool operator==(const KeyEvent&) const = default;
 };
@@ -46,9 +51,9 @@ class InputInjector {
 
     // Whether the key is held down at this moment.
     virtual bool IsKeyDown(std::uint16_t vk) const = 0;
-    // Whether the key is down or toggled for the calling thread, as the input that it has read
-    // says.
-    virtual bool HasKeyState(std::uint16_t vk) const = 0;
+    // Turns with each press of the key that the calling thread, or one whose input it has joined,
+    // has read.
+    virtual bool IsToggled(std::uint16_t vk) const = 0;
 
     virtual std::uint16_t ScanCode(std::uint16_t vk) const = 0;
 };

@@ -5,14 +5,17 @@
 
 namespace vbr {
 
-// What a delivery has to know about the window that it goes to.
+// What a copy or a delivery has to know about the window that it goes to.
 class TargetWindows {
   public:
     virtual ~TargetWindows() = default;
 
     virtual bool IsWindow(WindowHandle window) const = 0;
     virtual bool IsOwnProcess(WindowHandle window) const = 0;
-    // Whether its program has administrator's rights and this one hasn't: the system then keeps
+    // Whether the window in front is this one, the one that it stands in, or another one of its
+    // program.
+    virtual bool IsInFront(WindowHandle window) const = 0;
+    // Whether its program runs at a higher integrity level than this one: the system then keeps
     // typed keys from it.
     virtual bool RunsElevated(WindowHandle window) const = 0;
     // Posts a message that does nothing, so that the window's thread looks at its input.

@@ -229,6 +229,13 @@ inline constexpr int kStrRunAsAdministratorHint = 1062;
 inline constexpr int kStrToday = 1064;
 inline constexpr int kStrYesterday = 1065;
 inline constexpr int kStrTwoDaysAgo = 1066;
+inline constexpr int kStrNotDelivered = 1070;
+inline constexpr int kStrTargetGone = 1071;
+inline constexpr int kStrTargetElevated = 1072;
+inline constexpr int kStrTargetNotInFront = 1073;
+inline constexpr int kStrTargetNotReading = 1074;
+inline constexpr int kStrNoInputTaken = 1075;
+inline constexpr int kStrClipboardInUse = 1076;
 
 // Strings among the numbers of the commands that are no command's tip.
 inline constexpr int kStrSettings = 32779;

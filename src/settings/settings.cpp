@@ -176,6 +176,14 @@ struct CVBRSettings::Table {
                 }};
     }
 
+    static constexpr Row TerminalsRow() {
+        return {u"TerminalClasses", [](S& s, const Row&) { s.TerminalClasses.clear(); },
+                [](S& s, const Row& row) {
+                    s.TerminalClasses = s.GetString(row.Name, s.TerminalClasses);
+                },
+                [](S& s, const Row& row) { s.SetString(row.Name, s.TerminalClasses); }};
+    }
+
     static constexpr Row LayoutCommandRow() {
         Row row = Number<&S::InsertEncodeCommandIntoMenu>(u"InsertEncodeCommandIntoMenu", 0);
         row.Reset = [](S& s, const Row&) {
@@ -226,6 +234,8 @@ const CVBRSettings::Table::Row CVBRSettings::Table::kRows[] = {
     Command<&ExtMenuCommands::EditSetting>(u"ExtMenuCommand__EditSetting", true),
     Command<&ExtMenuCommands::SaveSelAsPhrase>(u"ExtMenuCommand__SaveSelAsPhrase", true),
     Command<&ExtMenuCommands::Support>(u"ExtMenuCommand__SUPPORT", true),
+    Number<&S::RestoreClipboardAfterPaste>(u"RestoreClipboardAfterPaste", 0),
+    TerminalsRow(),
 };
 
 CVBRSettings::CVBRSettings(ProfileStore& profile, SettingsFiles files, SystemDefaults system)

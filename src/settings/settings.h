@@ -90,6 +90,8 @@ class CVBRSettings {
     std::int32_t Sorting = 0;
     std::int32_t TextPasteMethod = 0;
     std::uint32_t PrintLTChars = 0;
+    bool RestoreClipboardAfterPaste = false;
+    std::u16string TerminalClasses;  // window classes, separated by semicolons
     bool ShowTrayBallonOnHotkey = false;
     FontBytes FontForMenu{};
     std::int32_t GestureType = 0;

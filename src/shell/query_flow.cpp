@@ -12,6 +12,7 @@ namespace vbr {
 namespace {
 
 constexpr std::uint32_t kQueryBalloonMs = 3000;
+constexpr std::uint32_t kFailureBalloonMs = 10'000;
 
 // A target that was busy for longer does not answer any more.
 constexpr std::uint32_t kAnswerMs = 3500;
@@ -57,9 +58,6 @@ void QueryFlow::Begin(bool fromHotkey) {
 
 void QueryFlow::Ask(bool fromHotkey) {
     const MyCopyScope ownCopy(with_.OwnCopy);
-    with_.Menu.SetClipboardAtHotkey(ReadUnicodeText(with_.Clipboard));
-    // A copy in the target would replace what could not be kept.
-    with_.Selection.AllowCopy(with_.Snapshot.Take());
     WPQuery query;
     query.GuiThreadInfo = with_.Windows.OwnGuiThread();
     switch (with_.Hooks.SendMessageToTargetWindow(fromHotkey ? 0 : 1, query)) {
@@ -70,7 +68,6 @@ void QueryFlow::Ask(bool fromHotkey) {
             with_.Display.HideTrayBalloon();
             break;
         case QueryStart::Failed:
-            with_.Snapshot.ClearRestore();
             with_.Display.HideTrayBalloon();
             break;
         case QueryStart::Local: {
@@ -103,6 +100,7 @@ void QueryFlow::OnQueryReady(const std::shared_ptr<QueryExchange>& exchange) {
 void QueryFlow::Serve(const WPQuery& query, WPAnswer& answer) {
     // The query may end while the menu is open.
     const WindowHandle target = query.TargetWindow;
+    with_.Menu.SetClipboardAtHotkey(with_.Menu.AsksForClipboard() ? ClipboardText() : u"");
     CarryOut(with_.Menu.OnDataNeeded(query, answer), target);
 }
 
@@ -111,30 +109,37 @@ void QueryFlow::CarryOut(const MenuChoice& choice, WindowHandle target) {
     const MyCopyScope ownCopy(with_.OwnCopy);
     // Changes are told some time after they are made.
     with_.OwnCopy.AsynBlockClipboardHandler();
-    if (Deliver(choice, target)) {
-        with_.Snapshot.ClearRestore();
-        with_.OwnCopy.AsynBlockClipboardHandler();
-        return;
-    }
+    // What another program kept from going back at once.
     with_.Snapshot.RestoreClipboardSnapshot();
     if (const auto* result = std::get_if<std::int32_t>(&choice)) {
         RunExtraCommand(*result);
+        return;
     }
+    if (const auto lost = Deliver(choice, target)) {
+        with_.Log.LogError(Concat(u"Not delivered: ", lost->Text));
+        with_.Display.ShowTrayBalloon(DescribeFailure(lost->Why, lost->Text, with_.Texts),
+                                      kFailureBalloonMs);
+    }
+    with_.OwnCopy.AsynBlockClipboardHandler();
 }
 
-bool QueryFlow::Deliver(const MenuChoice& choice, WindowHandle target) {
+std::u16string QueryFlow::ClipboardText() {
+    if (auto kept = with_.Snapshot.Text()) {
+        return *std::move(kept);
+    }
+    return ReadUnicodeText(with_.Clipboard);
+}
+
+std::optional<UndeliveredText> QueryFlow::Deliver(const MenuChoice& choice, WindowHandle target) {
     const DeliveryContext context = with_.Menu.Context();
     if (const auto* file = std::get_if<std::filesystem::path>(&choice)) {
-        const bool delivered = with_.Delivery.DeliverPhrase(*file, target, context);
+        auto lost = with_.Delivery.DeliverPhrase(*file, target, context);
         with_.Menu.RememberCommand(*file);
-        return delivered;
+        return lost;
     }
     const auto* item = std::get_if<ClipId>(&choice);
-    auto clip = item ? with_.History.AsClip(item->Value) : std::nullopt;
-    if (clip) {
-        with_.Delivery.DeliverClip(std::move(*clip), target, context);
-    }
-    return clip.has_value();
+    const auto clip = item ? with_.History.AsClip(item->Value) : std::nullopt;
+    return clip ? with_.Delivery.DeliverClip(*clip, target, context) : std::nullopt;
 }
 
 void QueryFlow::RunExtraCommand(std::int32_t result) {
@@ -168,6 +173,9 @@ void QueryFlow::OnOutsideChoice(std::int32_t number, WindowHandle target) {
         with_.Log.Write(Concat(u"Query ", query_->Number,
                                u" is under way, a choice from outside is not carried out"));
         return;
+    }
+    if (target == 0) {
+        target = with_.Hooks.GetTargetWindow();
     }
     query_ = Query{.Number = ++lastNumber_, .Target = target};
     CarryOut(number > 0 ? with_.Menu.ChoiceOfNumber(static_cast<std::uint32_t>(number))

@@ -8,16 +8,15 @@
 #include <string>
 #include <vector>
 
-#include "exchange/clipboard_snapshot.h"
 #include "exchange/hook_service.h"
 #include "exchange/input_desktop.h"
-#include "exchange/selected_text.h"
 #include "exchange/wait_query.h"
 #include "macros/command_delivery.h"
 #include "menu/phrase_menu_handler.h"
 #include "menu/queue_history.h"
 #include "menu/right_menu_commands.h"
 #include "platform/clipboard_access.h"
+#include "platform/clipboard_snapshot.h"
 #include "platform/clock.h"
 #include "platform/desktop_windows.h"
 #include "platform/event_sounds.h"
@@ -42,8 +41,7 @@ class QueryFlow {
         vbr::Desktops& Desktops;
         DesktopWindows& Windows;
         ClipboardAccess& Clipboard;
-        CClipboardSnapshot& Snapshot;
-        SelectedTextReader& Selection;
+        CClipboardSnapshot& Snapshot;  // of the selection's reader
         MyCopyGuard& OwnCopy;
         HotkeyService& Hotkey;
         CVBRDLLService& Hooks;
@@ -69,7 +67,7 @@ class QueryFlow {
     void OnQueryReady(const std::shared_ptr<QueryExchange>& exchange);
 
     // A choice that another program sends: the number of a phrase or a history item, or a result of
-    // an extra command.
+    // an extra command. Without a target it is for the window in front.
     void OnOutsideChoice(std::int32_t number, WindowHandle target);
 
     // A command of the right-click menu on an item of the open menu, or on the item of that number.
@@ -97,7 +95,8 @@ class QueryFlow {
     void Ask(bool fromHotkey);
     void Serve(const WPQuery& query, WPAnswer& answer);
     void CarryOut(const MenuChoice& choice, WindowHandle target);
-    bool Deliver(const MenuChoice& choice, WindowHandle target);
+    std::optional<UndeliveredText> Deliver(const MenuChoice& choice, WindowHandle target);
+    std::u16string ClipboardText();
     void RunExtraCommand(std::int32_t result);
     void End();
 

@@ -25,9 +25,10 @@ TEST_F(Query, ACancelledMenuGivesTheClipboardTheKeyboardAndTheTextBack) {
     const ClipboardContent before = ReadClipboard();
     ASSERT_GE(before.size(), 3U);
     OpenMenu(notepad);
-    EXPECT_EQ(ReadClipboard()[L"13"].substr(0, 2), std::string("s\0", 2));
+    // Before the menu is there.
+    EXPECT_EQ(ReadClipboard(), before);
     CloseMenu();
-    EXPECT_TRUE(WaitUntil([&] { return ReadClipboard() == before; }));
+    EXPECT_EQ(ReadClipboard(), before);
     ASSERT_TRUE(WaitUntil([&] { return notepad.BringToFront(); }));
     PressKeys({VK_HOME});
     PressKeys({'Z'});

@@ -26,7 +26,7 @@ class WaitQuery : public testing::Test,
         wakes_ = std::move(wakes);
         Calls.clear();
         InterchangeArea area(memory_, kArea, Macros.Log);
-        return CWaitQuery(*this, area, Selection, *this, Macros.Log).ThreadProc_WaitQuery();
+        return CWaitQuery(*this, area, Reader, *this, Macros.Log).ThreadProc_WaitQuery();
     }
     void Lay(const std::string& document) { memory_.Blocks[std::u16string(kArea)] = document; }
 
@@ -106,7 +106,8 @@ TEST_F(WaitQuery, OnlyATextThatTheHookSideFailedToGetIsExtractedHere) {
         Lay("<WPQuery><HWND>9</HWND><SelText StateSelText='" + state + "'>" + text +
             "</SelText></WPQuery>");
         Clipboard.Copy({});
-        LetTargetCopy(copied);
+        LetTargetCopy(copied.empty() ? std::vector<ClipboardBlock>()
+                                     : std::vector{FakeClipboardAccess::Text(copied)});
         Run({kQuery, kStop});
         EXPECT_EQ(received_.SelText, selText);
         EXPECT_EQ(received_.StateSelText, stateSelText);

@@ -76,10 +76,14 @@ class FakeTargetWindows : public TargetWindows {
     std::set<WindowHandle> Gone = {0};
     std::set<WindowHandle> Own;
     std::set<WindowHandle> Elevated;
+    std::set<WindowHandle> Behind;  // those that another program stands in front of
     int Wakes = 0;
 
     bool IsWindow(WindowHandle window) const override { return !Gone.contains(window); }
     bool IsOwnProcess(WindowHandle window) const override { return Own.contains(window); }
+    bool IsInFront(WindowHandle window) const override {
+        return IsWindow(window) && !Behind.contains(window);
+    }
     bool RunsElevated(WindowHandle window) const override { return Elevated.contains(window); }
     void Wake(WindowHandle) override { ++Wakes; }
 };
@@ -89,30 +93,39 @@ struct DeliveryFixture {
     Journal Calls;
     MacroFixture Macros;
     PhraseTree Phrases;
-    RecordingInput Input{&Calls};
+    RecordingInput Input{Macros.Clock, &Calls};
     FakeClipboardAccess Clipboard{&Calls};
     FakePrompter Prompts{Calls};
     FakeDesktopWindows Windows{Calls};
     FakeTargetWindows Targets;
+    FakeInputJoin Join;
     FakeProgramStarter Starter;
     FakeSoundPlayer Player;
     PasteSettings Paste;
-    std::function<void()> OnCopied = [this] { Calls.push_back("keep"); };
     std::function<bool()> AreSoundsOn = [] { return true; };
     MyCopyGuard OwnCopy{Macros.Clock, Macros.Log};
     EventSounds Sounds{{.ProgramFolder = u"",
                         .IsOn = [this] { return AreSoundsOn(); },
                         .Player = Player,
                         .Log = Macros.Log}};
+    TargetInput Keys{{.Input = Input,
+                      .Join = Join,
+                      .Windows = Targets,
+                      .Clock = Macros.Clock,
+                      .Log = Macros.Log}};
+    CClipboardSnapshot PasteSnapshot{Clipboard, Macros.Log};
     TextDelivery Text{{.Input = Input,
+                       .Keys = Keys,
+                       .Targets = Targets,
                        .Clipboard = Clipboard,
+                       .Snapshot = PasteSnapshot,
                        .RichText = Macros.RichText,
                        .Locale = Macros.Forms,
                        .Clock = Macros.Clock,
                        .Log = Macros.Log,
-                       .Settings = [this] { return Paste; },
-                       .OnCopied = [this] { OnCopied(); }}};
+                       .Settings = [this] { return Paste; }}};
     LayoutSwitcher Layouts{{.Input = Input,
+                            .Keys = Keys,
                             .Layouts = Macros.Layouts,
                             .Windows = Windows,
                             .Targets = Targets,
@@ -146,7 +159,7 @@ struct DeliveryFixture {
         std::u16string text;
         for (const auto& events : Input.Sent) {
             for (const KeyEvent& event : events) {
-                if (event.Flags == kKeyUnicode && event.Vk == 0) {
+                if (event.Flags == kKeyUnicode) {
                     text += static_cast<char16_t>(event.Scan);
                 }
             }

@@ -62,14 +62,21 @@ struct ExchangeFixture : DeliveryFixture {
     FakeHookLibrary Library{Calls};
     FakeNamedObjects Objects;
     FakeAnsiText Ansi;
-    SelectedTextReader Selection{{.Clipboard = Clipboard,
-                                  .Ansi = Ansi,
-                                  .Input = Input,
-                                  .Windows = Windows,
-                                  .Clock = Macros.Clock,
-                                  .OwnCopy = OwnCopy}};
-    LocalRoute Local{Windows, Selection};
-    PostedRoute Posted{Windows, Selection, 777, Macros.Log};
+    CClipboardSnapshot Snapshot{Clipboard, Macros.Log};
+    std::u16string TerminalClasses;
+    SelectedTextReader Reader{{.Clipboard = Clipboard,
+                               .Snapshot = Snapshot,
+                               .Ansi = Ansi,
+                               .Input = Input,
+                               .Keys = Keys,
+                               .Windows = Windows,
+                               .Clock = Macros.Clock,
+                               .OwnCopy = OwnCopy,
+                               .Log = Macros.Log,
+                               .HotkeyVk = [] { return kVkReturn; },
+                               .TerminalClasses = [this] { return TerminalClasses; }}};
+    LocalRoute Local{Windows, Reader};
+    PostedRoute Posted{Windows, Reader, 777, Macros.Log};
     ChosenRoute Route{Local};
     CVBRDLLService Hooks{{.Library = Library,
                           .LibraryPath = u"L:\\lib.dll",
@@ -78,13 +85,18 @@ struct ExchangeFixture : DeliveryFixture {
                           .Route = Route,
                           .Log = Macros.Log}};
 
-    // What the target puts on the clipboard while it has time to copy.
-    void LetTargetCopy(std::u16string text) {
-        Macros.Clock.WhileAsleep = [this, text] {
-            if (!text.empty()) {
-                Clipboard.Copy({FakeClipboardAccess::Text(text)});
+    static constexpr std::uint16_t kVkReturn = 13;
+
+    // What the target puts on the clipboard at Ctrl+C.
+    void LetTargetCopy(std::vector<ClipboardBlock> blocks) {
+        Input.OnSent = [this, blocks](const KeyEvent& event) {
+            if (event.Vk == kVkC && (event.Flags & kKeyUp) == 0) {
+                Clipboard.Copy(blocks);
             }
         };
+    }
+    void LetTargetCopy(const std::u16string& text) {
+        LetTargetCopy(std::vector{FakeClipboardAccess::Text(text)});
     }
 };
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <algorithm>
+#include <functional>
 #include <map>
 #include <set>
 #include <string>
@@ -22,12 +23,13 @@ class FakeClipboardAccess : public ClipboardAccess {
 
     explicit FakeClipboardAccess(Journal* calls = nullptr) : calls_(calls) {}
 
-    std::vector<ClipboardBlock> Blocks;  // in the order of Formats
-    std::set<std::uint32_t> Unreadable;  // formats that give no data
-    std::set<std::uint32_t> Refused;     // formats that the system doesn't take
-    int FailingOpens = 0;                // that many, or kAlways
-    int ReadsUntilOwnerHangs = kNever;   // an Empty, here or elsewhere, ends that owner
-    std::uint32_t Sequence = 1;          // SequenceNumber; grows by each Empty and Write
+    std::vector<ClipboardBlock> Blocks;    // in the order of Formats
+    std::set<std::uint32_t> Unreadable;    // formats that give no data
+    std::set<std::uint32_t> Refused;       // formats that the system doesn't take
+    std::function<void()> OnOpen = [] {};  // once
+    int FailingOpens = 0;                  // that many, or kAlways
+    int ReadsUntilOwnerHangs = kNever;     // an Empty, here or elsewhere, ends that owner
+    std::uint32_t Sequence = 1;            // SequenceNumber; grows by each Empty and Write
     std::map<std::u16string, std::uint32_t> Registered;
 
     // What another program does: replaces the content.
@@ -69,6 +71,7 @@ class FakeClipboardAccess : public ClipboardAccess {
             --FailingOpens;
             return nullptr;
         }
+        std::exchange(OnOpen, [] {})();
         return std::make_unique<Session>(*this);
     }
     bool IsFormatAvailable(std::uint32_t format) const override { return Find(format) != nullptr; }

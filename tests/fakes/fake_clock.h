@@ -23,8 +23,10 @@ class FakeClock : public Clock {
     std::uint32_t TickCount() const override { return Tick; }
 
     void Sleep(std::uint32_t milliseconds) override {
-        Sleeps.push_back(milliseconds);
-        Tick += milliseconds;
+        if (milliseconds > 0) {
+            Sleeps.push_back(milliseconds);
+            Tick += milliseconds;
+        }
         WhileAsleep();
     }
 };

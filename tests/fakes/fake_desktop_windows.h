@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <functional>
+
 #include "base/text.h"
 #include "fakes/journal.h"
 #include "platform/desktop_windows.h"
@@ -14,6 +16,9 @@ class FakeDesktopWindows : public DesktopWindows {
 
     bool Posts = true;
     bool OwnBitness = true;
+    std::u16string Class = u"Page";  // of every window
+    std::optional<bool> Selected;    // in an edit control
+    std::function<void()> OnCopy = [] {};
 
     bool IsWindow(WindowHandle window) const override { return window != 0; }
     WindowThread ThreadOf(WindowHandle window) const override {
@@ -24,9 +29,9 @@ class FakeDesktopWindows : public DesktopWindows {
     }
     std::optional<std::uint32_t> BinaryType(const std::u16string&) const override { return 6; }
     bool HasOwnBitness(std::uint32_t) const override { return OwnBitness; }
-    std::u16string ClassName(WindowHandle window) const override {
-        return Concat(u"class ", window);
-    }
+    std::u16string ClassName(WindowHandle) const override { return Class; }
+    WindowHandle RootOf(WindowHandle window) const override { return window; }
+    std::optional<bool> HasSelection(WindowHandle) const override { return Selected; }
     LayoutHandle KeyboardLayout(std::uint32_t thread) const override { return 1000 + thread; }
     GuiThreadWindows OwnGuiThread() const override { return {.Active = 5}; }
     bool Post(WindowHandle window, std::uint32_t message, std::uintptr_t wParam) override {
@@ -34,8 +39,9 @@ class FakeDesktopWindows : public DesktopWindows {
                          " to " + std::to_string(window));
         return Posts;
     }
-    void SendCopy(WindowHandle window) override {
+    void SendCopy(WindowHandle window, std::uint32_t) override {
         calls_.push_back("copy message to " + std::to_string(window));
+        OnCopy();
     }
 
   private:

@@ -50,7 +50,6 @@ struct MenuFixture : ExchangeFixture {
                                      .Settings = Settings,
                                      .Texts = Macros.Texts,
                                      .Presenter = Presenter,
-                                     .Clock = Macros.Clock,
                                      .Guard = Guard.Sections,
                                      .Log = Macros.Log,
                                      .StateOf = [](WindowHandle window) {

@@ -2,41 +2,86 @@
 #pragma once
 
 #include <algorithm>
+#include <functional>
 #include <limits>
 #include <set>
 #include <vector>
 
+#include "fakes/fake_clock.h"
 #include "fakes/journal.h"
 #include "platform/input_injector.h"
+#include "platform/input_join.h"
 
 namespace vbr {
 
-// Keeps what was sent, one list a call. The scan code of a key is its code plus 100.
+// Keeps what was sent, one list a call, and is the target that reads it: at once, or each event in
+// its time. The scan code of a key is its code plus 100.
 class RecordingInput : public InputInjector {
   public:
-    explicit RecordingInput(Journal* calls = nullptr) : calls_(calls) {}
+    explicit RecordingInput(const FakeClock& clock, Journal* calls = nullptr)
+        : clock_(clock), calls_(calls) {}
 
     std::vector<std::vector<KeyEvent>> Sent;
     std::size_t MostPerCall = std::numeric_limits<std::size_t>::max();
     std::set<std::uint16_t> Held;
-    std::set<std::uint16_t> States;
+    std::uint32_t MsPerEvent = 0;
+    std::size_t MostUnread = 0;                                  // events that waited at a time
+    std::function<void(const KeyEvent&)> OnSent = [](auto&) {};  // each event
 
     std::size_t Send(std::span<const KeyEvent> events) override {
         const std::size_t taken = std::min(events.size(), MostPerCall);
         Sent.emplace_back(events.begin(), events.begin() + static_cast<std::ptrdiff_t>(taken));
+        for (const KeyEvent& event : Sent.back()) {
+            lastRead_ = std::max(lastRead_, clock_.Tick) + MsPerEvent;
+            if (event == KeyEvent{.Vk = kVkUnassigned}) {
+                marksRead_.push_back(lastRead_);
+            }
+            if ((event.Flags & kKeyUp) != 0) {
+                Held.erase(event.Vk);
+            }
+            OnSent(event);
+        }
+        if (MsPerEvent > 0) {
+            MostUnread = std::max<std::size_t>(MostUnread, (lastRead_ - clock_.Tick) / MsPerEvent);
+        }
         if (calls_) {
             calls_->push_back("keys");
         }
         return taken;
     }
     bool IsKeyDown(std::uint16_t vk) const override { return Held.contains(vk); }
-    bool HasKeyState(std::uint16_t vk) const override { return States.contains(vk); }
+    bool IsToggled(std::uint16_t) const override {
+        const auto read = std::ranges::count_if(
+            marksRead_, [this](std::uint32_t tick) { return tick <= clock_.Tick; });
+        return read % 2 != 0;
+    }
     std::uint16_t ScanCode(std::uint16_t vk) const override {
         return static_cast<std::uint16_t>(vk + 100);
     }
 
+    // The events of all calls but the marks, by which the target's reading is seen.
+    std::vector<KeyEvent> Keys() const {
+        std::vector<KeyEvent> keys;
+        for (const std::vector<KeyEvent>& events : Sent) {
+            std::ranges::copy_if(events, std::back_inserter(keys),
+                                 [](const KeyEvent& event) { return event.Vk != kVkUnassigned; });
+        }
+        return keys;
+    }
+
   private:
+    const FakeClock& clock_;
     Journal* calls_;
+    std::uint32_t lastRead_ = 0;  // ticks
+    std::vector<std::uint32_t> marksRead_;
+};
+
+// Runs the work at once, joined or not.
+class FakeInputJoin : public InputJoin {
+  public:
+    bool Joins = true;
+
+    void Run(WindowHandle, const std::function<void(bool isJoined)>& work) override { work(Joins); }
 };
 
 }  // namespace vbr

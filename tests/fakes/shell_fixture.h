@@ -105,7 +105,6 @@ struct ShellFixture : MenuFixture {
         Settings.PhrasesDirectory = Phrases.Folder.Path().u16string();
         Settings.Load();
         Library.Target = kTarget;
-        OnCopied = [this] { Snapshot.ClearRestore(); };
         Service.InstallService();
         Calls.clear();
     }
@@ -134,7 +133,6 @@ struct ShellFixture : MenuFixture {
     RecordingOpener Opener;
     MessageList Messages;
     FakeHistoryCapture Capture;
-    CClipboardSnapshot Snapshot{Clipboard, Macros.Log};
     HotkeyService Hotkey{{.Settings = Settings,
                           .Hooks = Hooks,
                           .Waiter = Waiter,
@@ -172,7 +170,6 @@ struct ShellFixture : MenuFixture {
                     .Windows = Windows,
                     .Clipboard = Clipboard,
                     .Snapshot = Snapshot,
-                    .Selection = Selection,
                     .OwnCopy = OwnCopy,
                     .Hotkey = Hotkey,
                     .Hooks = Hooks,

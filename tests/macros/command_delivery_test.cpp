@@ -6,7 +6,6 @@
 
 #include "fakes/delivery_fixture.h"
 #include "macros/clipboard_forms.h"
-#include "macros/key_events.h"
 
 namespace vbr {
 namespace {
@@ -17,28 +16,32 @@ using testing::IsEmpty;
 class CommandDeliveryTest : public testing::Test, protected DeliveryFixture {
   protected:
     std::filesystem::path File() const { return Phrases.Folder.Path() / "p.vellumbridge"; }
+    // Whether all of it arrived.
     bool Deliver(const DeliveryContext& context = {
                      .ClipboardText = u"c", .SelText = u"s", .Language = kEnglish}) {
-        return Delivery.DeliverPhrase(File(), 7, context);
+        lost_ = Delivery.DeliverPhrase(File(), 7, context);
+        return !lost_;
     }
     int Uses() const { return Phrases.Tree.FindCommand(1)->UsageCount; }
+
+    std::optional<UndeliveredText> lost_;
 };
 
 TEST_F(CommandDeliveryTest, AFileThatIsNoPhraseOfTheTreeIsNotDelivered) {
     Phrases.Add("group/p.vellumbridge", u"text");
     for (const char* name : {"group", "p.vellumbridge"}) {
-        EXPECT_FALSE(Delivery.DeliverPhrase(Phrases.Folder.Path() / name, 7, {}));
+        Delivery.DeliverPhrase(Phrases.Folder.Path() / name, 7, {});
     }
-    EXPECT_FALSE(Delivery.DeliverPhrase({}, 7, {}));
+    Delivery.DeliverPhrase({}, 7, {});
     EXPECT_THAT(Input.Sent, IsEmpty());
 }
 
 TEST_F(CommandDeliveryTest, HistoryItemsGoOutAndStayOnTheClipboardAsTheyStand) {
     const DeliveryContext context{.SelText = u"s", .Language = kEnglish};
-    Delivery.DeliverClip({kDataTypeText, u"t%SELECTED_TEXT%"}, 7, context);
-    EXPECT_EQ(Typed(), u"ts");
-    EXPECT_EQ(Clipboard.Find(kClipUnicodeText)->Bytes,
-              FakeClipboardAccess::Text(u"t%SELECTED_TEXT%").Bytes);
+    const std::u16string text = u"t%SELECTED_TEXT%%PROMPT_TEXT={}%%CURSOR_POS%%ACTIVATE_KL_RU%";
+    Delivery.DeliverClip({kDataTypeText, text}, 7, context);
+    EXPECT_EQ(Typed(), text);
+    EXPECT_EQ(Clipboard.Find(kClipUnicodeText)->Bytes, FakeClipboardAccess::Text(text).Bytes);
     Delivery.DeliverClip({kDataTypeRtf, u"{r%SELECTED_TEXT%}"}, 7, context);
     const std::uint32_t rich = Clipboard.RegisterFormat(kRichTextFormat);
     EXPECT_EQ(OnClipboard(rich), std::string("{r%SELECTED_TEXT%}") + '\0');
@@ -56,6 +59,7 @@ TEST_F(CommandDeliveryTest, PromptsComeInOrderBetweenTextsThatAreAllExpandedBefo
     EXPECT_TRUE(Deliver());
     EXPECT_EQ(Typed(), u"as%x%b0:0:1c");
     EXPECT_THAT(Prompts.Defaults, ElementsAre(u"%DATE%", u""));
+    // Each piece after the mark that shows that the target reads.
     EXPECT_THAT(Calls, ElementsAre("keys", "keys", "prompt", "keys", "keys", "keys", "keys",
                                    "prompt", "keys", "keys"));
     EXPECT_EQ(Uses(), 1);
@@ -105,21 +109,42 @@ TEST_F(CommandDeliveryTest, TheLayoutIsSwitchedWhenAnInstalledOneIsAskedFor) {
         Input.Sent.clear();
         Phrases.Add("p.vellumbridge", text);
         Deliver({u"", u"", language, maySwitch});
-        const auto toggle = LayoutToggleEvents(LayoutToggle::AltShift, Input);
-        EXPECT_EQ(Input.Sent.front() == toggle, switches) << Utf16ToUtf8(text);
+        EXPECT_EQ(Input.Keys().front().Vk == kVkLeftMenu, switches) << Utf16ToUtf8(text);
     }
 }
 
-TEST_F(CommandDeliveryTest, ATargetThatIsGoneOrOutOfReachIsToldAndTheTextGoesOut) {
-    Phrases.Add("p.vellumbridge", u"%PROMPT_TEXT={}%x");
-    Targets.Elevated = {7};
-    Prompts.Answers = {std::nullopt, std::nullopt};
-    Deliver();
-    EXPECT_TRUE(Told(u"administrator"));
-    Targets.Gone = {7};
-    Deliver();
-    EXPECT_TRUE(Told(u"gone"));
-    EXPECT_EQ(Typed(), u"xx");
+TEST_F(CommandDeliveryTest, TheCursorGoesToTheFirstMarkWhenAllIsThere) {
+    Phrases.Add("p.vellumbridge", u"a%CURSOR_POS%b%PROMPT_TEXT={}%c%CURSOR_POS%\r\nd");
+    Prompts.Answers = {u"xy"};
+    EXPECT_TRUE(Deliver());
+    const std::vector<KeyEvent> keys = Input.Keys();
+    const auto first = std::ranges::find(keys, kVkLeft, &KeyEvent::Vk);
+    EXPECT_EQ(std::ranges::count(keys, kVkLeft, &KeyEvent::Vk), 2 * 6);
+    EXPECT_EQ(keys.end() - first, 2 * 6);  // the last ones
+}
+
+TEST_F(CommandDeliveryTest, WhatDoesNotArriveIsToldAndNotCounted) {
+    Phrases.Add("p.vellumbridge", u"first%PROMPT_TEXT={}%x");
+    const std::tuple<std::function<void()>, DeliveryFailure> cases[] = {
+        {[this] { Targets.Elevated = {7}; }, DeliveryFailure::TargetElevated},
+        {[this] { Targets.Gone = {7}; }, DeliveryFailure::TargetGone},
+        {[this] { Targets.Behind = {7}; }, DeliveryFailure::NotInFront},
+        {[this] {
+             Paste.Method = 1;
+             Clipboard.FailingOpens = FakeClipboardAccess::kAlways;
+         },
+         DeliveryFailure::ClipboardInUse},
+    };
+    for (const auto& [prepare, failure] : cases) {
+        Targets.Gone = Targets.Elevated = Targets.Behind = {};
+        Prompts.Answers = {std::nullopt};
+        prepare();
+        EXPECT_FALSE(Deliver());
+        EXPECT_EQ(lost_->Why, failure);
+        EXPECT_EQ(lost_->Text, u"first");
+        EXPECT_EQ(Typed(), u"");
+    }
+    EXPECT_EQ(Uses(), 0);
 }
 
 TEST(SplitCommandLine, FindsTheLongestFrontThatIsAFile) {

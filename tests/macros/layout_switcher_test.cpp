@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "macros/layout_switcher.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 
 #include "fakes/delivery_fixture.h"
@@ -20,7 +21,10 @@ class TurningWindows : public FakeDesktopWindows {
     bool Follows = true;
 
     LayoutHandle KeyboardLayout(std::uint32_t) const override {
-        const std::size_t turns = Follows ? input_.Sent.size() : 0;
+        const auto ups = std::ranges::count_if(input_.Keys(), [](const KeyEvent& event) {
+            return event.Vk == kVkShift && (event.Flags & kKeyUp) != 0;
+        });
+        const std::size_t turns = Follows ? static_cast<std::size_t>(ups) : 0;
         return 0xF0000000 | layouts_.Languages[turns % layouts_.Languages.size()];
     }
 
@@ -32,37 +36,37 @@ class TurningWindows : public FakeDesktopWindows {
 class Switching : public testing::Test {
   protected:
     Journal calls_;
-    RecordingInput input_;
+    FakeClock clock_;
+    RecordingInput input_{clock_};
+    FakeInputJoin join_;
     FakeKeyboardLayouts layouts_;
     TurningWindows windows_{calls_, input_, layouts_};
     FakeTargetWindows targets_;
-    FakeClock clock_;
     MemoryLog log_;
-    LayoutSwitcher switcher_{{input_, layouts_, windows_, targets_, clock_, log_}};
+    TargetInput keys_{{input_, join_, targets_, clock_, log_}};
+    LayoutSwitcher switcher_{{input_, keys_, layouts_, windows_, targets_, clock_, log_}};
 };
 
 TEST_F(Switching, PressesUntilTheWindowHasTheLanguage) {
-    // The language wanted in the window, whether it follows, presses and waits.
-    const std::tuple<std::vector<Lcid>, Lcid, WindowHandle, bool, std::size_t, std::size_t>
+    // The language wanted in the window, whether it follows, presses, what they take at most.
+    const std::tuple<std::vector<Lcid>, Lcid, WindowHandle, bool, std::size_t, std::uint32_t>
         cases[] = {
             {{kEnglish}, kRussian, 7, true, 1, 0},
             {{kEnglish, kRussian}, kEnglish, 7, true, 1, 0},  // nothing is asked back
-            {{kEnglish, kRussian, kFrench}, kRussian, 7, true, 1, 1},
-            {{kEnglish, kRussian, kFrench, kBritish}, kBritish, 7, true, 3, 3},
+            {{kEnglish, kRussian, kFrench}, kRussian, 7, true, 1, 0},
+            {{kEnglish, kRussian, kFrench, kBritish}, kBritish, 7, true, 3, 400},
             {{kEnglish, kRussian, kFrench, kBritish}, kBritish, kOwnWindow, true, 3, 0},
-            {{kEnglish, kRussian, kFrench}, kFrench, 7, false, 3, 3},
+            {{kEnglish, kRussian, kFrench}, kFrench, 7, false, 3, 600},
         };
     targets_.Own = {kOwnWindow};
-    for (const auto& [languages, wanted, window, follows, presses, waits] : cases) {
+    for (const auto& [languages, wanted, window, follows, presses, ms] : cases) {
         layouts_.Languages = languages;
         windows_.Follows = follows;
         input_.Sent.clear();
-        clock_.Sleeps.clear();
-        targets_.Wakes = 0;
+        const std::uint32_t start = clock_.Tick;
         switcher_.SwitchKeyboardLayout(wanted, window);
-        EXPECT_EQ(input_.Sent.size(), presses) << languages.size();
-        EXPECT_EQ(clock_.Sleeps, std::vector<std::uint32_t>(waits, 200)) << languages.size();
-        EXPECT_EQ(targets_.Wakes, static_cast<int>(waits)) << languages.size();
+        EXPECT_EQ(input_.Keys().size(), 4 * presses) << languages.size();
+        EXPECT_EQ(clock_.Tick - start, ms) << languages.size();
     }
 }
 
@@ -88,12 +92,13 @@ TEST_F(Switching, TheShortcutIsThatOfTheSystemsSettings) {
         log_.Lines.clear();
         switcher_.SwitchKeyboardLayout(kRussian, 7);
         const auto scan = static_cast<std::uint16_t>(second + 100);
-        std::vector<KeyEvent> keys = {{second, scan, 0, 0}, {second, scan, 2, 0}};
+        std::vector<KeyEvent> keys = {{second, scan, 0}, {second, scan, 2}};
         if (first != 0) {
-            keys.insert(keys.begin(), {first, 0, 0, 0});
-            keys.push_back({first, 0, 2, 0});
+            const auto firstScan = static_cast<std::uint16_t>(first + 100);
+            keys.insert(keys.begin(), {first, firstScan, 0});
+            keys.push_back({first, firstScan, 2});
         }
-        EXPECT_EQ(input_.Sent, (std::vector<std::vector<KeyEvent>>{keys}));
+        EXPECT_EQ(input_.Keys(), keys);
         EXPECT_EQ(log_.Lines.size(), told ? 1U : 0U);
     }
 }

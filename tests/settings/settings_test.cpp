@@ -27,7 +27,8 @@ const std::string kDefaults =
     "FontForMenu=F4" +
     std::string(180, '0') +
     "01F5\r\nExtMenuCommand__EditSetting=1\r\nExtMenuCommand__SaveSelAsPhrase=1\r\n"
-    "ExtMenuCommand__SUPPORT=1\r\n";
+    "ExtMenuCommand__SUPPORT=1\r\nRestoreClipboardAfterPaste=0\r\n"
+    "TerminalClasses=\r\n";
 
 // A first start: the file beside the program, which may be written, and no user copy.
 class SettingsTest : public testing::Test {

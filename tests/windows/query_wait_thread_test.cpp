@@ -5,15 +5,10 @@
 #include <utility>
 
 #include "fakes/memory_log.h"
-#include "platform/my_copy.h"
 #include "platform/object_names.h"
-#include "platform/win32/win_ansi_text.h"
-#include "platform/win32/win_clipboard_access.h"
-#include "platform/win32/win_clock.h"
-#include "platform/win32/win_desktop_windows.h"
-#include "platform/win32/win_input_injector.h"
 #include "windows/message_window.h"
 #include "windows/pump.h"
+#include "windows/real_reader.h"
 
 namespace vbr {
 namespace {
@@ -51,18 +46,7 @@ class QueryWait : public testing::Test {
     std::unique_ptr<NamedEvent> stop_ =
         events_.Create(u"", EventReset::Manual, ObjectAccess::Default);
     MemoryLog log_;
-    WinClipboardAccess clipboard_{nullptr};
-    WinAnsiText ansi_;
-    WinInputInjector input_;
-    WinDesktopWindows windows_;
-    WinClock clock_;
-    MyCopyGuard ownCopy_{clock_, log_};
-    SelectedTextReader selection_{{.Clipboard = clipboard_,
-                                   .Ansi = ansi_,
-                                   .Input = input_,
-                                   .Windows = windows_,
-                                   .Clock = clock_,
-                                   .OwnCopy = ownCopy_}};
+    RealReader reader_{log_};
     std::vector<WPQuery> received_;
     DWORD answerDelay_ = 0;  // of the next answer
     bool answers_ = false;
@@ -73,7 +57,7 @@ class QueryWait : public testing::Test {
                              .ErrorMessage = kError,
                              .Stop = *stop_,
                              .Memory = memory_,
-                             .Selection = selection_,
+                             .Selection = reader_.Selection,
                              .Log = log_}};
 
   private:

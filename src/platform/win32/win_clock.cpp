@@ -3,12 +3,29 @@
 
 #include "platform/win32/windows.h"
 
+#include "platform/win32/handle.h"
+
 namespace vbr {
 namespace {
 
 SystemTime FromWindows(const SYSTEMTIME& time) {
     return {time.wYear, time.wMonth,  time.wDayOfWeek, time.wDay,
             time.wHour, time.wMinute, time.wSecond,    time.wMilliseconds};
+}
+
+// The system's own sleep ends with one of its ticks.
+constexpr std::uint32_t kTickMs = 16;
+constexpr DWORD kHighResolution = 2;  // CREATE_WAITABLE_TIMER_HIGH_RESOLUTION
+constexpr LONGLONG kUnitsPerMs = 10'000;
+
+// False when the system has no such timer.
+bool SleepExactly(std::uint32_t milliseconds) {
+    const UniqueHandle timer(
+        CreateWaitableTimerExW(nullptr, nullptr, kHighResolution, TIMER_ALL_ACCESS));
+    LARGE_INTEGER due;
+    due.QuadPart = -kUnitsPerMs * milliseconds;
+    return timer && SetWaitableTimer(timer.get(), &due, 0, nullptr, nullptr, FALSE) &&
+           WaitForSingleObject(timer.get(), INFINITE) == WAIT_OBJECT_0;
 }
 
 }  // namespace
@@ -30,7 +47,9 @@ std::uint32_t WinClock::TickCount() const {
 }
 
 void WinClock::Sleep(std::uint32_t milliseconds) {
-    ::Sleep(milliseconds);
+    if (milliseconds == 0 || milliseconds > kTickMs || !SleepExactly(milliseconds)) {
+        ::Sleep(milliseconds);
+    }
 }
 
 }  // namespace vbr

@@ -12,7 +12,7 @@
 namespace vbr {
 namespace {
 
-constexpr UINT kCopyTimeoutMs = 2000;
+constexpr UINT kAnswerMs = 200;
 constexpr int kClassNameMax = 1024;
 
 HWND ToWindow(WindowHandle window) {
@@ -83,6 +83,24 @@ std::u16string WinDesktopWindows::ClassName(WindowHandle window) const {
     return FromWide(name, static_cast<std::size_t>(length));
 }
 
+WindowHandle WinDesktopWindows::RootOf(WindowHandle window) const {
+    return FromWindow(GetAncestor(ToWindow(window), GA_ROOT));
+}
+
+std::optional<bool> WinDesktopWindows::HasSelection(WindowHandle edit) const {
+    const HWND window = ToWindow(edit);
+    if ((GetWindowLongW(window, GWL_STYLE) & ES_PASSWORD) != 0 && ClassName(edit) == u"Edit") {
+        return false;
+    }
+    DWORD_PTR range = 0;
+    if (!SendMessageTimeoutW(window, EM_GETSEL, 0, 0, SMTO_ABORTIFHUNG, kAnswerMs, &range)) {
+        return std::nullopt;
+    }
+    // Places above 16 bits come as 0xFFFF.
+    const bool isTold = LOWORD(range) != 0xFFFF && HIWORD(range) != 0xFFFF;
+    return isTold ? std::optional(LOWORD(range) != HIWORD(range)) : std::nullopt;
+}
+
 LayoutHandle WinDesktopWindows::KeyboardLayout(std::uint32_t thread) const {
     return static_cast<LayoutHandle>(reinterpret_cast<std::uintptr_t>(GetKeyboardLayout(thread)) &
                                      0xFFFFFFFF);
@@ -102,10 +120,9 @@ bool WinDesktopWindows::Post(WindowHandle window, std::uint32_t message, std::ui
     return PostMessageW(ToWindow(window), message, wParam, 0) != 0;
 }
 
-void WinDesktopWindows::SendCopy(WindowHandle window) {
+void WinDesktopWindows::SendCopy(WindowHandle window, std::uint32_t patienceMs) {
     DWORD_PTR ignored = 0;
-    SendMessageTimeoutW(ToWindow(window), WM_COPY, 0, 0, SMTO_ABORTIFHUNG, kCopyTimeoutMs,
-                        &ignored);
+    SendMessageTimeoutW(ToWindow(window), WM_COPY, 0, 0, SMTO_ABORTIFHUNG, patienceMs, &ignored);
 }
 
 }  // namespace vbr

@@ -13,7 +13,7 @@ std::size_t WinInputInjector::Send(std::span<const KeyEvent> events) {
     for (const KeyEvent& event : events) {
         INPUT input{};
         input.type = INPUT_KEYBOARD;
-        input.ki = {event.Vk, event.Scan, event.Flags, event.Time, 0};
+        input.ki = {event.Vk, event.Scan, event.Flags, 0, 0};
         inputs.push_back(input);
     }
     return SendInput(static_cast<UINT>(inputs.size()), inputs.data(), sizeof(INPUT));
@@ -23,8 +23,8 @@ bool WinInputInjector::IsKeyDown(std::uint16_t vk) const {
     return GetAsyncKeyState(vk) < 0;
 }
 
-bool WinInputInjector::HasKeyState(std::uint16_t vk) const {
-    return GetKeyState(vk) != 0;
+bool WinInputInjector::IsToggled(std::uint16_t vk) const {
+    return (GetKeyState(vk) & 1) != 0;
 }
 
 std::uint16_t WinInputInjector::ScanCode(std::uint16_t vk) const {

@@ -3,6 +3,9 @@
 
 #include "platform/win32/windows.h"
 
+#include <cstddef>
+#include <optional>
+
 #include "platform/win32/handle.h"
 
 namespace vbr {
@@ -18,18 +21,21 @@ DWORD ProcessOf(WindowHandle window) {
     return process;
 }
 
-// A process that may not be asked has more rights than this one.
-bool HasElevatedToken(DWORD process) {
-    const UniqueHandle opened(OpenProcess(PROCESS_QUERY_LIMITED_INFORMATION, FALSE, process));
+// The system's number for how much a process may do; nothing when it doesn't let itself be asked.
+std::optional<DWORD> IntegrityOf(HANDLE process) {
     HANDLE token = nullptr;
-    if (!opened || !OpenProcessToken(opened.get(), TOKEN_QUERY, &token)) {
-        return GetLastError() == ERROR_ACCESS_DENIED;
+    if (!process || !OpenProcessToken(process, TOKEN_QUERY, &token)) {
+        return std::nullopt;
     }
     const UniqueHandle owned(token);
-    TOKEN_ELEVATION elevation{};
+    alignas(TOKEN_MANDATORY_LABEL)
+        std::byte label[sizeof(TOKEN_MANDATORY_LABEL) + SECURITY_MAX_SID_SIZE];
     DWORD length = 0;
-    return GetTokenInformation(token, TokenElevation, &elevation, sizeof elevation, &length) &&
-           elevation.TokenIsElevated != 0;
+    if (!GetTokenInformation(token, TokenIntegrityLevel, label, sizeof label, &length)) {
+        return std::nullopt;
+    }
+    const PSID sid = reinterpret_cast<const TOKEN_MANDATORY_LABEL*>(label)->Label.Sid;
+    return *GetSidSubAuthority(sid, static_cast<DWORD>(*GetSidSubAuthorityCount(sid)) - 1);
 }
 
 }  // namespace
@@ -42,9 +48,22 @@ bool WinTargetWindows::IsOwnProcess(WindowHandle window) const {
     return ProcessOf(window) == GetCurrentProcessId();
 }
 
+bool WinTargetWindows::IsInFront(WindowHandle window) const {
+    const HWND front = GetForegroundWindow();
+    return front && ::IsWindow(ToWindow(window)) &&
+           (front == GetAncestor(ToWindow(window), GA_ROOT) ||
+            ProcessOf(reinterpret_cast<WindowHandle>(front)) == ProcessOf(window));
+}
+
 bool WinTargetWindows::RunsElevated(WindowHandle window) const {
     const DWORD process = ProcessOf(window);
-    return process != 0 && HasElevatedToken(process) && !HasElevatedToken(GetCurrentProcessId());
+    const UniqueHandle opened(OpenProcess(PROCESS_QUERY_LIMITED_INFORMATION, FALSE, process));
+    if (process == 0 || !opened) {
+        return process != 0 && GetLastError() == ERROR_ACCESS_DENIED;
+    }
+    const auto its = IntegrityOf(opened.get());
+    const auto own = IntegrityOf(GetCurrentProcess());
+    return its && own && *its > *own;
 }
 
 void WinTargetWindows::Wake(WindowHandle window) {

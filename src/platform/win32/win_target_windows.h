@@ -9,6 +9,7 @@ class WinTargetWindows : public TargetWindows {
   public:
     bool IsWindow(WindowHandle window) const override;
     bool IsOwnProcess(WindowHandle window) const override;
+    bool IsInFront(WindowHandle window) const override;
     bool RunsElevated(WindowHandle window) const override;
     void Wake(WindowHandle window) override;
 };

@@ -10,7 +10,6 @@
 
 #include "diagnostics/guarded_section.h"
 #include "diagnostics/win32/file_log.h"
-#include "exchange/clipboard_snapshot.h"
 #include "exchange/hook_service.h"
 #include "exchange/query_route.h"
 #include "exchange/selected_text.h"
@@ -26,6 +25,7 @@
 #include "macros/win32/prompt_dialog_window.h"
 #include "menu/right_menu_commands.h"
 #include "menu/win32/popup_menu.h"
+#include "platform/clipboard_snapshot.h"
 #include "platform/my_copy.h"
 #include "platform/win32/named_event_thread.h"
 #include "platform/win32/win_ansi_text.h"
@@ -35,6 +35,7 @@
 #include "platform/win32/win_file_store.h"
 #include "platform/win32/win_hotkey_registrar.h"
 #include "platform/win32/win_input_injector.h"
+#include "platform/win32/win_input_join.h"
 #include "platform/win32/win_program_starter.h"
 #include "platform/win32/win_program_windows.h"
 #include "platform/win32/win_rich_text_engine.h"
@@ -151,6 +152,7 @@ class Program {
     WinBitmaps bitmaps_;
     WinClipboardAccess clipboard_;
     WinInputInjector input_;
+    WinInputJoin inputJoin_;
     WinDesktopWindows windows_;
     WinTargetWindows targets_;
     WinProgramWindows programWindows_;
@@ -162,6 +164,7 @@ class Program {
     WinRichTextEngine richText_;
     MyCopyGuard ownCopy_;
     EventSounds sounds_;
+    TargetInput keys_;
 
     // Phrases and what becomes of them.
     CommandFiles files_;
@@ -172,7 +175,7 @@ class Program {
     RichMacros richMacros_;
     PhraseTexts previews_;
     PhraseItemMaker items_;
-    CClipboardSnapshot snapshot_;
+    CClipboardSnapshot pasteSnapshot_;
     WinPrompter prompter_;
     TextDelivery text_;
     LayoutSwitcher switcher_;
@@ -187,6 +190,7 @@ class Program {
     ItemClipboard itemClipboard_;
 
     // The target.
+    CClipboardSnapshot snapshot_;
     SelectedTextReader selection_;
     std::unique_ptr<QueryRoute> route_;
     QueryWaitThread queryWait_;

@@ -46,7 +46,7 @@ LRESULT CALLBACK Copier::WindowProc(HWND window, UINT message, WPARAM wParam, LP
     auto* self = reinterpret_cast<Copier*>(GetWindowLongPtrW(window, GWLP_USERDATA));
     if (message == WM_RENDERFORMAT && self) {
         SetClipboardData(static_cast<UINT>(wParam), MemoryOf(self->promised_));
-        self->promised_.clear();
+        ++self->asked_[static_cast<UINT>(wParam)];
         return 0;
     }
     return DefWindowProcW(window, message, wParam, lParam);
@@ -75,8 +75,19 @@ void Copier::CopyBitmap() {
 
 bool Copier::CopyUntilTaken(std::u16string_view text) {
     promised_ = UnitsOf(text);
+    asked_.clear();
     Copy({{CF_UNICODETEXT, ""}});
-    return WaitUntil([this] { return promised_.empty(); });
+    return WaitUntil([this] { return !asked_.empty(); });
+}
+
+void Copier::Promise(const std::vector<UINT>& formats) {
+    promised_ = UnitsOf(u"abc");
+    asked_.clear();
+    std::vector<Block> blocks;
+    for (const UINT format : formats) {
+        blocks.emplace_back(format, "");
+    }
+    Copy(blocks);
 }
 
 std::vector<StoredItem> ReadStoredHistory(const std::filesystem::path& programFolder) {

@@ -5,6 +5,7 @@
 
 #include <filesystem>
 #include <functional>
+#include <map>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -33,6 +34,10 @@ class Copier {
     void CopyBitmap();
     // Promises the text and waits until somebody has asked for it; false when nobody does.
     bool CopyUntilTaken(std::u16string_view text);
+    // Promises formats that nobody has asked for yet; a text of three letters in each.
+    void Promise(const std::vector<UINT>& formats);
+    // How often each promised format was asked for.
+    const std::map<UINT, int>& Asked() const { return asked_; }
 
     // Asks again and again until the condition holds, and answers messages meanwhile as the owner
     // of a clipboard should; false when the time is over.
@@ -49,6 +54,7 @@ class Copier {
 
     HWND window_ = nullptr;
     std::string promised_;
+    std::map<UINT, int> asked_;
 };
 
 // An item as the program's folder holds it.

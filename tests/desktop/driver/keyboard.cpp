@@ -3,6 +3,8 @@
 
 #include <algorithm>
 
+#include "desktop/driver/waiting.h"
+
 namespace vbr::desktop {
 namespace {
 
@@ -20,21 +22,47 @@ INPUT KeyInput(WORD key, DWORD flags) {
     return input;
 }
 
-}  // namespace
-
-void PressKeys(const std::vector<WORD>& keys) {
+std::vector<INPUT> ReleaseOfModifiers() {
     std::vector<INPUT> inputs;
     for (const WORD modifier : kModifiers) {
         if (GetAsyncKeyState(modifier) < 0) {
             inputs.push_back(KeyInput(modifier, KEYEVENTF_KEYUP));
         }
     }
+    return inputs;
+}
+
+void SendKey(WORD key, DWORD flags) {
+    INPUT input = KeyInput(key, flags);
+    SendInput(1, &input, sizeof(INPUT));
+}
+
+}  // namespace
+
+void PressKeys(const std::vector<WORD>& keys) {
+    std::vector<INPUT> inputs = ReleaseOfModifiers();
     for (const WORD key : keys) {
         inputs.push_back(KeyInput(key, 0));
     }
     std::for_each(keys.rbegin(), keys.rend(),
                   [&](WORD key) { inputs.push_back(KeyInput(key, KEYEVENTF_KEYUP)); });
     SendInput(static_cast<UINT>(inputs.size()), inputs.data(), sizeof(INPUT));
+}
+
+void HoldKeys(const std::vector<WORD>& keys, DWORD milliseconds) {
+    constexpr DWORD kBetweenFingersMs = 8;
+    std::vector<INPUT> inputs = ReleaseOfModifiers();
+    SendInput(static_cast<UINT>(inputs.size()), inputs.data(), sizeof(INPUT));
+    for (const WORD key : keys) {
+        SendKey(key, 0);
+        Sleep(kBetweenFingersMs);
+    }
+    WaitUntil([] { return false; }, milliseconds);
+    // The key goes first, then the modifiers one after the other.
+    for (auto key = keys.rbegin(); key != keys.rend(); ++key) {
+        SendKey(*key, KEYEVENTF_KEYUP);
+        Sleep(kBetweenFingersMs);
+    }
 }
 
 }  // namespace vbr::desktop

@@ -3,6 +3,7 @@
 
 #include "platform/win32/windows.h"
 
+#include <iterator>
 #include <vector>
 
 namespace vbr::desktop {
@@ -11,9 +12,13 @@ namespace vbr::desktop {
 // that are still held are let go first.
 void PressKeys(const std::vector<WORD>& keys);
 
+// The same by fingers: each key a moment after the one before, held for that long.
+void HoldKeys(const std::vector<WORD>& keys, DWORD milliseconds);
+
 // The program's own default hot key.
+inline constexpr WORD kHotkey[] = {VK_CONTROL, VK_MENU, VK_RETURN};
 inline void PressHotkey() {
-    PressKeys({VK_CONTROL, VK_MENU, VK_RETURN});
+    HoldKeys({std::begin(kHotkey), std::end(kHotkey)}, 60);
 }
 
 }  // namespace vbr::desktop

@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/input_join.h"
+
+namespace vbr {
+
+// Joins by AttachThreadInput. Messages that other threads send to this one are answered meanwhile.
+class WinInputJoin : public InputJoin {
+  public:
+    void Run(WindowHandle window, const std::function<void(bool isJoined)>& work) override;
+};
+
+}  // namespace vbr
