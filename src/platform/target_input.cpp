@@ -12,6 +12,7 @@ constexpr std::uint32_t kStepMs = 1;
 constexpr std::uint32_t kFrontStepMs = 5;
 constexpr std::uint32_t kUnjoinedStepMs = 5;
 constexpr std::uint32_t kUnjoinedReadyMs = 100;
+constexpr std::uint32_t kMarkAgainMs = 1000;
 // A target that is idle reads within this many looks.
 constexpr int kLooksWithoutPause = 64;
 
@@ -39,17 +40,11 @@ InputState TargetKeys::Send(std::span<const KeyEvent> events, std::uint32_t pati
     if (!with_.Windows.IsInFront(target_)) {
         return InputState::NotInFront;
     }
-    const bool before = isJoined_ && with_.Input.IsToggled(kVkUnassigned);
-    std::vector<KeyEvent> marked(events.begin(), events.end());
     if (isJoined_) {
-        const std::vector<KeyEvent> mark = UnknownKeyPress();
-        marked.insert(marked.end(), mark.begin(), mark.end());
+        return SendMarked(events) ? AwaitMark(patienceMs, isEnough) : InputState::NotTaken;
     }
-    if (!marked.empty() && !SendAll(marked, with_.Input, with_.Log)) {
+    if (!events.empty() && !SendAll(events, with_.Input, with_.Log)) {
         return InputState::NotTaken;
-    }
-    if (isJoined_) {
-        return AwaitMark(before, patienceMs, isEnough);
     }
     const std::uint32_t start = with_.Clock.TickCount();
     while (with_.Clock.TickCount() - start < unjoinedMs && !isEnough()) {
@@ -58,30 +53,54 @@ InputState TargetKeys::Send(std::span<const KeyEvent> events, std::uint32_t pati
     return InputState::Sent;
 }
 
-// The state of the joined input turns when the target has read the mark, and with it all before.
-InputState TargetKeys::AwaitMark(bool before, std::uint32_t patienceMs,
-                                 const std::function<bool()>& isEnough) {
-    for (int look = 0; look < kLooksWithoutPause; ++look) {
-        if (with_.Input.IsToggled(kVkUnassigned) != before) {
-            return InputState::Read;
-        }
-        with_.Clock.Sleep(0);
+bool TargetKeys::SendMarked(std::span<const KeyEvent> events) {
+    const auto otherThan = [](std::uint16_t vk) {
+        return vk == kVkUnassigned ? kVkUnassigned2 : kVkUnassigned;
+    };
+    mark_ = otherThan(mark_);
+    // One that an end without input has left down would show at once.
+    if (with_.Input.IsDownAsRead(mark_)) {
+        mark_ = otherThan(mark_);
     }
+    std::vector<KeyEvent> marked = {{.Vk = otherThan(mark_), .Flags = kKeyUp}};
+    marked.reserve(events.size() + 2);
+    marked.insert(marked.end(), events.begin(), events.end());
+    marked.push_back({.Vk = mark_});
+    return SendAll(marked, with_.Input, with_.Log);
+}
+
+// The joined key state shows the mark when the target has read it, and with it all before.
+InputState TargetKeys::AwaitMark(std::uint32_t patienceMs, const std::function<bool()>& isEnough) {
     const std::uint32_t start = with_.Clock.TickCount();
-    while (with_.Input.IsToggled(kVkUnassigned) == before) {
-        if (isEnough()) {
-            return InputState::Sent;
+    std::uint32_t markedAt = start;
+    for (int look = 0; !with_.Input.IsDownAsRead(mark_); ++look) {
+        if (look < kLooksWithoutPause) {
+            with_.Clock.Sleep(0);
+            continue;
         }
-        if (!with_.Windows.IsInFront(target_)) {
+        const std::uint32_t now = with_.Clock.TickCount();
+        if (isEnough() || !with_.Windows.IsInFront(target_)) {
             // The keys may be what brought another one to the front.
             return InputState::Sent;
         }
-        if (with_.Clock.TickCount() - start >= patienceMs) {
+        if (now - start >= patienceMs) {
             return InputState::NotRead;
+        }
+        if (now - markedAt >= kMarkAgainMs) {
+            // What changes the state of the whole keyboard can have taken the mark away.
+            markedAt = now;
+            SendMarked({});
         }
         with_.Clock.Sleep(kStepMs);
     }
     return InputState::Read;
+}
+
+void TargetKeys::LiftMark() {
+    if (mark_ != 0) {
+        const KeyEvent up[] = {{.Vk = mark_, .Flags = kKeyUp}};
+        SendAll(up, with_.Input, with_.Log);
+    }
 }
 
 InputState TargetInput::Use(WindowHandle target,
@@ -90,6 +109,7 @@ InputState TargetInput::Use(WindowHandle target,
     with_.Join.Run(target, [&](bool isJoined) {
         TargetKeys keys(with_, target, isJoined);
         result = work(keys);
+        keys.LiftMark();
     });
     return result;
 }

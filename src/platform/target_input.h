@@ -54,12 +54,17 @@ class TargetKeys {
     bool IsJoined() const { return isJoined_; }
 
   private:
-    InputState AwaitMark(bool before, std::uint32_t patienceMs,
-                         const std::function<bool()>& isEnough);
+    // Two keys mark what was sent in turn: one goes down behind it, while the other goes up ahead.
+    bool SendMarked(std::span<const KeyEvent> events);
+    InputState AwaitMark(std::uint32_t patienceMs, const std::function<bool()>& isEnough);
+    void LiftMark();
 
     const Desktop& with_;
     WindowHandle target_;
     bool isJoined_;
+    std::uint16_t mark_ = 0;  // the marking key that is down
+
+    friend class TargetInput;
 };
 
 // Knows when a target has read what was sent to it. Any thread may call.

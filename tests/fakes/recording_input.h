@@ -33,9 +33,7 @@ class RecordingInput : public InputInjector {
         Sent.emplace_back(events.begin(), events.begin() + static_cast<std::ptrdiff_t>(taken));
         for (const KeyEvent& event : Sent.back()) {
             lastRead_ = std::max(lastRead_, clock_.Tick) + MsPerEvent;
-            if (event == KeyEvent{.Vk = kVkUnassigned}) {
-                marksRead_.push_back(lastRead_);
-            }
+            queue_.push_back({event, lastRead_});
             if ((event.Flags & kKeyUp) != 0) {
                 Held.erase(event.Vk);
             }
@@ -50,10 +48,11 @@ class RecordingInput : public InputInjector {
         return taken;
     }
     bool IsKeyDown(std::uint16_t vk) const override { return Held.contains(vk); }
-    bool IsToggled(std::uint16_t) const override {
-        const auto read = std::ranges::count_if(
-            marksRead_, [this](std::uint32_t tick) { return tick <= clock_.Tick; });
-        return read % 2 != 0;
+    bool IsDownAsRead(std::uint16_t vk) const override {
+        const auto last = std::find_if(queue_.rbegin(), queue_.rend(), [&](const Queued& queued) {
+            return queued.Event.Vk == vk && queued.ReadAt <= clock_.Tick;
+        });
+        return last != queue_.rend() && (last->Event.Flags & kKeyUp) == 0;
     }
     std::uint16_t ScanCode(std::uint16_t vk) const override {
         return static_cast<std::uint16_t>(vk + 100);
@@ -63,17 +62,23 @@ class RecordingInput : public InputInjector {
     std::vector<KeyEvent> Keys() const {
         std::vector<KeyEvent> keys;
         for (const std::vector<KeyEvent>& events : Sent) {
-            std::ranges::copy_if(events, std::back_inserter(keys),
-                                 [](const KeyEvent& event) { return event.Vk != kVkUnassigned; });
+            std::ranges::copy_if(events, std::back_inserter(keys), [](const KeyEvent& event) {
+                return event.Vk != kVkUnassigned && event.Vk != kVkUnassigned2;
+            });
         }
         return keys;
     }
 
   private:
+    struct Queued {
+        KeyEvent Event;
+        std::uint32_t ReadAt;  // ticks
+    };
+
     const FakeClock& clock_;
     Journal* calls_;
     std::uint32_t lastRead_ = 0;  // ticks
-    std::vector<std::uint32_t> marksRead_;
+    std::vector<Queued> queue_;
 };
 
 // Runs the work at once, joined or not.

@@ -42,12 +42,35 @@ int TimeReading(const std::string& folder) {
                 : 0;
 }
 
+constexpr int kMenuHotkey = 2;
+
+bool Obey(HWND window, const char* argument) {
+    if (std::strcmp(argument, "--hotkey") == 0) {
+        return RegisterHotKey(window, 1, MOD_CONTROL | MOD_ALT, VK_RETURN) != 0;
+    }
+    if (std::strcmp(argument, "--menu") == 0) {
+        return RegisterHotKey(window, kMenuHotkey, MOD_CONTROL | MOD_ALT, VK_F12) != 0;
+    }
+    return LoadLibraryA(argument) != nullptr;
+}
+
+void ShowMenu(HWND window) {
+    const HMENU menu = CreatePopupMenu();
+    for (UINT i = 1; i <= 5; ++i) {
+        AppendMenuW(menu, MF_STRING, i, L"A phrase of the menu");
+    }
+    SetForegroundWindow(window);
+    TrackPopupMenu(menu, TPM_RETURNCMD, 100, 100, 0, window, nullptr);
+    DestroyMenu(menu);
+}
+
 }  // namespace
 
 // The least that a resident program is: a hidden window that answers. The floor of the benchmarks.
 //   --read FOLDER   alone: reads the files of the folder and ends with the microseconds it took
 //   NAME        of the event that it makes when it is ready
 //   --hotkey    takes the hot key Ctrl+Alt+Enter
+//   --menu      takes the hot key Ctrl+Alt+F12 and shows a small menu at it
 //   LIBRARY     is loaded
 int main(int argc, char** argv) {
     if (argc == 3 && std::strcmp(argv[1], "--read") == 0) {
@@ -64,10 +87,7 @@ int main(int argc, char** argv) {
         return 1;
     }
     for (int i = 2; i < argc; ++i) {
-        const bool done = std::strcmp(argv[i], "--hotkey") == 0
-                              ? RegisterHotKey(window, 1, MOD_CONTROL | MOD_ALT, VK_RETURN) != 0
-                              : LoadLibraryA(argv[i]) != nullptr;
-        if (!done) {
+        if (!Obey(window, argv[i])) {
             return 1;
         }
     }
@@ -75,6 +95,9 @@ int main(int argc, char** argv) {
     CreateEventA(nullptr, TRUE, FALSE, argv[1]);
     MSG message;
     while (GetMessageW(&message, nullptr, 0, 0) > 0) {
+        if (message.message == WM_HOTKEY && message.wParam == kMenuHotkey) {
+            ShowMenu(window);
+        }
         DispatchMessageW(&message);
     }
     return 0;

@@ -23,8 +23,8 @@ bool WinInputInjector::IsKeyDown(std::uint16_t vk) const {
     return GetAsyncKeyState(vk) < 0;
 }
 
-bool WinInputInjector::IsToggled(std::uint16_t vk) const {
-    return (GetKeyState(vk) & 1) != 0;
+bool WinInputInjector::IsDownAsRead(std::uint16_t vk) const {
+    return GetKeyState(vk) < 0;
 }
 
 std::uint16_t WinInputInjector::ScanCode(std::uint16_t vk) const {

@@ -9,7 +9,7 @@ class WinInputInjector : public InputInjector {
   public:
     std::size_t Send(std::span<const KeyEvent> events) override;
     bool IsKeyDown(std::uint16_t vk) const override;
-    bool IsToggled(std::uint16_t vk) const override;
+    bool IsDownAsRead(std::uint16_t vk) const override;
     std::uint16_t ScanCode(std::uint16_t vk) const override;
 };
 

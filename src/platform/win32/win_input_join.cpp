@@ -13,11 +13,10 @@ namespace vbr {
 namespace {
 
 // 0 for a window whose thread must not be joined: one that hangs would hang the joined thread too,
-// and one of this process may be the thread that waits here.
+// and the one that waits here reads nothing.
 DWORD ThreadToJoin(HWND window) {
-    DWORD process = 0;
-    const DWORD thread = GetWindowThreadProcessId(window, &process);
-    return process != GetCurrentProcessId() && Answers(window) ? thread : 0;
+    const DWORD thread = GetWindowThreadProcessId(window, nullptr);
+    return thread != GetCurrentThreadId() && Answers(window) ? thread : 0;
 }
 
 // A thread has an input queue only once it asks for messages.

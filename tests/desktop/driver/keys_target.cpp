@@ -10,7 +10,7 @@
 namespace vbr::desktop {
 namespace {
 
-constexpr WPARAM kUnassigned = 0xE8;
+constexpr WPARAM kUnassigned[] = {0xE8, 0x97};
 
 bool IsDown(int vk) {
     return GetKeyState(vk) < 0;
@@ -94,7 +94,7 @@ LRESULT CALLBACK KeysTarget::WindowProc(HWND window, UINT message, WPARAM wParam
 void KeysTarget::OnKey(WPARAM vk) {
     const bool control = IsDown(VK_CONTROL);
     const bool others = IsDown(VK_MENU) || IsDown(VK_SHIFT) || IsDown(VK_LWIN) || IsDown(VK_RWIN);
-    if (IsModifier(vk) || vk == kUnassigned) {
+    if (IsModifier(vk) || vk == kUnassigned[0] || vk == kUnassigned[1]) {
         return;
     }
     if (control && !others && vk == 'C' && !manners_.IsTerminal) {

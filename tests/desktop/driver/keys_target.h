@@ -34,6 +34,10 @@ class KeysTarget {
 
     // What arrived by keys and by pastes.
     std::u16string Text() { return Read(text_); }
+    std::size_t Length() {
+        const std::lock_guard lock(mutex_);
+        return text_.size();
+    }
     // Waits until the text is exactly this, and returns what it is then.
     std::u16string WaitForText(const std::u16string& expected);
     int Interrupts() { return Read(interrupts_); }
