@@ -13,6 +13,9 @@ inline constexpr std::size_t kXmlMaxDepth = 100;
 inline constexpr std::size_t kXmlMaxElements = 10000;
 inline constexpr std::size_t kXmlMaxAttributes = 1000;
 
+// Has the library keep all white space, for good. Any thread may call.
+void KeepXmlWhiteSpace();
+
 // The document behind its declarations, which the library reads by rules of its own.
 std::string_view SkipXmlDeclarations(std::string_view xml);
 

@@ -33,6 +33,12 @@ std::string EscapeMarks(const std::string& printed) {
 
 }  // namespace
 
+std::string EscapeXmlText(std::u16string_view text) {
+    std::string escaped;
+    TiXmlBase::EncodeString(MarkReferences(Utf16ToUtf8(text)), &escaped);
+    return EscapeMarks(escaped);
+}
+
 void AppendXmlText(TiXmlElement& element, std::u16string_view text) {
     element.LinkEndChild(new TiXmlText(MarkReferences(Utf16ToUtf8(text))));
 }

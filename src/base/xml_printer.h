@@ -7,6 +7,9 @@
 
 namespace vbr {
 
+// The text as it stands in a printed document, between tags.
+std::string EscapeXmlText(std::u16string_view text);
+
 // The text behind what the element has. Only texts given in this way are printed as they are: the
 // library passes "&#x…" through, which turns a text about character references into the characters.
 void AppendXmlText(TiXmlElement& element, std::u16string_view text);

@@ -113,7 +113,7 @@ bool ParseQuery(std::string_view document, WPQuery& query) {
     if (!IsWithinXmlLimits(body)) {
         return false;
     }
-    TiXmlBase::SetCondenseWhiteSpace(false);
+    KeepXmlWhiteSpace();
     TiXmlDocument parsed;
     // A document that is cut off still tells what stands before.
     parsed.Parse(body.c_str(), nullptr, TIXML_ENCODING_UTF8);

@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <functional>
 #include <string>
 #include <string_view>
 
+#include "phrases/command_document.h"
 #include "phrases/command_record.h"
 #include "platform/file_store.h"
 #include "platform/log.h"
@@ -15,24 +17,6 @@ namespace vbr {
 inline constexpr std::u16string_view kPhraseExtension = u".vellumbridge";
 inline constexpr std::u16string_view kFolderSelfName = u"FOLDER_SELF.vellumbridge";
 
-inline constexpr std::size_t kMenuNameMax = 60;  // UTF-16 units
-inline constexpr std::size_t kHintMax = 512;
-
-// How the reading of a phrase file ended. Only Ok gives a phrase; NoTitle has stored the
-// attributes, which is all that a folder's own file holds.
-enum class CommandReadResult { Ok, NoTitle, Unreadable, NotUtf8, NotXml, TooMuchMarkup };
-
-// The reason for a log line; empty for Ok.
-std::u16string_view DescribeReadResult(CommandReadResult result);
-
-// Fills an initialised record from the text of a phrase file: a UTF-8 XML document with the root
-// element VBRCommand. FilePath and CMDID stay as they are.
-CommandReadResult ParseCommand(VBRCommand& record, const std::string& xml);
-
-// The phrase file of a record: XML in UTF-8 without a mark, lines ended by CR LF, texts escaped so
-// that ParseCommand gives them back unit for unit.
-std::string CommandToXml(const VBRCommand& record);
-
 // The file that a record is saved to: FilePath, or FOLDER_SELF.vellumbridge in a group's folder.
 std::filesystem::path CommandFileOf(const VBRCommand& record);
 
@@ -40,7 +24,19 @@ std::filesystem::path CommandFileOf(const VBRCommand& record);
 using WriteFailure =
     std::function<void(const std::filesystem::path&, std::u16string_view, const VBRCommand&)>;
 
-// Reads and writes phrase files.
+// Uses of a phrase that its file doesn't count yet.
+struct UncountedUses {
+    std::int64_t Count = 0;
+    SystemTime LastUtc;
+    CommandFields Record;  // what the file should say with them
+};
+
+// How the counting of uses in a file ended. Counted: it says what the record says. Other: it said
+// something else before, or is gone. Refused: it holds no phrase now. Later: it can't be read or
+// written at the moment.
+enum class UsageResult { Counted, Other, Refused, Later };
+
+// Reads and writes phrase files. Belongs to no thread.
 class CommandFiles {
   public:
     CommandFiles(FileStore& files, Log& log) : files_(files), log_(log) {}
@@ -53,10 +49,18 @@ class CommandFiles {
     bool WriteCommandFile(const VBRCommand& record, const std::filesystem::path& path,
                           const WriteFailure& onFailure = nullptr);
 
-    // Writes a text made by CommandToXml; the log's error text, empty for success.
-    std::u16string WriteCommandText(const std::filesystem::path& path, std::string_view xml);
+    // Makes the file say what the fields say. A file that is there keeps all else that it holds;
+    // one that can't be read or holds no phrase is left alone. The log's error text, or empty.
+    std::u16string WriteFields(const std::filesystem::path& path, const CommandFields& fields);
+
+    // Changes nothing of the file but its figures, which count from what it says now. A file that
+    // is gone stays gone. What is not counted leaves a line in the log.
+    UsageResult CountUses(const std::filesystem::path& path, const UncountedUses& uses);
 
   private:
+    std::u16string Write(const std::filesystem::path& path, std::string_view xml);
+    UsageResult MissFile(const std::filesystem::path& path);
+
     FileStore& files_;
     Log& log_;
 };

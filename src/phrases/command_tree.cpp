@@ -204,10 +204,16 @@ CommandCounts CVBRCommandTree::CountCommands() const {
 }
 
 void CVBRCommandTree::RecordUsage(std::uint32_t id) {
-    if (VBRCommand* record = FindCommand(id)) {
-        record->AddUsage();
-        record->StampDateUsage(clock_.UtcTime());
+    VBRCommand* record = FindCommand(id);
+    if (!record) {
+        return;
+    }
+    record->AddUsage();
+    record->StampDateUsage(clock_.UtcTime());
+    if (record->IsGroup() || record->FilePath.empty()) {
         SaveCommand(id);
+    } else {
+        saver_.SaveUsageAsync(*record);
     }
 }
 

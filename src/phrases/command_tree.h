@@ -61,10 +61,12 @@ class CVBRCommandTree {
     std::size_t CountGroups() const;
     CommandCounts CountCommands() const;
 
-    // Counts one use of the phrase, stamps the date and saves it. An unknown id does nothing.
+    // Counts one use of the phrase and stamps the date, in its file too, which otherwise stays as
+    // it is. An unknown id does nothing.
     void RecordUsage(std::uint32_t id);
 
-    // Saves the record; one without a file gets a new path in its parent's folder first.
+    // Saves the record; one without a file gets a new path in its parent's folder first. What the
+    // reader doesn't know of a file that is there stays in it.
     void SaveCommand(std::uint32_t id);
 
   private:

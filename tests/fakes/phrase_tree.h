@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <atomic>
+
 #include "fakes/fake_clock.h"
 #include "fakes/memory_log.h"
 #include "fakes/native_file_store.h"
@@ -16,7 +18,8 @@ struct PhraseTree {
     FakeClock Clock;
     MemoryLog Log;
     CommandFiles Files{Store, Log};
-    CommandSaver Saver{Files};
+    std::atomic<int> Others = 0;  // uses that found the file to say something else
+    CommandSaver Saver{Files, [this] { ++Others; }};
     CVBRCommandTree Tree{Files, Saver, Clock, Log};
 
     // Writes a phrase, titled as its file.
@@ -29,7 +32,7 @@ struct PhraseTree {
              std::int32_t dataType = kDataTypeText, std::uint32_t flagsMenu = 0) {
         VBRCommand record{.Cmd = std::u16string(text), .FlagsMenu = flagsMenu};
         record.DataType = dataType;
-        // A use that is still being saved would replace the new file.
+        // A use that is still being saved would count in the new file.
         Saver.Flush();
         Write(path, std::move(record));
         Tree.LoadTree(Folder.Path());

@@ -45,7 +45,8 @@ TEST(CommandFile, EveryTextComesBackUnitForUnit) {
     for (const std::u16string& text :
          {std::u16string(u""), std::u16string(u" "), std::u16string(u"\r\n\r\n"),
           std::u16string(u"\t"), std::u16string(u"]]>&amp;lt;&#x2014;&#x"),
-          std::u16string(u"<!-- no comment -->"), controls}) {
+          std::u16string(u"<!-- no comment -->"),
+          std::u16string(u"&lt;b&gt; is &quote;bold&quote;"), controls}) {
         VBRCommand record;
         record.Text = u"title";
         record.Cmd = text;
@@ -148,11 +149,11 @@ TEST(CommandFile, MarkupInATextOrCommentIsNoMarkup) {
     escaped.Text = u"n";
     escaped.Cmd = data.Cmd;
     EXPECT_EQ(Parsed(CommandToXml(escaped)).Cmd, data.Cmd);
-    // A comment's markup isn't taken for the text of an element of nothing but white space.
+    // A comment isn't taken for the text of an element of nothing but white space.
     EXPECT_EQ(Parsed(Document("", "<MenuName>n</MenuName><!--<Cmd>" + Repeated("<a>", 100000) +
                                       "--><Cmd> </Cmd>"))
                   .Cmd,
-              u"");
+              u" ");
 }
 
 TEST(CommandFile, AReferenceThatIsNoneStaysAsItWasWritten) {

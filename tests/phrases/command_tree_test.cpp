@@ -2,6 +2,7 @@
 #include "phrases/command_tree.h"
 
 #include <algorithm>
+#include <atomic>
 #include <gtest/gtest.h>
 #include <map>
 
@@ -169,10 +170,97 @@ TEST_F(CommandTree, UsageIsCountedStampedAndSaved) {
     Tree.RecordUsage(1);
     Tree.RecordUsage(99);
     Saver.Flush();
+    EXPECT_EQ(Folder.Read("p.vellumbridge"), CommandToXml(*Tree.FindCommand(1)));
+    EXPECT_EQ(Others, 0);
     Tree.LoadTree({});
     EXPECT_EQ(Tree.Commands().at(0).UsageCount, 2);
     EXPECT_EQ(Tree.Commands().at(0).DateUsage, Clock.Utc);
-    EXPECT_EQ(Tree.Commands().at(0).Cmd, u"text");
+}
+
+TEST_F(CommandTree, AUseOfAPhraseThatWasEditedMeanwhileKeepsTheEditAndTells) {
+    AddPhrase("p.vellumbridge", 1);
+    Tree.LoadTree(Folder.Path());
+    Folder.Write("p.vellumbridge",
+                 "<VBRCommand UsageCount='40'><MenuName>n</MenuName><Cmd>new</Cmd></VBRCommand>");
+    Tree.RecordUsage(1);
+    Tree.RecordUsage(1);
+    Saver.Flush();
+    EXPECT_GE(Others, 1);
+    Tree.LoadTree({});
+    EXPECT_EQ(Tree.Commands().at(0).UsageCount, 42);
+    EXPECT_EQ(Tree.Commands().at(0).Cmd, u"new");
+    // The record and its file agree again.
+    Others = 0;
+    Tree.RecordUsage(1);
+    Saver.Flush();
+    EXPECT_EQ(Others, 0);
+}
+
+TEST_F(CommandTree, WhatIsNoPhraseAnyMoreIsLeftAloneWithALineEach) {
+    const std::string names[] = {"gone", "text", "untitled", "cut"};
+    for (const std::string& name : names) {
+        AddPhrase(name + ".vellumbridge", 1);
+    }
+    Tree.LoadTree(Folder.Path());
+    std::filesystem::remove(Folder.Path() / "gone.vellumbridge");
+    Folder.Write("text.vellumbridge", "notes");
+    Folder.Write("untitled.vellumbridge", "<VBRCommand/>");
+    Folder.Write("cut.vellumbridge", "<VBRCommand><MenuName>n</MenuName><Cmd>a");
+    for (std::uint32_t id = 1; id <= 4; ++id) {
+        Tree.RecordUsage(id);
+        Saver.Flush();
+        EXPECT_EQ(Log.Lines.size(), id);
+    }
+    EXPECT_FALSE(std::filesystem::exists(Folder.Path() / "gone.vellumbridge"));
+    EXPECT_EQ(Others, 1);  // the one that is gone
+    for (std::uint32_t id = 1; id <= 4; ++id) {
+        const VBRCommand& record = *Tree.FindCommand(id);
+        EXPECT_TRUE(Log.Tells(record.FilePath.u16string())) << record.FilePath;
+        // A save makes a new file, and leaves alone what it can't take for the record's.
+        Tree.SaveCommand(id);
+    }
+    Saver.Flush();
+    EXPECT_EQ(Folder.Read("text.vellumbridge"), "notes");
+    EXPECT_EQ(Folder.Read("gone.vellumbridge").substr(0, 5), "<?xml");
+    EXPECT_EQ(Tree.Commands().size(), 4U);
+}
+
+// Files that an editor, or a program that synchronises them, holds for a while.
+class HeldStore : public NativeFileStore {
+  public:
+    std::atomic<bool> Held = false;
+
+    std::optional<std::string> Read(const std::filesystem::path& path) override {
+        return Held ? std::nullopt : NativeFileStore::Read(path);
+    }
+};
+
+TEST_F(CommandTree, UsesOfAHeldFileCountWithALaterOneOrAtTheEnd) {
+    AddPhrase("p.vellumbridge", 1);
+    HeldStore store;
+    CommandFiles files(store, Log);
+    {
+        CommandSaver saver(files);
+        CVBRCommandTree tree(files, saver, Clock, Log);
+        tree.LoadTree(Folder.Path());
+        const auto useAndCount = [&](bool held, bool writable) {
+            saver.Flush();
+            store.Held = held;
+            store.ReplaceError = writable ? std::nullopt : std::optional(SystemError{32, u"held"});
+            tree.RecordUsage(1);
+            saver.Flush();
+            VBRCommand stored;
+            ParseCommand(stored, Folder.Read("p.vellumbridge"));
+            return stored.UsageCount;
+        };
+        EXPECT_EQ(useAndCount(true, true), 0);
+        EXPECT_EQ(useAndCount(false, true), 2);
+        EXPECT_EQ(useAndCount(false, false), 2);
+        EXPECT_EQ(useAndCount(true, true), 2);
+        store.Held = false;
+    }
+    Tree.LoadTree(Folder.Path());
+    EXPECT_EQ(Tree.Commands().at(0).UsageCount, 4);
 }
 
 TEST_F(CommandTree, RecordWithoutFileGetsAnUnusedNameInItsGroupsFolder) {
