@@ -26,6 +26,7 @@ inline constexpr std::uint32_t kMsgRightMenuCommand = 32789;  // the menu's righ
 inline constexpr std::uint32_t kMsgLanguageChanged = 32790;   // the language watcher
 inline constexpr std::uint32_t kMsgPaneBlink = 32792;         // the pane blink watcher
 inline constexpr std::uint32_t kMsgGetPaneText = 32793;       // the pane's selected text
+inline constexpr std::uint32_t kMsgPhraseChanged = 32800;     // the saver: a file isn't as loaded
 
 // wParam of the registered instance signal.
 inline constexpr std::uintptr_t kSignalAlreadyWorks = 0;

@@ -39,14 +39,15 @@ TEST_F(MainJob, CyrillicEmojiLineEndsAndTabsArriveAsTyped) {
     EXPECT_EQ(TextAfterChoice(expected), expected);
 }
 
-TEST_F(MainJob, UseIsCountedInThePhraseFile) {
-    StartWithPhrase("text");
-    ASSERT_EQ(TextAfterChoice(u"text"), u"text");
-    const std::filesystem::path file = program_.Phrases() / "Only phrase.vellumbridge";
+TEST_F(MainJob, UseIsCountedInThePhraseFileAndAnEditOfItIsKeptAndTaken) {
+    StartWithPhrase("old ");
+    const std::filesystem::path file = program_.AddPhrase("Only phrase", 1, "new");
+    ASSERT_EQ(TextAfterChoice(u"old "), u"old ");
     EXPECT_TRUE(WaitUntil([&] {
         return FileBytes(file).find("UsageCount=\"1\"") != std::string::npos;
     })) << FileBytes(file);
-    EXPECT_NE(FileBytes(file).find("<Cmd>text</Cmd>"), std::string::npos);
+    EXPECT_NE(FileBytes(file).find("<Cmd>new</Cmd>"), std::string::npos);
+    EXPECT_EQ(TextAfterChoice(u"old new"), u"old new");
 }
 
 }  // namespace

@@ -74,7 +74,7 @@ Program::Program(const ProcessContext& process, HWND window, TrayView& view)
              .Clock = process.Clock,
              .Log = process.Log}),
       files_(fileStore_, process.Log),
-      saver_(files_),
+      saver_(files_, [window] { PostMessageW(window, kMsgPhraseChanged, 0, 0); }),
       tree_(files_, saver_, process.Clock, process.Log),
       values_(process.Clock, process.Locale, system_),
       macros_(values_, process.Layouts, process.Locale, process.Log),

@@ -85,6 +85,7 @@ std::optional<LRESULT> CVBRTrayWnd::OnMessage(UINT message, WPARAM wParam, LPARA
         {kMsgShowMenuRequest, &CVBRTrayWnd::OnShowMenuRequest},
         {kMsgRightMenuCommand, &CVBRTrayWnd::OnRightMenuCommand},
         {kMsgLanguageChanged, &CVBRTrayWnd::OnLanguageChanged},
+        {kMsgPhraseChanged, &CVBRTrayWnd::OnPhraseChanged},
     };
     if (message == WM_CREATE) {
         program_ = std::make_unique<Program>(process_, Handle(), static_cast<TrayView&>(*this));
@@ -258,6 +259,11 @@ LRESULT CVBRTrayWnd::OnRightMenuCommand(WPARAM code, LPARAM item) {
 
 LRESULT CVBRTrayWnd::OnLanguageChanged(WPARAM, LPARAM) {
     program_->Requests().OnLanguageChanged();
+    return 0;
+}
+
+LRESULT CVBRTrayWnd::OnPhraseChanged(WPARAM, LPARAM) {
+    program_->Commands().RereadPhrases(false);
     return 0;
 }
 

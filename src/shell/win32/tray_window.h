@@ -51,6 +51,7 @@ class CVBRTrayWnd : public WindowBase, private TrayView {
     LRESULT OnShowMenuRequest(WPARAM, LPARAM);
     LRESULT OnRightMenuCommand(WPARAM code, LPARAM item);
     LRESULT OnLanguageChanged(WPARAM, LPARAM);
+    LRESULT OnPhraseChanged(WPARAM, LPARAM);
     LRESULT OnAddMessage(LPARAM text);
     bool CopyToSender(LPARAM buffer, const std::u16string& text);
 
