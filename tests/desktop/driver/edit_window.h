@@ -15,6 +15,7 @@ std::u16string TextOf(HWND window);
 class EditWindow {
   public:
     bool IsOpen() const { return edit_ != nullptr; }
+    bool Is32Bit() const { return process_.Is32Bit(); }
     bool BringToFront() const;
     HWND Window() const { return window_; }
     HWND Edit() const { return edit_; }

@@ -8,7 +8,11 @@ namespace vbr::desktop {
 // Notepad, a plain edit control.
 class Notepad : public EditWindow {
   public:
-    Notepad() : EditWindow(L"notepad.exe", kClass, kEditClass) {}
+    explicit Notepad(const wchar_t* program = L"notepad.exe")
+        : EditWindow(program, kClass, kEditClass) {}
+
+    // The 32-bit one of 64-bit Windows. Wine may lack it.
+    static constexpr const wchar_t* k32Bit = L"C:\\windows\\syswow64\\notepad.exe";
 
     // The one that is open already.
     static Notepad Running();

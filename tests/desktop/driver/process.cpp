@@ -29,6 +29,11 @@ bool Process::IsRunning() const {
     return handle_ && !WaitForExit(0);
 }
 
+bool Process::Is32Bit() const {
+    BOOL is32Bit = FALSE;
+    return IsWow64Process(handle_.get(), &is32Bit) && is32Bit;
+}
+
 std::optional<DWORD> Process::WaitForExit(DWORD milliseconds) const {
     DWORD code = 0;
     if (!handle_ || WaitForSingleObject(handle_.get(), milliseconds) != WAIT_OBJECT_0 ||

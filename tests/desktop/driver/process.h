@@ -20,6 +20,8 @@ class Process {
     Process& operator=(Process&&) = default;
 
     bool IsRunning() const;
+    // Whether it is a 32-bit program beside 64-bit ones.
+    bool Is32Bit() const;
 
     // The exit code, or nothing when the process still runs after that time.
     std::optional<DWORD> WaitForExit(DWORD milliseconds) const;

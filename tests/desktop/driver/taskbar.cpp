@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstdlib>
 #include <cstring>
 #include <shellapi.h>
 
@@ -14,12 +15,16 @@ namespace {
 
 constexpr const wchar_t* kClass = L"Shell_TrayWnd";
 
-// What comes in the data block, whatever the width of the sender.
+// What the data block begins with, whatever the width of the sender.
 struct Block {
     std::int32_t Window;
     std::uint32_t Id;
     std::uint32_t Flags;
     std::uint32_t CallbackMessage;
+};
+
+// What goes on there; a newer Wine has the icon's measures in between.
+struct Texts {
     wchar_t Tip[128];
     std::uint32_t State;
     std::uint32_t StateMask;
@@ -28,6 +33,14 @@ struct Block {
     wchar_t BalloonTitle[64];
     std::uint32_t BalloonFlags;
 };
+
+std::size_t TextsOffset() {
+    using Version = const char*(CDECL*)();
+    const auto version = reinterpret_cast<Version>(reinterpret_cast<void*>(
+        GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version")));
+    constexpr std::size_t kMeasures = 4 * sizeof(std::uint32_t);
+    return sizeof(Block) + (version && std::atoi(version()) >= 10 ? kMeasures : 0);
+}
 
 template <std::size_t Size>
 std::u16string TextIn(const wchar_t (&field)[Size]) {
@@ -81,22 +94,24 @@ LRESULT CALLBACK Taskbar::WindowProc(HWND window, UINT message, WPARAM wParam, L
 }
 
 bool Taskbar::Hear(const COPYDATASTRUCT& data) {
-    if (data.cbData < sizeof(Block)) {
+    if (data.cbData < TextsOffset() + sizeof(Texts)) {
         return false;
     }
     Block block;
+    Texts texts;
     std::memcpy(&block, data.lpData, sizeof block);
+    std::memcpy(&texts, static_cast<const char*>(data.lpData) + TextsOffset(), sizeof texts);
     IconNotice notice;
     notice.Message = static_cast<DWORD>(data.dwData);
     notice.Window = reinterpret_cast<HWND>(static_cast<LONG_PTR>(block.Window));
     notice.Flags = block.Flags;
     notice.CallbackMessage = block.CallbackMessage;
     if (block.Flags & NIF_TIP) {
-        notice.Tip = TextIn(block.Tip);
+        notice.Tip = TextIn(texts.Tip);
     }
     if (block.Flags & NIF_INFO) {
-        notice.Balloon = TextIn(block.Balloon);
-        notice.BalloonTitle = TextIn(block.BalloonTitle);
+        notice.Balloon = TextIn(texts.Balloon);
+        notice.BalloonTitle = TextIn(texts.BalloonTitle);
     }
     const std::lock_guard lock(mutex_);
     notices_.push_back(notice);
