@@ -5,11 +5,12 @@
 #   ./test.sh --bench               the benchmarks, native and on Windows; one above its bound fails
 #   ./test.sh --fuzz [SECONDS]      the fuzz targets, each for that long (60)
 #   ./test.sh --thread              the native tests under the thread sanitizer
+#   ./test.sh --wine 10 [--ring 2|3]   these rings under a second Wine, which has 32-bit programs too
 #   ./test.sh ... --filter PATTERN  only tests whose names match, as GoogleTest's filter does
 set -euo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/scripts/common.sh"
 
-only= filter='*' fuzz=
+only= filter='*' fuzz= wine=
 while (($# > 0)); do
     case $1 in
     --ring) only=${2:-} && shift && [[ $only == [123] ]] || { usage "$0" && exit 2; } ;;
@@ -19,13 +20,23 @@ while (($# > 0)); do
         [[ ! ${2:-} =~ ^[1-9][0-9]*$ ]] || { fuzz=$2 && shift; }
         ;;
     --thread) only=thread ;;
+    --wine) wine=${2:-} && shift && [[ $wine == 10 ]] || { usage "$0" && exit 2; } ;;
     --filter) filter=${2:?} && shift ;;
     *) usage "$0" && exit 2 ;;
     esac
     shift
 done
 
+if [[ $wine && ($fuzz || $only == [!23]*) ]]; then
+    usage "$0" && exit 2
+fi
+
 logs=$root/build/test-logs
+desktop=("$root/scripts/wine-desktop.sh")
+if [[ $wine ]]; then
+    logs+=/wine-$wine
+    desktop=("$root/scripts/second-wine.sh" run "${desktop[@]}")
+fi
 stage= passed=no
 ended() {
     # Test programs in the background do not hear Ctrl+C.
@@ -128,21 +139,26 @@ build_windows() {
 ring_2() {
     local program=$root/build/windows/bin/vellumbridge_windows_tests.exe
     need_program "$program"
-    run_tests ring-2 1 "$root/scripts/wine-desktop.sh" run --timeout 300 -- wine "$program"
+    run_tests ring-2 1 "${desktop[@]}" run --timeout 300 -- wine "$program"
 }
 
 bench_windows() {
     local program=$root/build/windows/bin/vellumbridge_windows_bench.exe
     need_program "$program"
-    run_bench bench-windows "$root/scripts/wine-desktop.sh" run --timeout 300 -- \
+    run_bench bench-windows "${desktop[@]}" run --timeout 300 -- \
         "$root/scripts/with-program.sh" wine "$program"
 }
 
 ring_3() {
     local program=$root/build/windows/bin/vellumbridge_desktop_tests.exe
     need_program "$program"
-    run_tests ring-3 1 "$root/scripts/wine-desktop.sh" run --timeout 900 -- \
+    run_tests ring-3 1 "${desktop[@]}" run --timeout 900 -- \
         "$root/scripts/with-program.sh" wine "$program"
+}
+
+# Whether a part was asked for; a second Wine has two parts of its own.
+wants() {
+    [[ $only == "$1" || (-z $only && (-z $wine || $1 == [23])) ]]
 }
 
 # What it finds on the way grows in build/fuzz/corpus; an input that fails is left there too.
@@ -178,27 +194,30 @@ if [[ $only == thread ]]; then
     passed=yes
     exit 0
 fi
-if [[ -z $only ]]; then
+if wants format; then
     run_stage "format" check_format
 fi
-if [[ -z $only || $only == 1 ]]; then
+if wants 1; then
     run_stage "native build" build native
     run_stage "ring 1: native tests" ring_1
 fi
-if [[ -z $only || $only == bench ]]; then
+if wants bench; then
     run_stage "benchmark build" build bench
     run_stage "benchmarks" bench
 fi
 if [[ $only != 1 ]]; then
     run_stage "windows build" build_windows
 fi
-if [[ -z $only || $only == 2 ]]; then
-    run_stage "ring 2: Windows calls" ring_2
+if [[ $wine ]]; then
+    run_stage "Wine $wine" "$root/scripts/second-wine.sh" make
 fi
-if [[ -z $only || $only == 3 ]]; then
-    run_stage "ring 3: desktop" ring_3
+if wants 2; then
+    run_stage "ring 2: Windows calls${wine:+ under Wine $wine}" ring_2
 fi
-if [[ -z $only || $only == bench ]]; then
+if wants 3; then
+    run_stage "ring 3: desktop${wine:+ under Wine $wine}" ring_3
+fi
+if wants bench; then
     run_stage "benchmarks on Windows" bench_windows
 fi
 passed=yes

@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that the build, the program and the tests need, when some are missing.
-#   install-packages.sh [--fuzz]   (with what the fuzz targets need)
+#   install-packages.sh [--fuzz | --second-wine]   (with what fuzz targets or a second Wine need)
 set -euo pipefail
+source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 
 packages=(
     # compilers and tools of the build
@@ -9,13 +10,12 @@ packages=(
     # libraries, native and for Windows
     googletest libbenchmark-dev libgmock-dev libgtest-dev libminizip-dev libtinyxml-dev
     libutfcpp-dev libz-mingw-w64-dev zlib1g-dev
-    # a Windows desktop to run the program on
-    fonts-dejavu-core fonts-liberation fonts-wine imagemagick libxcursor1 libxi6 libxrandr2
-    libxrender1 wine wine64 x11-xkb-utils xdotool xvfb
+    "${desktop_packages[@]}"
 )
-if [[ ${1:-} == --fuzz ]]; then
-    packages+=(clang libclang-rt-14-dev)
-fi
+case ${1:-} in
+--fuzz) packages+=(clang libclang-rt-14-dev) ;;
+--second-wine) packages+=(mmdebstrap) ;;
+esac
 
 missing=()
 for package in "${packages[@]}"; do

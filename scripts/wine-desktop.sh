@@ -69,7 +69,11 @@ make_prefix() {
 # Sets `template` to the folder of the template, made when this Wine and these settings have none.
 need_template() {
     local recipe
-    recipe=$({ wine --version && settings && declare -f make_prefix; } | sha256sum)
+    # A prefix gets 32-bit programs only when Wine has them while it is made.
+    recipe=$({
+        wine --version && settings && declare -f make_prefix &&
+            { find /usr/lib/*/wine/i386-windows -name ntdll.dll 2>/dev/null || true; }
+    } | sha256sum)
     template=$cache/wine-${recipe:0:12}
     mkdir -p "$cache/runs"
     (
