@@ -21,8 +21,8 @@ std::optional<std::size_t> IfAny(std::size_t steps) {
 }  // namespace
 
 TextDelivery::Result CVBRAction_Exec::Execute(WindowHandle window) {
-    start_.ExecuteCommandLine(window, Text);
-    return std::nullopt;
+    return start_.ExecuteCommandLine(window, command_) ? std::nullopt
+                                                       : std::optional(DeliveryFailure::NotStarted);
 }
 
 TextDelivery::Result CVBRAction_PlainText::Execute(WindowHandle window) {
@@ -68,8 +68,9 @@ bool ActionRunner::BuildActions(const CVBRActionContext& context, std::u16string
 std::unique_ptr<CVBRAction> ActionRunner::MakeTextAction(const CVBRActionContext& context,
                                                          std::u16string text) const {
     if (context.DataType == kDataTypeExec) {
-        ExpandExecCommand(context.TargetWindow, text, context.SelText, context.ClipboardText);
-        return std::make_unique<CVBRAction_Exec>(std::move(text), with_.Commands);
+        return std::make_unique<CVBRAction_Exec>(
+            ExpandExecCommand(context.TargetWindow, text, context.SelText, context.ClipboardText),
+            with_.Commands);
     }
     const MacroInput input{context.SelText, context.ClipboardText, context.Language};
     if (context.DataType == kDataTypeRtf) {
@@ -82,14 +83,15 @@ std::unique_ptr<CVBRAction> ActionRunner::MakeTextAction(const CVBRActionContext
                                                   with_.Delivery);
 }
 
-void ActionRunner::ExpandExecCommand(WindowHandle window, std::u16string& text,
-                                     std::u16string_view selText,
-                                     std::u16string_view clipboardText) const {
+CommandText ActionRunner::ExpandExecCommand(WindowHandle window, std::u16string_view text,
+                                            std::u16string_view selText,
+                                            std::u16string_view clipboardText) const {
     std::u16string oneLine(selText);
     ReplaceAll(oneLine, u"\r\n", u" ");
     const std::uint32_t thread = with_.Windows.ThreadOf(window).Thread;
-    with_.Macros.ExpandMacros(
-        text, {oneLine, clipboardText, LanguageOf(with_.Windows.KeyboardLayout(thread))});
+    return ExpandCommand(text,
+                         {oneLine, clipboardText, LanguageOf(with_.Windows.KeyboardLayout(thread))},
+                         with_.Macros);
 }
 
 void ActionRunner::BuildLiteral(const CVBRActionContext& context, std::u16string text,

@@ -50,13 +50,14 @@ class CVBRAction {
 // Runs its text as a command line.
 class CVBRAction_Exec : public CVBRAction {
   public:
-    CVBRAction_Exec(std::u16string text, CommandStart& start)
-        : CVBRAction(std::move(text)), start_(start) {}
+    CVBRAction_Exec(CommandText command, CommandStart& start)
+        : CVBRAction(command.Text()), command_(std::move(command)), start_(start) {}
 
     TextDelivery::Result Execute(WindowHandle window) override;
     bool NeedsTarget() const override { return false; }
 
   private:
+    CommandText command_;
     CommandStart& start_;
 };
 
@@ -149,8 +150,9 @@ class ActionRunner {
     std::optional<DeliveryFailure> WhyOutOfReach(WindowHandle window) const;
     std::unique_ptr<CVBRAction> MakeTextAction(const CVBRActionContext& context,
                                                std::u16string text) const;
-    void ExpandExecCommand(WindowHandle window, std::u16string& text, std::u16string_view selText,
-                           std::u16string_view clipboardText) const;
+    CommandText ExpandExecCommand(WindowHandle window, std::u16string_view text,
+                                  std::u16string_view selText,
+                                  std::u16string_view clipboardText) const;
 
     Collaborators with_;
 };

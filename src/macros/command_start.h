@@ -2,8 +2,9 @@
 #pragma once
 
 #include <string>
-#include <string_view>
 
+#include "macros/command_split.h"
+#include "macros/command_text.h"
 #include "platform/event_sounds.h"
 #include "platform/log.h"
 #include "platform/program_starter.h"
@@ -12,19 +13,7 @@
 
 namespace vbr {
 
-// A command line as the shell takes it.
-struct CommandParts {
-    std::u16string_view Path;
-    std::u16string_view Parameters;  // with the blank at its start
-
-    bool operator==(const CommandParts&) const = default;
-};
-
-// The longest front of the command that names a file, and the rest as its parameters. An address,
-// and a command with no such front, stays whole. The parts point into the command.
-CommandParts SplitCommandLine(std::u16string_view command, const ProgramStarter& files);
-
-// What a message about a failed start says of the command's parts.
+// What a message about a failed start says of the command's parts, each cut where it is long.
 std::u16string ProcessedCommandText(const CommandParts& parts);
 
 // Starts programs and opens documents and addresses for phrases.
@@ -33,8 +22,9 @@ class CommandStart {
     CommandStart(ProgramStarter& starter, const Strings& texts, EventSounds& sounds, Log& log)
         : starter_(starter), texts_(texts), sounds_(sounds), log_(log) {}
 
-    // Runs the command. A failure is logged and shown over the window until the user closes it.
-    void ExecuteCommandLine(WindowHandle owner, std::u16string_view command);
+    // Runs the command; false when nothing could be started. A failure is logged and shown over the
+    // window until the user closes it.
+    bool ExecuteCommandLine(WindowHandle owner, const CommandText& command);
 
   private:
     ProgramStarter& starter_;

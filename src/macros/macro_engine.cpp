@@ -7,6 +7,7 @@
 #include "macros/layout_macros.h"
 #include "macros/macro_tokens.h"
 #include "macros/url_text.h"
+#include "macros/value_marks.h"
 
 namespace vbr {
 namespace {
@@ -122,11 +123,12 @@ std::size_t MacroEngine::ReplaceTokens(std::u16string& text, const MacroInput& i
             continue;
         }
         const std::u16string value = MacroValue(token, input);
-        const std::size_t count = ReplaceAll(text, token, value);
+        const std::size_t count =
+            ReplaceAll(text, token, input.MarksValues ? MarkedValue(value) : value);
         // One that shared a percent sign with the token before is gone.
         if (count > 0 && token == kMacroUrlFromClipboard) {
-            log_.Write(Concat(u"PreReplaced MC_URL_FROMCLIPBOARD command=[", text, u"] result=[",
-                              value, u"]"));
+            log_.Write(Concat(u"PreReplaced MC_URL_FROMCLIPBOARD command=[", WithoutMarks(text),
+                              u"] result=[", value, u"]"));
         }
         // A layout token that a value brought in asks for nothing.
         replaced += token.starts_with(kMacroLayoutPrefix) ? 0 : count;

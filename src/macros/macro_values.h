@@ -18,6 +18,7 @@ struct MacroInput {
     std::u16string_view SelText;        // what is selected in the target
     std::u16string_view ClipboardText;  // the clipboard's text when the hot key came
     Lcid Language = 0;                  // for names and dates
+    bool MarksValues = false;           // in the text, by value_marks.h
 };
 
 // The value of each macro token. A token that isn't known gives an empty text.

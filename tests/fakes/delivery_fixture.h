@@ -3,6 +3,7 @@
 
 #include <deque>
 #include <functional>
+#include <map>
 #include <optional>
 #include <set>
 #include <string>
@@ -46,12 +47,16 @@ class FakePrompter : public Prompter {
     Journal& calls_;
 };
 
-// Files and folders by their full names, and what was started.
+// Files and folders by their full names, programs and variables by theirs, and what was started.
 class FakeProgramStarter : public ProgramStarter {
   public:
     std::set<std::u16string> Files;
     std::set<std::u16string> Folders;
+    std::map<std::u16string, std::u16string, std::less<>> Programs;
+    std::map<std::u16string, std::u16string, std::less<>> Variables;
+    std::optional<SystemError> Fault;     // of a start
     std::vector<std::u16string> Started;  // path and parameters, each in brackets
+    std::vector<std::string> Told;
     mutable int Asked = 0;
 
     bool IsFile(std::u16string_view path) const override {
@@ -65,9 +70,25 @@ class FakeProgramStarter : public ProgramStarter {
     std::optional<SystemError> Start(std::u16string_view path,
                                      std::u16string_view parameters) override {
         Started.push_back(Concat(u"[", path, u"][", parameters, u"]"));
-        return std::nullopt;
+        return Fault;
     }
-    void TellFailure(WindowHandle, std::u16string_view, std::u16string_view) override {}
+    std::optional<std::u16string> FindProgram(std::u16string_view name) const override {
+        ++Asked;
+        return Look(Programs, name);
+    }
+    std::optional<std::u16string> EnvironmentVariable(std::u16string_view name) const override {
+        return Look(Variables, name);
+    }
+    SystemError FileNotFound() const override { return {2, u"not found"}; }
+    void TellFailure(WindowHandle, std::u16string_view text, std::u16string_view) override {
+        Told.push_back(Utf16ToUtf8(text));
+    }
+
+  private:
+    static std::optional<std::u16string> Look(const auto& known, std::u16string_view name) {
+        const auto found = known.find(name);
+        return found == known.end() ? std::nullopt : std::optional(found->second);
+    }
 };
 
 // Every window but 0 lives, until it is named as gone.

@@ -92,7 +92,7 @@ TEST_F(CommandDeliveryTest, CommandsGetTheSelectionAsOneLineAndPromptsGoToTheTar
                 kDataTypeExec);
     Prompts.Answers = {u"answer"};
     EXPECT_TRUE(Deliver({.ClipboardText = u"", .SelText = u"a\r\nb"}));
-    EXPECT_THAT(Starter.Started, ElementsAre(u"[https://x/?q=a b][]"));
+    EXPECT_THAT(Starter.Started, ElementsAre(u"[https://x/?q=a%20b][]"));
     EXPECT_EQ(Typed(), u"answer");
     EXPECT_THAT(Heard(), testing::Each("launch.wav"));
 }
@@ -145,45 +145,6 @@ TEST_F(CommandDeliveryTest, WhatDoesNotArriveIsToldAndNotCounted) {
         EXPECT_EQ(Typed(), u"");
     }
     EXPECT_EQ(Uses(), 0);
-}
-
-TEST(SplitCommandLine, FindsTheLongestFrontThatIsAFile) {
-    FakeProgramStarter files;
-    files.Folders = {u"C:", u"C:\\My Files", u"C:\\Dir"};
-    files.Files = {
-        u"C:\\My Files\\a b.exe", u"C:\\My",  u"C:\\Dir\\x.txt", u"C:\\Dir\\x.txt ", u"tool.exe",
-        u"\\\\srv\\share\\t.exe", u"http://", u"https://x/y"};
-    const std::pair<std::u16string_view, CommandParts> cases[] = {
-        {u"C:\\My Files\\a b.exe", {u"C:\\My Files\\a b.exe", u""}},
-        {u"C:\\My Files\\a b.exe /x \"C:\\Dir\\y\"",
-         {u"C:\\My Files\\a b.exe", u" /x \"C:\\Dir\\y\""}},
-        {u"C:\\My Files\\none.exe 1", {u"C:\\My", u" Files\\none.exe 1"}},
-        {u"C:\\Dir\\x.txt  y", {u"C:\\Dir\\x.txt", u"  y"}},  // a blank ends no name
-        {u"tool.exe/a", {u"tool.exe", u"/a"}},
-        {u"\"tool.exe\" a", {u"\"tool.exe\" a", u""}},
-        {u"\\\\srv\\share\\t.exe -1", {u"\\\\srv\\share\\t.exe", u" -1"}},
-        {u"C:\\gone\\..\\x tool", {u"C:\\gone\\..\\x tool", u""}},
-        {u"HTTPS://x/y z", {u"HTTPS://x/y z", u""}},
-        {u"lt:x tool.exe", {u"lt:x tool.exe", u""}},
-        {u"%windir%\\notepad.exe", {u"%windir%\\notepad.exe", u""}},
-        {u"", {u"", u""}},
-    };
-    for (const auto& [command, parts] : cases) {
-        EXPECT_EQ(SplitCommandLine(command, files), parts) << Utf16ToUtf8(command);
-    }
-}
-
-TEST(SplitCommandLine, ALongCommandCostsFewLooksAtTheDisk) {
-    FakeProgramStarter files;
-    files.Folders = {u"C:", u"C:\\d"};
-    files.Files = {u"C:\\d\\t.exe"};
-    std::u16string command = u"C:\\d\\t.exe ";
-    for (int i = 0; i < 10000; ++i) {
-        command += u"C:\\a";
-    }
-    EXPECT_EQ(SplitCommandLine(command, files).Path, u"C:\\d\\t.exe");
-    EXPECT_EQ(SplitCommandLine(std::u16string(40000, u'x'), files).Parameters, u"");
-    EXPECT_LT(files.Asked, 1000);
 }
 
 }  // namespace
