@@ -25,7 +25,7 @@ class ProgramStarter {
     // The value, or nothing when there is no such variable.
     virtual std::optional<std::u16string> EnvironmentVariable(std::u16string_view name) const = 0;
 
-    // Opens exactly this path; no window of the shell's own tells of a failure.
+    // Opens the path; no window of the shell's own tells of a failure.
     virtual std::optional<SystemError> Start(std::u16string_view path,
                                              std::u16string_view parameters) = 0;
     // How the system says that there is no such file.

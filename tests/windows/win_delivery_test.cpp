@@ -75,7 +75,7 @@ TEST(ArgumentText, TheSystemFindsEachValueWholeInItsArgument) {
         ASSERT_THAT(ArgumentsOf(line),
                     testing::ElementsAre(L"x", wide, L"/k:" + wide, wide, L"C:\\" + wide + L"\\",
                                          L"C:\\" + wide + L"\\", L"y z" + wide + L"w",
-                                         L"\\\"" + wide + L"x", L"z"))
+                                         L"\"" + wide + L"x", L"z"))
             << Utf16ToUtf8(value);
     }
 }
@@ -131,7 +131,7 @@ TEST_F(WinProgramStarterTest, NamesAreLookedUpAsTheShellDoes) {
     EXPECT_EQ(starter_.EnvironmentVariable(u"VBR_TEST"), std::nullopt);
 }
 
-TEST_F(WinProgramStarterTest, AFailedStartIsToldByTheCallAloneAndExpandsNothing) {
+TEST_F(WinProgramStarterTest, AFailedStartIsToldByTheCallAlone) {
     folder_.Write(u"x.nothing", "");
     folder_.Write(u"broken.exe", "no program");
     for (const std::u16string_view path : {u"gone.exe", u"x.nothing", u"broken.exe"}) {
@@ -139,7 +139,6 @@ TEST_F(WinProgramStarterTest, AFailedStartIsToldByTheCallAloneAndExpandsNothing)
         ASSERT_TRUE(error) << Utf16ToUtf8(path);
         EXPECT_NE(error->Text, u"") << error->Code;
     }
-    EXPECT_TRUE(starter_.Start(u"%windir%\\notepad.exe", u" a"));
 }
 
 TEST(WinKeyboardLayouts, ReadTheShortcutOfTheSystem) {
