@@ -157,7 +157,8 @@ CommandParts SplitBare(const CommandText& line, const ProgramStarter& files) {
             }
         }
         if (to == line.Size()) {
-            return {line.Text(), {}, !line.HasValue()};
+            const bool mayBeName = line.Text().find(kQuote) == std::u16string::npos;
+            return {line.Text(), {}, mayBeName && !line.HasValue()};
         }
     }
 }

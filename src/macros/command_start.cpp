@@ -9,12 +9,20 @@ namespace {
 
 constexpr std::size_t kLineLength = 30;
 constexpr char16_t kEmDash = u'\u2014';
-// More would make the message higher than the screen, its button below.
+// Without these a message could be larger than the screen, its button outside.
 constexpr std::size_t kShownUnits = 500;
+constexpr std::size_t kShownInLine = 100;
 
 std::u16string Shown(std::u16string_view text) {
-    return text.size() > kShownUnits ? Concat(CutUnits(text, kShownUnits), u"…")
-                                     : std::u16string(text);
+    const std::u16string_view start = CutUnits(text, kShownUnits);
+    std::u16string lines;
+    for (std::size_t at = 0; at < start.size();) {
+        const std::u16string_view line = CutUnits(start.substr(at), kShownInLine);
+        lines += lines.empty() ? u"" : u"\n";
+        lines += line;
+        at += line.size();
+    }
+    return start.size() < text.size() ? lines + u"…" : lines;
 }
 
 }  // namespace

@@ -11,6 +11,7 @@ namespace vbr {
 namespace {
 
 using testing::ElementsAre;
+using testing::HasSubstr;
 using testing::IsEmpty;
 
 // What stands between « and » is a value.
@@ -81,6 +82,7 @@ TEST_F(CommandSplitTest, CommandLinesAreReadAsWindowsUsersWriteThem) {
          {u"shell:Common Startup", u"[shell:Common Startup][]"},
          {u"lt:x tool.exe", u"[lt:x tool.exe][]"},
          {u"nobody knows", u"[nobody knows][]"},
+         {u"nobody \"knows\"", u"none"},
          {u" \t", u"none"}},
         [this](auto command) { return Split(command); });
 }
@@ -183,6 +185,7 @@ TEST_F(CommandStartTest, AFailureIsExplainedInATextThatFitsAScreen) {
     EXPECT_FALSE(Commands.ExecuteCommandLine(7, Command(Concat(u"«", std::u16string(9999, u'x')))));
     EXPECT_THAT(Starter.Told.back(), testing::StartsWith("not found\n"));
     EXPECT_LT(Starter.Told.back().size(), 2000U);
+    EXPECT_THAT(Starter.Told.back(), testing::Not(HasSubstr(std::string(101, 'x'))));
     EXPECT_EQ(Starter.Started.size(), 2U);
 }
 
