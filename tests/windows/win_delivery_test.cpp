@@ -139,6 +139,7 @@ TEST_F(WinProgramStarterTest, AFailedStartIsToldByTheCallAlone) {
         ASSERT_TRUE(error) << Utf16ToUtf8(path);
         EXPECT_NE(error->Text, u"") << error->Code;
     }
+    EXPECT_TRUE(starter_.Start(Path(std::u16string(40000, u'x')), u""));
 }
 
 TEST(WinKeyboardLayouts, ReadTheShortcutOfTheSystem) {

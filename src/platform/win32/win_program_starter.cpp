@@ -9,6 +9,7 @@
 
 #include "base/text.h"
 #include "platform/win32/answering.h"
+#include "platform/win32/loaded_function.h"
 #include "platform/win32/wide.h"
 #include "platform/win32/win_system_error.h"
 
@@ -54,6 +55,22 @@ std::u16string RegisteredProgram(std::u16string_view name) {
     return {};
 }
 
+// The shell of Wine writes a long path beyond its room, and this program would fall.
+bool IsTooLongForShell(std::u16string_view path) {
+    return path.size() >= MAX_PATH &&
+           FunctionOf<void (*)()>(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") != nullptr;
+}
+
+// With it Wine opens such an address, as its shell would.
+std::optional<std::u16string_view> OpenerOf(std::u16string_view path) {
+    for (const std::u16string_view scheme : {u"http:", u"https:", u"ftp:", u"mailto:"}) {
+        if (StartsWithNoCase(path, scheme)) {
+            return u"winebrowser.exe";
+        }
+    }
+    return std::nullopt;
+}
+
 }  // namespace
 
 bool WinProgramStarter::IsFile(std::u16string_view path) const {
@@ -97,6 +114,11 @@ std::optional<std::u16string> WinProgramStarter::EnvironmentVariable(
 
 std::optional<SystemError> WinProgramStarter::Start(std::u16string_view path,
                                                     std::u16string_view parameters) {
+    if (IsTooLongForShell(path)) {
+        const auto opener = OpenerOf(path);
+        return opener ? Start(*opener, Concat(u" \"", path, u"\""))
+                      : SystemErrorOf(ERROR_FILENAME_EXCED_RANGE);
+    }
     const std::u16string file(path);
     const std::u16string rest(parameters);
     const DWORD before = GetLastError();
