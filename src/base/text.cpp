@@ -15,13 +15,6 @@ namespace {
 
 constexpr char16_t kReplacement = 0xFFFD;
 
-bool IsHighSurrogate(char16_t c) {
-    return c >= 0xD800 && c <= 0xDBFF;
-}
-bool IsLowSurrogate(char16_t c) {
-    return c >= 0xDC00 && c <= 0xDFFF;
-}
-
 std::u16string ReplaceLoneSurrogates(std::u16string_view text) {
     std::u16string out(text);
     for (std::size_t i = 0; i < out.size(); ++i) {

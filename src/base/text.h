@@ -24,6 +24,14 @@ std::u16string_view TrimLeft(std::u16string_view text, std::u16string_view chars
 std::u16string_view TrimRight(std::u16string_view text, std::u16string_view chars);
 std::u16string_view Trim(std::u16string_view text, std::u16string_view chars);
 
+// The first and the second half of a surrogate pair.
+constexpr bool IsHighSurrogate(char16_t c) {
+    return c >= 0xD800 && c <= 0xDBFF;
+}
+constexpr bool IsLowSurrogate(char16_t c) {
+    return c >= 0xDC00 && c <= 0xDFFF;
+}
+
 // At most `maxUnits` UTF-16 units from the start; a surrogate pair is never halved.
 std::u16string_view CutUnits(std::u16string_view text, std::size_t maxUnits);
 

@@ -30,7 +30,7 @@ bool IsHeadBreak(char16_t c) {
 // Where the last `maxUnits` units start; a pair is not halved.
 std::size_t TailStart(std::u16string_view text, std::size_t maxUnits) {
     std::size_t start = text.size() - std::min(maxUnits, text.size());
-    if (start > 0 && start < text.size() && (text[start] & 0xFC00) == 0xDC00) {
+    if (start > 0 && start < text.size() && IsLowSurrogate(text[start])) {
         ++start;
     }
     return start;

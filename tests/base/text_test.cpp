@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "base/text.h"
 
+#include "base/cursor_steps.h"
 #include "fakes/text_cases.h"
 
 namespace vbr {
@@ -28,6 +29,28 @@ TEST(CutUnits, NeverHalvesAPair) {
     EXPECT_EQ(CutUnits(u"ab🙂c", 3), u"ab");
     EXPECT_EQ(CutUnits(u"ab🙂c", 4), u"ab🙂");
     EXPECT_EQ(CutUnits(u"ab", 5), u"ab");
+}
+
+TEST(CursorSteps, AreWhatAReaderTakesForOneCharacter) {
+    const std::pair<std::u16string_view, std::size_t> cases[] = {
+        {u"", 0},
+        {u"ab\tc", 4},
+        {u"a\r\n\r\nb\r", 5},
+        {u"e\u0301й", 2},
+        {u"й", 1},
+        {u"กำ", 2},
+        {u"नि", 1},
+        {u"🙂🙂", 2},
+        {u"👍🏽❤️1️⃣", 3},
+        {u"👩‍👩‍👧‍👦👩‍❤️‍👨🏳️‍🌈", 3},
+        {u"🇩🇪🇫🇷🇩a", 4},
+        {u"🏴󠁧󠁢󠁥󠁮󠁧󠁿", 1},
+        {u"ك\u200Dم", 2},  // a joiner between letters
+        {std::u16string_view(&kLow, 1), 1},
+    };
+    for (const auto& [text, steps] : cases) {
+        EXPECT_EQ(CursorSteps(text), steps) << Utf16ToUtf8(text);
+    }
 }
 
 TEST(Case, LettersOfTheCoveredScriptsMatchInAnyCase) {
