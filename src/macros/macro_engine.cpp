@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "base/cursor_steps.h"
 #include "base/text.h"
 #include "macros/layout_macros.h"
 #include "macros/macro_tokens.h"
@@ -23,19 +24,15 @@ bool MayMakeToken(std::u16string_view value) {
            std::none_of(value.begin(), value.end(), breaksTokens);
 }
 
-// Takes every %CURSOR_POS% out of the text; the units that stood behind the first one, a CR LF
-// counted as the one step that a cursor key makes of it.
-std::size_t TakeCursorMark(std::u16string& text) {
+// Takes every %CURSOR_POS% out of the text; the first one counts.
+void TakeCursorMarks(std::u16string& text, MacroOutcome& outcome) {
     const std::size_t mark = FindText(text, kMacroCursorPos);
     if (mark == text.npos) {
-        return 0;
+        return;
     }
-    const std::u16string_view behind =
-        std::u16string_view(text).substr(mark + kMacroCursorPos.size());
-    const auto lineFeeds = std::count(behind.begin(), behind.end(), u'\n');
-    const std::size_t steps = behind.size() - static_cast<std::size_t>(lineFeeds);
     ReplaceAll(text, kMacroCursorPos, u"");
-    return steps;
+    outcome.CursorAt = mark;
+    outcome.CursorBack = CursorSteps(std::u16string_view(text).substr(mark));
 }
 
 }  // namespace
@@ -76,7 +73,7 @@ MacroOutcome MacroEngine::ExpandMacros(std::u16string& text, const MacroInput& i
         waiting = TokensIn(text, 0);
     }
     outcome.Replaced = ReplaceTokens(text, prepared, std::move(waiting));
-    outcome.CursorBack = TakeCursorMark(text);
+    TakeCursorMarks(text, outcome);
     return outcome;
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -18,6 +19,7 @@ struct MacroOutcome {
     std::size_t Replaced = 0;    // occurrences, without those of the layout and cursor macros
     std::size_t CursorBack = 0;  // cursor steps from the text's end back to %CURSOR_POS%
     Lcid Layout = 0;             // the layout language asked for, or 0
+    std::optional<std::size_t> CursorAt;  // where the first %CURSOR_POS% stood in the text
 };
 
 // Replaces the macros of a text. Tokens are replaced in ascending order, each over the whole text,

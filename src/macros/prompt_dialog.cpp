@@ -22,7 +22,7 @@ std::u16string PromptTitle(std::u16string_view program, std::u16string_view targ
     if (target.empty()) {
         return std::u16string(program);
     }
-    return Concat(program, u" - [", target.substr(0, kTargetTitleMax), u"]");
+    return Concat(program, u" - [", CutUnits(target, kTargetTitleMax), u"]");
 }
 
 std::u16string PromptAnswer(std::u16string_view defaultText, bool edited,

@@ -66,6 +66,8 @@ TEST(Prompt, TitleTellsTheTargetInAHundredCharacters) {
     EXPECT_EQ(PromptTitle(u"V", u"Letter"), u"V - [Letter]");
     EXPECT_EQ(PromptTitle(u"V", std::u16string(101, u'x')),
               u"V - [" + std::u16string(100, u'x') + u"]");
+    EXPECT_EQ(PromptTitle(u"V", std::u16string(99, u'x') + u"🙂"),
+              u"V - [" + std::u16string(99, u'x') + u"]");
 }
 
 TEST(Prompt, AnswerIsWhatWasTypedOrTheDefault) {
