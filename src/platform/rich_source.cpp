@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <iterator>
 
 #include "base/text.h"
 
@@ -12,6 +13,7 @@ namespace {
 constexpr std::u16string_view kUnicodePrefix = u"{\\urtf";
 constexpr std::string_view kPrefix = "{\\rtf";
 constexpr char16_t kLastAscii = 0x7F;
+constexpr char16_t kLastByte = 0xFF;
 constexpr std::u16string_view kParagraphMark = u"\\par";
 constexpr std::u16string_view kBetweenMarks(u" \r\n\0", 4);
 
@@ -35,10 +37,32 @@ bool MayBePicture(char c) {
            c == '\r' || c == '\n';
 }
 
-// Units up to `lastByte` stay bytes; in a source that is Unicode by itself only ASCII does.
-std::string ToBytes(std::u16string_view source, char16_t lastByte) {
+constexpr std::string_view kHexDigits = "0123456789abcdef";
+
+// Whether bytes of the source may be more than characters of one byte: data, or code pages of two
+// bytes, whose second one may be ASCII.
+bool HasWideBytes(std::u16string_view source) {
+    constexpr std::u16string_view kSigns[] = {u"\\bin", u"\\ansicpg9", u"\\ansicpg1361",
+                                              u"\\fcharset12", u"\\fcharset13"};
+    return std::any_of(std::begin(kSigns), std::end(kSigns), [source](std::u16string_view sign) {
+        return FindText(source, sign) != source.npos;
+    });
+}
+
+// No control word begins with what comes, and the backslash would take the escape's own.
+void DropBackslash(std::string& bytes, bool& isLast) {
+    if (isLast) {
+        bytes.pop_back();
+        isLast = false;
+    }
+}
+
+// Units up to 255 stay bytes, those above 127 as escapes if that is wanted. In a source that is
+// Unicode by itself only ASCII stays.
+std::string ToBytes(std::u16string_view source, bool escapesBytes) {
     std::string bytes;
     bytes.reserve(source.size());
+    char16_t lastByte = kLastByte;
     if (StartsWithNoCase(source, kUnicodePrefix)) {
         lastByte = kLastAscii;
         bytes = kPrefix;
@@ -52,15 +76,16 @@ std::string ToBytes(std::u16string_view source, char16_t lastByte) {
                 bytes += '}';
                 inEscapes = false;
             }
+            if (unit > kLastAscii && escapesBytes) {
+                DropBackslash(bytes, behindBackslash);
+                bytes += {'\\', '\'', kHexDigits[unit >> 4], kHexDigits[unit & 0xF]};
+                continue;
+            }
             bytes += static_cast<char>(unit);
             behindBackslash = unit == u'\\' && !behindBackslash;
             continue;
         }
-        if (behindBackslash) {
-            // No control word begins so, and the backslash would take the group's brace.
-            bytes.pop_back();
-            behindBackslash = false;
-        }
+        DropBackslash(bytes, behindBackslash);
         if (!inEscapes) {
             // Within a group of its own \uc1 leaves the source's own escapes as they are.
             bytes += "{\\uc1";
@@ -77,11 +102,11 @@ std::string ToBytes(std::u16string_view source, char16_t lastByte) {
 }  // namespace
 
 std::string ToRichBytes(std::u16string_view source) {
-    return ToBytes(source, 0xFF);
+    return ToBytes(source, false);
 }
 
 std::string ToAsciiRich(std::u16string_view source) {
-    return ToBytes(source, kLastAscii);
+    return ToBytes(source, !HasWideBytes(source));
 }
 
 bool EndsInParagraph(std::u16string_view source) {

@@ -16,7 +16,8 @@ inline constexpr std::size_t kMaxRichGroupDepth = 32;
 // with "{\urtf" is Unicode by itself: units above 127 become escapes, and the prefix "{\rtf".
 std::string ToRichBytes(std::u16string_view source);
 
-// The same in ASCII alone: units above 127 are Unicode and become escapes, whatever the prefix.
+// The same for other programs: a byte above 127 becomes the escape \'xx, which is as much in the
+// source's own code page, unless the source has data or characters of several bytes.
 std::string ToAsciiRich(std::u16string_view source);
 
 // Whether the source ends in the mark of a paragraph, and the source without that mark. A control

@@ -20,6 +20,19 @@ TEST(ToRichBytesTest, UnitsBeyondEightBitsBecomeEscapes) {
     }
 }
 
+TEST(ToAsciiRichTest, BytesKeepTheMeaningThatTheyHaveInTheSource) {
+    const std::pair<std::u16string_view, std::string_view> cases[] = {
+        {u"{\\rtf1\\ansicpg1251 a\u00CF\u0416\u00E9\\\u00CF}",
+         "{\\rtf1\\ansicpg1251 a\\'cf{\\uc1\\u1046?}\\'e9\\'cf}"},
+        {u"{\\urtf1 \u00CF}", "{\\rtf1 {\\uc1\\u207?}}"},
+        // An escape would not be one within data, or within a character of two bytes.
+        {u"{\\rtf1\\bin1 \u00CF}", "{\\rtf1\\bin1 \xCF}"},
+        {u"{\\rtf1\\ansicpg932 \u0083\\}", "{\\rtf1\\ansicpg932 \x83\\}"}};
+    for (const auto& [source, bytes] : cases) {
+        EXPECT_EQ(ToAsciiRich(source), bytes) << Utf16ToUtf8(source);
+    }
+}
+
 TEST(LastParagraph, IsTheMarkBeforeTheClosingBrace) {
     const std::pair<std::u16string_view, std::u16string_view> cases[] = {
         {u"{\\rtf1 a\\par\r\n}\r\n", u"{\\rtf1 a\r\n}\r\n"},
