@@ -11,6 +11,7 @@ namespace vbr {
 namespace {
 
 constexpr std::u16string_view kTrimmed = u" \t\r\n\v\b";
+constexpr std::u16string_view kLineTrimmed = u"¶ \t\r\n";
 constexpr std::u16string_view kHeadBreaks = u" \r\n\t,;?!^()+-\\/@|&*\"'";
 constexpr auto kIsHeadBreak = [] {
     std::array<bool, 128> marks{};
@@ -47,8 +48,9 @@ class LineReader {
   public:
     LineReader(std::u16string_view text, LineEnds lineEnds) : text_(text), lineEnds_(lineEnds) {}
 
-    // The line's start; more units than `limit` when the line has more.
-    std::u16string ReadStart(std::size_t limit) const {
+    // The line's start; more units than `limit` when the line has more. A line that goes on keeps
+    // the blanks at its end.
+    std::u16string ReadStart(std::size_t limit, bool goesOn = false) const {
         // Nothing is shown longer than it is.
         std::u16string line(std::min(text_.size(), limit + 1), u' ');
         std::size_t end = 0;
@@ -69,8 +71,27 @@ class LineReader {
             }
             line[end++] = Shown(text_[i]);
         }
+        end += goesOn ? std::min(BlanksLeft(blanks), line.size() - end) : 0;
         line.resize(end);
         return line;
+    }
+
+    // How many units of the line, at most `limit` and one, stand before that place of the text.
+    std::size_t UnitsBefore(std::size_t place, std::size_t limit) const {
+        const auto read = [&](std::size_t end) {
+            return LineReader(text_.substr(0, end), lineEnds_).ReadStart(limit, true).size();
+        };
+        // A run of blanks may be shorter than a part of it.
+        std::size_t runEnd = place;
+        while (runEnd < text_.size() && BlankWidth(text_[runEnd]) > 0) {
+            ++runEnd;
+        }
+        return std::min(read(place), read(runEnd));
+    }
+
+    // How many units of the line, at most `limit` and one, stand behind that place of the text.
+    std::size_t UnitsBehind(std::size_t place, std::size_t limit) const {
+        return LineReader(text_.substr(place), lineEnds_).ReadStart(limit).size();
     }
 
     // The last units of the line, `count` or a few more, or the whole line.
@@ -155,10 +176,19 @@ std::u16string ShortenTitle(std::u16string_view text, int limit) {
     return title;
 }
 
-std::u16string ShortenMiddle(std::u16string_view text, std::size_t limit, LineEnds lineEnds) {
-    const LineReader reader(Trim(text, u"¶ \t\r\n"), lineEnds);
+std::u16string ShortenMiddle(std::u16string_view text, std::size_t limit, LineEnds lineEnds,
+                             std::size_t* place) {
+    const std::u16string_view trimmed = Trim(text, kLineTrimmed);
+    const LineReader reader(trimmed, lineEnds);
+    if (place) {
+        const std::size_t start = text.size() - TrimLeft(text, kLineTrimmed).size();
+        *place = std::clamp(*place, start, start + trimmed.size()) - start;
+    }
     std::u16string line = reader.ReadStart(limit);
     if (line.size() <= limit) {
+        if (place) {
+            *place = reader.UnitsBefore(*place, limit);
+        }
         return line;
     }
     const std::size_t half = limit / 2;
@@ -173,7 +203,13 @@ std::u16string ShortenMiddle(std::u16string_view text, std::size_t limit, LineEn
     const std::size_t tailFrom = TailStart(end, half);
     const std::size_t tailBreak = end.find_first_of(kTailBreaks, tailFrom);
     const std::size_t tailStart = tailBreak == end.npos ? tailFrom : tailBreak + 1;
-    return Concat(head, u"…", std::u16string_view(end).substr(tailStart));
+    const std::u16string_view tail = std::u16string_view(end).substr(tailStart);
+    if (place) {
+        const std::size_t behind = reader.UnitsBehind(*place, limit);
+        *place = behind <= tail.size() ? head.size() + 1 + tail.size() - behind
+                                       : std::min(head.size(), reader.UnitsBefore(*place, limit));
+    }
+    return Concat(head, u"…", tail);
 }
 
 std::u16string ShortenUrlOrText(std::u16string_view text, std::size_t limit) {

@@ -19,9 +19,10 @@ std::u16string ShortenTitle(std::u16string_view text, int limit);
 enum class LineEnds { Hidden, Shown };
 
 // A text on one line that shows its start and its end, "…" between them, cut between words where
-// that is possible.
+// that is possible. `place`, if not null, is a place in the text and becomes its place in the
+// result: that of the "…" for what is cut out.
 std::u16string ShortenMiddle(std::u16string_view text, std::size_t limit,
-                             LineEnds lineEnds = LineEnds::Hidden);
+                             LineEnds lineEnds = LineEnds::Hidden, std::size_t* place = nullptr);
 
 // A web address as its host and its last part, "…" between them; any other text by ShortenMiddle.
 std::u16string ShortenUrlOrText(std::u16string_view text, std::size_t limit);

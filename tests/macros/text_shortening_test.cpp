@@ -75,6 +75,23 @@ TEST(ShortenMiddle, ALongTextKeepsWholeWordsOfItsStartAndItsEnd) {
     ExpectEach(cases, HideLineEnds);
 }
 
+TEST(ShortenMiddle, APlaceIsFoundAgainBesideTheLetterThatItStoodBeside) {
+    // Every letter differs from the others, so that it tells where it went.
+    const std::u16string text = u" ¶ab\r\nc     d\t\te      fghij  k\r\nl m\r\n";
+    for (const LineEnds lineEnds : {LineEnds::Hidden, LineEnds::Shown}) {
+        for (std::size_t limit = 1; limit < text.size(); ++limit) {
+            const std::u16string line = ShortenMiddle(text, limit, lineEnds);
+            for (char16_t letter = u'a'; letter <= u'm'; ++letter) {
+                const std::size_t shown = line.find(letter);
+                std::size_t place = text.find(letter);
+                EXPECT_EQ(ShortenMiddle(text, limit, lineEnds, &place), line);
+                EXPECT_EQ(place, shown == line.npos ? line.find(u'…') : shown)
+                    << Utf16ToUtf8(line) << static_cast<char>(letter);
+            }
+        }
+    }
+}
+
 TEST(ShortenUrlOrText, AnAddressKeepsItsHostAndItsEnd) {
     const Case cases[] = {
         {u" http://a.org/\r\n", 40, u"http://a.org/"},
