@@ -10,10 +10,12 @@
 #include "base/text.h"
 #include "fakes/fake_clock.h"
 #include "fakes/fake_locale.h"
+#include "fakes/fake_rich_text_engine.h"
 #include "fakes/fake_system_info.h"
 #include "macros/macro_engine.h"
 #include "macros/macro_tokens.h"
 #include "macros/prompt_split.h"
+#include "platform/rich_reader.h"
 
 namespace {
 
@@ -85,12 +87,20 @@ void CheckExpansion(const std::array<std::u16string, 3>& parts) {
     }
 }
 
+// Nothing of a source is read twice.
+void CheckReading(std::u16string_view text) {
+    const std::u16string source = vbr::Concat(u"{\\rtf1", text);
+    Require(vbr::ReadRichText(source, vbr::FakeRichTextEngine()).size() <= text.size());
+}
+
 }  // namespace
 
-// A split loses nothing, and an expansion ends and touches nothing but its tokens.
+// A split loses nothing, an expansion ends and touches nothing but its tokens, and any source can
+// be read.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const auto parts = Parts(std::string_view(reinterpret_cast<const char*>(data), size));
     CheckSplit(parts[0]);
     CheckExpansion(parts);
+    CheckReading(parts[0]);
     return 0;
 }

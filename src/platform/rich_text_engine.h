@@ -16,6 +16,9 @@ struct RichRange {
     std::size_t End = 0;
 };
 
+// An end behind that of the last paragraph, which is no part of the text.
+inline constexpr auto kDocumentEnd = static_cast<std::size_t>(-1);
+
 // The colour of a text: the reader's own, or red, green and blue from the low byte up.
 struct TextColor {
     bool Automatic = true;
@@ -38,6 +41,8 @@ class RichTextEngine {
     virtual bool LoadSourceInCase(std::u16string_view source, LetterCase letterCase) = 0;
     // The document as a source of ASCII units; nothing when it can't be read back.
     virtual std::optional<std::u16string> SaveSource() const = 0;
+    // A range of it as a source of its own, with its format; nothing when it can't be read back.
+    virtual std::optional<std::u16string> SaveRange(RichRange range) const = 0;
 
     // The document's text; a line ends in CR LF. Empty when it can't be read back.
     virtual std::u16string PlainText() const = 0;
@@ -46,9 +51,10 @@ class RichTextEngine {
     // The number of units of the engine's text.
     virtual std::size_t Length() const = 0;
 
-    // The position of the first occurrence at or behind `from`, in exact case.
-    virtual std::optional<std::size_t> Find(std::u16string_view what,
-                                            std::size_t from = 0) const = 0;
+    // The position of the first occurrence in exact case that begins at or behind `from` and ends
+    // at or before `to`.
+    virtual std::optional<std::size_t> Find(std::u16string_view what, std::size_t from = 0,
+                                            std::size_t to = kDocumentEnd) const = 0;
     // Puts a text in the place of a range, in the format of the range's start.
     virtual void ReplaceRange(RichRange range, std::u16string_view with) = 0;
 
@@ -59,6 +65,10 @@ class RichTextEngine {
     virtual void ClearEffects() = 0;
     // The end of the longest stretch of one format, within the range and from its start.
     virtual std::size_t SameFormatEnd(RichRange range) const = 0;
+
+    // Bytes of a source as text: those of a code page of Windows, or of the system's own when it
+    // has no such page.
+    virtual std::u16string FromCodePage(std::string_view bytes, std::uint32_t codePage) const = 0;
 };
 
 }  // namespace vbr

@@ -1,16 +1,19 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <algorithm>
 #include <functional>
 #include <vector>
 
 #include "base/text.h"
+#include "platform/rich_source.h"
 #include "platform/rich_text_engine.h"
 
 namespace vbr {
 
 // Text with colours. Its sources are a text in braces, where \1 to \9 begin a colour, \0 the
-// automatic one, and a line feed ends a paragraph; anything without the braces fails to load.
+// automatic one, \{ and \} are braces, a line feed ends a paragraph and \par the last one; anything
+// without the braces fails to load.
 // Colours from 5 stand for fonts, which ClearEffects leaves.
 class FakeRichTextEngine : public RichTextEngine {
   public:
@@ -19,8 +22,9 @@ class FakeRichTextEngine : public RichTextEngine {
     bool ShowsText = true;     // unit by unit
     std::function<void()> OnLoad = [] {};
 
-    bool LoadSource(std::u16string_view source) override {
+    bool LoadSource(std::u16string_view marked) override {
         OnLoad();
+        const std::u16string source = WithoutLastParagraph(marked);
         text_.clear();
         colors_.clear();
         if (!source.starts_with(u'{') || !source.ends_with(u'}')) {
@@ -28,8 +32,8 @@ class FakeRichTextEngine : public RichTextEngine {
         }
         TextColor color;
         for (std::size_t i = 1; i + 1 < source.size(); ++i) {
-            if (source[i] == u'\\') {
-                const std::uint32_t number = source[++i] - u'0';
+            if (source[i] == u'\\' && source[++i] < u'{') {
+                const std::uint32_t number = source[i] - u'0';
                 color = {number == 0, number};
                 continue;
             }
@@ -46,19 +50,23 @@ class FakeRichTextEngine : public RichTextEngine {
         return loaded;
     }
     std::optional<std::u16string> SaveSource() const override {
+        return SaveRange({0, text_.size()});
+    }
+    std::optional<std::u16string> SaveRange(RichRange range) const override {
         if (!CanSave) {
             return std::nullopt;
         }
         std::u16string source = u"{";
         TextColor color;
-        for (std::size_t i = 0; i < text_.size(); ++i) {
+        for (std::size_t i = range.Start; i < std::min(range.End, text_.size()); ++i) {
             if (colors_[i] != color) {
                 color = colors_[i];
                 source += Concat(u"\\", color.Rgb);
             }
+            source += text_[i] == u'{' || text_[i] == u'}' ? u"\\" : u"";
             source += text_[i] == u'\r' ? u'\n' : text_[i];
         }
-        return source + u"}";
+        return source + (range.End > text_.size() ? u"\\par}" : u"}");
     }
     std::u16string PlainText() const override {
         std::u16string text = text_;
@@ -69,8 +77,9 @@ class FakeRichTextEngine : public RichTextEngine {
         return ShowsText ? std::optional(text_) : std::nullopt;
     }
     std::size_t Length() const override { return text_.size(); }
-    std::optional<std::size_t> Find(std::u16string_view what, std::size_t from) const override {
-        const std::size_t position = text_.find(what, from);
+    std::optional<std::size_t> Find(std::u16string_view what, std::size_t from,
+                                    std::size_t to) const override {
+        const std::size_t position = std::u16string_view(text_).substr(0, to).find(what, from);
         return position == text_.npos ? std::nullopt : std::optional(position);
     }
     void ReplaceRange(RichRange range, std::u16string_view with) override {
@@ -106,6 +115,16 @@ class FakeRichTextEngine : public RichTextEngine {
             ++end;
         }
         return end;
+    }
+
+    // Latin 1, and the letters of Windows' Cyrillic.
+    std::u16string FromCodePage(std::string_view bytes, std::uint32_t codePage) const override {
+        std::u16string text;
+        for (const char byte : bytes) {
+            const auto unit = static_cast<unsigned char>(byte);
+            text += static_cast<char16_t>(codePage == 1251 && unit >= 0xC0 ? unit + 0x350 : unit);
+        }
+        return text;
     }
 
   private:

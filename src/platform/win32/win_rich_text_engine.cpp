@@ -18,19 +18,29 @@ namespace {
 constexpr UINT kUtf16 = 1200;
 constexpr LONG kTwelvePoints = 240;  // in twentieths of a point
 constexpr DWORD kCaseStyles = SES_UPPERCASE | SES_LOWERCASE;
+constexpr std::size_t kMaxBytes = std::numeric_limits<int>::max();
 constexpr DWORD kTookTooLong = ERROR_TIMEOUT;
 // A control may clear a document in a time that grows with the square of its lines; a new control
 // costs some milliseconds.
 constexpr std::size_t kFewUnits = 4'000;
 constexpr LRESULT kFewLines = 100;
-// Behind the end of the last paragraph, which is no part of the text.
-constexpr auto kDocumentEnd = static_cast<std::size_t>(-1);
 
 DWORD CALLBACK AppendBytes(DWORD_PTR cookie, LPBYTE buffer, LONG count, LONG* taken) {
     reinterpret_cast<std::string*>(cookie)->append(reinterpret_cast<const char*>(buffer),
                                                    static_cast<std::size_t>(count));
     *taken = count;
     return 0;
+}
+
+std::optional<std::u16string> Widened(const std::optional<std::string>& bytes) {
+    if (!bytes) {
+        return std::nullopt;
+    }
+    std::u16string source(bytes->size(), u'\0');
+    std::transform(bytes->begin(), bytes->end(), source.begin(), [](char byte) {
+        return static_cast<char16_t>(static_cast<unsigned char>(byte));
+    });
+    return source;
 }
 
 }  // namespace
@@ -102,15 +112,12 @@ bool WinRichTextEngine::LoadSourceInCase(std::u16string_view source, LetterCase 
 }
 
 std::optional<std::u16string> WinRichTextEngine::SaveSource() const {
-    const auto bytes = StreamOut(SF_RTF);
-    if (!bytes) {
-        return std::nullopt;
-    }
-    std::u16string source(bytes->size(), u'\0');
-    std::transform(bytes->begin(), bytes->end(), source.begin(), [](char byte) {
-        return static_cast<char16_t>(static_cast<unsigned char>(byte));
-    });
-    return source;
+    return Widened(StreamOut(SF_RTF));
+}
+
+std::optional<std::u16string> WinRichTextEngine::SaveRange(RichRange range) const {
+    Select(range);
+    return Widened(StreamOut(SF_RTF | SFF_SELECTION));
 }
 
 std::u16string WinRichTextEngine::PlainText() const {
@@ -142,10 +149,10 @@ std::size_t WinRichTextEngine::Length() const {
     return static_cast<std::size_t>(std::max<LRESULT>(length, 0));
 }
 
-std::optional<std::size_t> WinRichTextEngine::Find(std::u16string_view what,
-                                                   std::size_t from) const {
+std::optional<std::size_t> WinRichTextEngine::Find(std::u16string_view what, std::size_t from,
+                                                   std::size_t to) const {
     const std::u16string wanted(what);
-    FINDTEXTEXW find{{static_cast<LONG>(from), -1}, Wide(wanted), {}};
+    FINDTEXTEXW find{{static_cast<LONG>(from), static_cast<LONG>(to)}, Wide(wanted), {}};
     const LRESULT position = Send(EM_FINDTEXTEXW, FR_DOWN | FR_MATCHCASE, &find);
     if (!control_ || position < 0) {
         return std::nullopt;
@@ -261,9 +268,22 @@ void WinRichTextEngine::SetPlainFormat() {
     Send(EM_SETCHARFORMAT, SCF_DEFAULT, &format);
 }
 
+// An end beyond the text is that of the last paragraph.
 void WinRichTextEngine::Select(RichRange range) const {
-    CHARRANGE selection{static_cast<LONG>(range.Start), static_cast<LONG>(range.End)};
+    constexpr std::size_t kMost = std::numeric_limits<LONG>::max();
+    CHARRANGE selection{static_cast<LONG>(range.Start),
+                        static_cast<LONG>(std::min(range.End, kMost))};
     Send(EM_EXSETSEL, 0, &selection);
+}
+
+std::u16string WinRichTextEngine::FromCodePage(std::string_view bytes,
+                                               std::uint32_t codePage) const {
+    const UINT page = IsValidCodePage(codePage) ? codePage : CP_ACP;
+    const int size = static_cast<int>(std::min(bytes.size(), kMaxBytes));
+    std::u16string text(bytes.size(), u'\0');
+    const int units = MultiByteToWideChar(page, 0, bytes.data(), size, Wide(text.data()), size);
+    text.resize(static_cast<std::size_t>(std::max(units, 0)));
+    return text;
 }
 
 // The control may run over a source that is broken in a way it doesn't expect.

@@ -26,15 +26,18 @@ class WinRichTextEngine : public RichTextEngine {
     bool LoadSource(std::u16string_view source) override;
     bool LoadSourceInCase(std::u16string_view source, LetterCase letterCase) override;
     std::optional<std::u16string> SaveSource() const override;
+    std::optional<std::u16string> SaveRange(RichRange range) const override;
     std::u16string PlainText() const override;
     std::optional<std::u16string> Text() const override;
     std::size_t Length() const override;
-    std::optional<std::size_t> Find(std::u16string_view what, std::size_t from) const override;
+    std::optional<std::size_t> Find(std::u16string_view what, std::size_t from,
+                                    std::size_t to = kDocumentEnd) const override;
     void ReplaceRange(RichRange range, std::u16string_view with) override;
     std::optional<TextColor> ColorOf(RichRange range) const override;
     void SetColor(RichRange range, TextColor color) override;
     void ClearEffects() override;
     std::size_t SameFormatEnd(RichRange range) const override;
+    std::u16string FromCodePage(std::string_view bytes, std::uint32_t codePage) const override;
 
   private:
     // What is left of a source, and when its load is to be given up.
