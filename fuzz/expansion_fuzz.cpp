@@ -83,7 +83,7 @@ void CheckExpansion(const std::array<std::u16string, 3>& parts) {
         const std::size_t marks = vbr::ReplaceAll(unmarked, vbr::kMacroCursorPos, u"");
         Require(expanded == unmarked);
         Require(outcome.Replaced == 0 && outcome.Layout == 0);
-        Require(marks > 0 || outcome.CursorBack == 0);
+        Require(marks > 0 || !outcome.CursorBack);
     }
 }
 

@@ -1,24 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "macros/actions.h"
 
-#include <algorithm>
-
+#include "base/cursor_steps.h"
 #include "base/text.h"
 #include "macros/prompt_split.h"
 #include "phrases/command_record.h"
 
 namespace vbr {
-namespace {
-
-std::size_t CursorSteps(std::u16string_view text) {
-    return text.size() - static_cast<std::size_t>(std::count(text.begin(), text.end(), u'\n'));
-}
-
-std::optional<std::size_t> IfAny(std::size_t steps) {
-    return steps > 0 ? std::optional(steps) : std::nullopt;
-}
-
-}  // namespace
 
 TextDelivery::Result CVBRAction_Exec::Execute(WindowHandle window) {
     return start_.ExecuteCommandLine(window, command_) ? std::nullopt
@@ -54,6 +42,9 @@ bool ActionRunner::BuildActions(const CVBRActionContext& context, std::u16string
         with_.Log.LogError(Concat(u"Unknown kind of phrase: ", context.DataType));
         return false;
     }
+    if (context.DataType == kDataTypeRtf) {
+        return BuildRichActions(context, text, list);
+    }
     for (TextSegment& segment : SplitPromptMacros(text)) {
         if (segment.Kind == SegmentKind::Prompt) {
             list.push_back(std::make_unique<CVBRAction_Prompt>(
@@ -65,6 +56,40 @@ bool ActionRunner::BuildActions(const CVBRActionContext& context, std::u16string
     return true;
 }
 
+bool ActionRunner::BuildRichActions(const CVBRActionContext& context, std::u16string_view source,
+                                    ActionList& list) {
+    auto segments = with_.Rich.ExpandSegments(
+        source, {context.SelText, context.ClipboardText, context.Language});
+    if (!segments) {
+        with_.Log.LogError(RichFailure(context.Title));
+        CVBRActionContext plain = context;
+        plain.DataType = kDataTypeText;
+        return BuildActions(plain, with_.Rich.ReadableText(source), list);
+    }
+    for (RichSegment& segment : *segments) {
+        if (segment.Kind == SegmentKind::Prompt) {
+            list.push_back(std::make_unique<CVBRAction_Prompt>(
+                std::move(segment.Text), context.Language, with_.Delivery, with_.Prompts));
+        } else {
+            list.push_back(std::make_unique<CVBRAction_RichText>(
+                std::move(segment.Text), segment.CursorBack, context.Language, with_.Delivery));
+        }
+    }
+    return true;
+}
+
+std::u16string ActionRunner::TextOf(const CVBRActionContext& context, std::u16string_view text) {
+    if (context.DataType == kDataTypeRtf) {
+        const MacroInput input{context.SelText, context.ClipboardText, context.Language};
+        if (auto source = with_.Rich.ExpandMacrosRich(text, input)) {
+            return *std::move(source);
+        }
+    }
+    ActionList actions;
+    BuildActions(context, text, actions);
+    return ActionsToText(actions);
+}
+
 std::unique_ptr<CVBRAction> ActionRunner::MakeTextAction(const CVBRActionContext& context,
                                                          std::u16string text) const {
     if (context.DataType == kDataTypeExec) {
@@ -73,12 +98,7 @@ std::unique_ptr<CVBRAction> ActionRunner::MakeTextAction(const CVBRActionContext
             with_.Commands);
     }
     const MacroInput input{context.SelText, context.ClipboardText, context.Language};
-    if (context.DataType == kDataTypeRtf) {
-        const auto cursorBack = IfAny(with_.Rich.ExpandMacrosRich(text, input).CursorBack);
-        return std::make_unique<CVBRAction_RichText>(std::move(text), cursorBack, context.Language,
-                                                     with_.Delivery);
-    }
-    const auto cursorBack = IfAny(with_.Macros.ExpandMacros(text, input).CursorBack);
+    const auto cursorBack = with_.Macros.ExpandMacros(text, input).CursorBack;
     return std::make_unique<CVBRAction_PlainText>(std::move(text), cursorBack, context.Language,
                                                   with_.Delivery);
 }

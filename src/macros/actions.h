@@ -27,6 +27,7 @@ struct CVBRActionContext {
     std::u16string SelText;
     std::int32_t DataType = 0;
     Lcid Language = 0;
+    std::u16string Title = {};  // of the phrase, for the log
 };
 
 // One step of a delivery: a piece of text, a prompt, a command to run.
@@ -134,11 +135,17 @@ class ActionRunner {
 
     explicit ActionRunner(const Collaborators& with) : with_(with) {}
 
-    // Every segment of the text expanded by itself, in order. False for an unknown kind of phrase.
+    // Every segment of the text expanded by itself, in order. Formatted text that the engine
+    // refuses is told in the log and goes out as its plain text. False for an unknown kind of
+    // phrase.
     bool BuildActions(const CVBRActionContext& context, std::u16string_view text, ActionList& list);
 
     // The text as it stands as the only action, typed or pasted, or pasted as formatted text.
     void BuildLiteral(const CVBRActionContext& context, std::u16string text, ActionList& list);
+
+    // The text that the actions have together, prompts by their default answers. For formatted text
+    // it is one source, or plain text if the engine refuses that.
+    std::u16string TextOf(const CVBRActionContext& context, std::u16string_view text);
 
     // Runs the actions in order, each whatever became of those before it, and then brings the
     // cursor to its mark. Nothing goes to another window than that of the context; what didn't
@@ -147,6 +154,8 @@ class ActionRunner {
                                               const ActionList& list);
 
   private:
+    bool BuildRichActions(const CVBRActionContext& context, std::u16string_view source,
+                          ActionList& list);
     std::optional<DeliveryFailure> WhyOutOfReach(WindowHandle window) const;
     std::unique_ptr<CVBRAction> MakeTextAction(const CVBRActionContext& context,
                                                std::u16string text) const;

@@ -13,8 +13,10 @@ std::vector<ClipboardBlock> PlainClipboardForm(std::u16string_view text, Lcid lo
 
 std::vector<ClipboardBlock> RichClipboardForm(std::u16string_view source,
                                               std::u16string_view plainText, Lcid language) {
-    std::vector<ClipboardBlock> blocks = {
-        NamedBlock(kRichTextFormat, TextBytes(ToAsciiRich(source)))};
+    std::vector<ClipboardBlock> blocks;
+    if (source.starts_with(u'{')) {
+        blocks.push_back(NamedBlock(kRichTextFormat, TextBytes(ToAsciiRich(source))));
+    }
     if (!plainText.empty()) {
         blocks.push_back(StandardBlock(kClipUnicodeText, TextBytes(plainText)));
     }

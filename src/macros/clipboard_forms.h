@@ -14,7 +14,7 @@ namespace vbr {
 std::vector<ClipboardBlock> PlainClipboardForm(std::u16string_view text, Lcid locale);
 
 // Rich Text Format source on the clipboard: 8-bit, with its plain text unless that is empty and
-// with its language unless that is 0.
+// with its language unless that is 0. What is no source is there as its plain text alone.
 std::vector<ClipboardBlock> RichClipboardForm(std::u16string_view source,
                                               std::u16string_view plainText, Lcid language);
 

@@ -4,13 +4,14 @@
 namespace vbr {
 namespace {
 
-CVBRActionContext ContextOf(std::int32_t dataType, WindowHandle window,
+CVBRActionContext ContextOf(const VBRCommand& phrase, WindowHandle window,
                             const DeliveryContext& context) {
     return {.TargetWindow = window,
             .ClipboardText = context.ClipboardText,
             .SelText = context.SelText,
-            .DataType = dataType,
-            .Language = context.Language};
+            .DataType = phrase.DataType,
+            .Language = context.Language,
+            .Title = phrase.Text};
 }
 
 }  // namespace
@@ -23,7 +24,7 @@ std::optional<UndeliveredText> CommandDelivery::DeliverPhrase(const std::filesys
         return std::nullopt;
     }
     std::u16string text = record->Cmd;
-    const CVBRActionContext actionContext = ContextOf(record->DataType, window, context);
+    const CVBRActionContext actionContext = ContextOf(*record, window, context);
     const Lcid layout = context.MaySwitchLayout ? with_.Macros.StripLayoutMacros(text) : 0;
     ActionList actions;
     with_.Runner.BuildActions(actionContext, text, actions);
@@ -41,7 +42,8 @@ std::optional<UndeliveredText> CommandDelivery::DeliverPhrase(const std::filesys
 std::optional<UndeliveredText> CommandDelivery::DeliverClip(const ClipText& clip,
                                                             WindowHandle window,
                                                             const DeliveryContext& context) {
-    const CVBRActionContext actionContext = ContextOf(clip.DataType, window, context);
+    const CVBRActionContext actionContext{
+        .TargetWindow = window, .DataType = clip.DataType, .Language = context.Language};
     ActionList actions;
     with_.Runner.BuildLiteral(actionContext, clip.Text, actions);
     auto lost = Run(actionContext, actions);
@@ -53,9 +55,7 @@ std::u16string CommandDelivery::TextOf(const VBRCommand& phrase,
                                        const DeliveryContext& context) const {
     std::u16string text = phrase.Cmd;
     with_.Macros.StripLayoutMacros(text);
-    ActionList actions;
-    with_.Runner.BuildActions(ContextOf(phrase.DataType, 0, context), text, actions);
-    return ActionsToText(actions);
+    return with_.Runner.TextOf(ContextOf(phrase, 0, context), text);
 }
 
 std::optional<UndeliveredText> CommandDelivery::Run(const CVBRActionContext& context,

@@ -1,17 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "macros/layout_macros.h"
 
-#include <algorithm>
-
 #include "base/text.h"
 #include "macros/macro_tokens.h"
 
 namespace vbr {
-namespace {
-
-constexpr std::size_t kBadgeLength = 2;
-
-}  // namespace
 
 std::map<std::u16string, Lcid> InstalledLayoutMacros(const KeyboardLayouts& layouts,
                                                      const Locale& locale) {
@@ -36,20 +29,6 @@ Lcid StripLayoutMacros(std::u16string& text, const KeyboardLayouts& layouts, con
         }
     }
     return last;
-}
-
-std::u16string LayoutBadge(std::u16string_view text, const KeyboardLayouts& layouts,
-                           const Locale& locale) {
-    if (FindText(text, kMacroLayoutPrefix) == text.npos) {
-        return {};
-    }
-    const std::map<std::u16string, Lcid> macros = InstalledLayoutMacros(layouts, locale);
-    const auto last = std::find_if(macros.rbegin(), macros.rend(), [text](const auto& macro) {
-        return FindText(text, macro.first) != text.npos;
-    });
-    return last == macros.rend()
-               ? std::u16string()
-               : locale.LanguageAbbreviation(last->second).substr(0, kBadgeLength);
 }
 
 }  // namespace vbr

@@ -19,9 +19,4 @@ std::map<std::u16string, Lcid> InstalledLayoutMacros(const KeyboardLayouts& layo
 // tokens, or 0. A text that holds no such macro costs no look at the layouts.
 Lcid StripLayoutMacros(std::u16string& text, const KeyboardLayouts& layouts, const Locale& locale);
 
-// The language of the last layout macro, in the order of the tokens, that the text holds, as two
-// letters; empty when it holds none.
-std::u16string LayoutBadge(std::u16string_view text, const KeyboardLayouts& layouts,
-                           const Locale& locale);
-
 }  // namespace vbr

@@ -16,10 +16,10 @@ namespace vbr {
 
 // What an expansion found out beside the text.
 struct MacroOutcome {
-    std::size_t Replaced = 0;    // occurrences, without those of the layout and cursor macros
-    std::size_t CursorBack = 0;  // cursor steps from the text's end back to %CURSOR_POS%
-    Lcid Layout = 0;             // the layout language asked for, or 0
-    std::optional<std::size_t> CursorAt;  // where the first %CURSOR_POS% stood in the text
+    std::size_t Replaced = 0;  // occurrences, without those of the layout and cursor macros
+    std::optional<std::size_t> CursorBack;  // cursor steps from the end back to %CURSOR_POS%
+    Lcid Layout = 0;                        // the layout language asked for, or 0
+    std::optional<std::size_t> CursorAt;    // where the first %CURSOR_POS% stood in the text
 };
 
 // Replaces the macros of a text. Tokens are replaced in ascending order, each over the whole text,

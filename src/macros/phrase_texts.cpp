@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "macros/phrase_texts.h"
 
+#include <optional>
+
 #include "base/text.h"
-#include "macros/layout_macros.h"
 #include "macros/macro_tokens.h"
 #include "macros/text_shortening.h"
 #include "resources/resource_ids.h"
@@ -12,10 +13,8 @@ namespace {
 
 constexpr int kTitleLimit = 40;
 constexpr std::size_t kCaptionLimit = 40;
+constexpr std::size_t kBadgeLength = 2;
 constexpr std::size_t kTipFrame = 80;  // room for what a tip adds to title and preview
-
-// Stands for the cursor mark while a text is expanded; no phrase holds it by chance.
-constexpr std::u16string_view kCursorMarker = u"{B43C2CC5-77A0-44dd-8DAA-8EAD133B41A3}";
 
 bool Holds(std::u16string_view text, std::u16string_view what) {
     return FindText(text, what) != text.npos;
@@ -44,12 +43,10 @@ std::u16string TitleWithInput(const VBRCommand& record, const MacroInput& input)
     return caption;
 }
 
-// A caption as the menu can show it, on one line and never empty for want of a text.
-std::u16string OnMenuLine(const VBRCommand& record, std::u16string_view caption) {
-    if (caption.empty()) {
-        return ShortenMiddle(PhraseTitle(record), kCaptionLimit);
-    }
-    return ShortenMiddle(caption, kCaptionLimit, LineEnds::Shown);
+// A text as the menu shows it, on one line.
+std::u16string OnMenuLine(std::u16string_view text, LineEnds lineEnds,
+                          std::optional<std::size_t>& place) {
+    return ShortenMiddle(text, kCaptionLimit, lineEnds, place ? &*place : nullptr);
 }
 
 }  // namespace
@@ -61,84 +58,115 @@ std::u16string PhraseTitle(const VBRCommand& record) {
 PhraseMenuTexts PhraseTexts::BuildMenuTexts(const VBRCommand& record,
                                             const MacroInput& input) const {
     PhraseMenuTexts texts;
-    // Caption and tip differ in what they expand only where the cursor mark stands.
-    if (record.UseTitleOnly || record.DataType == kDataTypeRtf || !Holds(record.Cmd, u"%") ||
-        Holds(record.Cmd, kMacroCursorPos)) {
-        texts.Caption = BuildMenuCaption(record, input, texts.CursorIndex);
-        texts.Tip = BuildMenuTip(record, texts.Caption, input, &texts.Preview);
-        return texts;
-    }
-    Expansion expansion = Expand(record.Cmd, input);
-    texts.Caption = OnMenuLine(record, PlainCaption(record, input, expansion, texts.CursorIndex));
+    Expansion expansion = Expand(record, input);
+    texts.Caption = CaptionOf(record, input, expansion, texts.CursorIndex);
+    texts.Tip = TipOf(record, texts.Caption, input, expansion);
     texts.Preview = std::move(expansion.Text);
-    FinishPreview(texts.Preview, input);
-    texts.Tip = TipAround(record, texts.Caption, true, texts.Preview);
+    texts.Layout = expansion.Outcome.Layout;
     return texts;
 }
 
 std::u16string PhraseTexts::BuildMenuCaption(const VBRCommand& record, const MacroInput& input,
                                              std::int32_t& outCursorIndex) const {
+    return CaptionOf(record, input, Expand(record, input), outCursorIndex);
+}
+
+PhraseTexts::Expansion PhraseTexts::Expand(const VBRCommand& record,
+                                           const MacroInput& input) const {
+    Expansion expansion{.Text = ShownText(record), .Outcome = {}};
+    expansion.HadText = !expansion.Text.empty();
+    if (!Holds(expansion.Text, u"%")) {
+        return expansion;
+    }
+    expansion.NamesCursor = Holds(expansion.Text, kMacroCursorPos);
+    if (record.DataType == kDataTypeRtf) {
+        // Formatted text gets the selection with its protocols.
+        ReplaceAll(expansion.Text, kMacroTrimProtocols, u"");
+    }
+    expansion.Outcome = with_.Macros.ExpandMacros(expansion.Text, input);
+    return expansion;
+}
+
+std::u16string PhraseTexts::CaptionOf(const VBRCommand& record, const MacroInput& input,
+                                      const Expansion& expansion,
+                                      std::int32_t& outCursorIndex) const {
     outCursorIndex = -1;
     if (record.UseTitleOnly) {
         return PhraseTitle(record);
     }
+    const bool showsText = record.DataType == kDataTypeRtf ||
+                           (record.DataType == kDataTypeText && expansion.Outcome.Replaced > 0);
+    std::optional<std::size_t> place = expansion.Outcome.CursorAt;
+    std::u16string line = showsText
+                              ? TextLine(record, expansion, place)
+                              : TitleLine(record, TitleWithInput(record, input), expansion, place);
+    if (line.empty()) {
+        line = TitleLine(record, PhraseTitle(record), expansion, place);
+    }
+    outCursorIndex = place ? static_cast<std::int32_t>(*place) : -1;
+    return line;
+}
+
+// The text that the phrase gives, with a blank where its own cursor mark stood.
+std::u16string PhraseTexts::TextLine(const VBRCommand& record, const Expansion& expansion,
+                                     std::optional<std::size_t>& place) {
+    std::u16string text;
+    std::u16string_view shown = expansion.Text;
+    if (place && expansion.NamesCursor) {
+        text = Concat(shown.substr(0, *place), u" ", shown.substr(*place));
+        shown = text;
+    }
     if (record.DataType == kDataTypeRtf) {
-        return OnMenuLine(record, RichCaption(record, input));
+        text = OnMenuLine(shown, LineEnds::Hidden, place);
+        shown = text;
     }
-    if (!Holds(record.Cmd, u"%")) {
-        return OnMenuLine(record, record.Text);
-    }
-    std::u16string text = record.Cmd;
-    ReplaceAll(text, kMacroCursorPos, kCursorMarker);
-    return OnMenuLine(record,
-                      PlainCaption(record, input, Expand(std::move(text), input), outCursorIndex));
+    return OnMenuLine(shown, LineEnds::Shown, place);
 }
 
-PhraseTexts::Expansion PhraseTexts::Expand(std::u16string text, const MacroInput& input) const {
-    const MacroOutcome outcome = with_.Macros.ExpandMacros(text, input);
-    return {std::move(text), outcome};
-}
-
-std::u16string PhraseTexts::PlainCaption(const VBRCommand& record, const MacroInput& input,
-                                         const Expansion& expansion,
-                                         std::int32_t& outCursorIndex) const {
-    const std::size_t marker = FindText(expansion.Text, kCursorMarker);
-    if (marker != expansion.Text.npos) {
-        outCursorIndex = static_cast<std::int32_t>(marker);
-    } else if (expansion.Outcome.CursorBack > 0) {
-        outCursorIndex =
-            static_cast<std::int32_t>(expansion.Text.size() - expansion.Outcome.CursorBack);
+// A title tells nothing of the cursor's place, unless it reads as the text does up to there. A
+// command puts no cursor anywhere.
+std::u16string PhraseTexts::TitleLine(const VBRCommand& record, std::u16string_view title,
+                                      const Expansion& expansion,
+                                      std::optional<std::size_t>& place) {
+    place = expansion.Outcome.CursorAt;
+    const std::u16string_view before =
+        std::u16string_view(expansion.Text).substr(0, place.value_or(0));
+    if (record.DataType == kDataTypeExec || !title.starts_with(before)) {
+        place.reset();
     }
-    if (expansion.Outcome.Replaced == 0 || record.DataType != kDataTypeText) {
-        return TitleWithInput(record, input);
-    }
-    std::u16string text = expansion.Text;
-    if (marker != text.npos) {
-        ReplaceAll(text, kCursorMarker, u" ");
-    }
-    return text;
-}
-
-std::u16string PhraseTexts::RichCaption(const VBRCommand& record, const MacroInput& input) const {
-    std::u16string source = record.Cmd;
-    // Formatted text shows no cursor mark. A marker's braces would open a group here.
-    ReplaceAll(source, kMacroCursorPos, u" ");
-    with_.Rich.ExpandMacrosRich(source, input);
-    return ShortenMiddle(RichToPlainText(source, with_.Engine), kCaptionLimit);
+    return OnMenuLine(title, LineEnds::Shown, place);
 }
 
 std::u16string PhraseTexts::BuildMenuTip(const VBRCommand& record, std::u16string_view title,
                                          const MacroInput& input,
                                          std::u16string* outPreview) const {
-    std::u16string preview = PlainTextOf(record);
-    const bool hasText = !preview.empty();
-    if (Holds(preview, u"%")) {
-        preview = Expand(std::move(preview), input).Text;
-        FinishPreview(preview, input);
-    }
-    const std::u16string tip = TipAround(record, title, hasText, preview);
+    Expansion expansion = Expand(record, input);
+    std::u16string tip = TipOf(record, title, input, expansion);
     if (outPreview) {
-        *outPreview = std::move(preview);
+        *outPreview = std::move(expansion.Text);
+    }
+    return tip;
+}
+
+// Makes the expansion the preview that the tip shows.
+std::u16string PhraseTexts::TipOf(const VBRCommand& record, std::u16string_view title,
+                                  const MacroInput& input, Expansion& expansion) const {
+    std::u16string& preview = expansion.Text;
+    FinishPreview(preview, input);
+    std::u16string tip;
+    tip.reserve(title.size() + preview.size() + kTipFrame);
+    tip.append(with_.Texts.LoadString(KindString(record.DataType))).append(u" » ").append(title);
+    if (expansion.HadText && record.DataType != kDataTypeExec) {
+        const auto length = static_cast<std::int64_t>(preview.size());
+        tip.append(u"\n").append(with_.Texts.LoadString(kStrChars)).append(u": ");
+        tip.append(ToDecimal(length));
+    }
+    if (!preview.empty()) {
+        tip.append(u"\r\n\r\n").append(preview);
+    }
+    if (const Lcid layout = expansion.Outcome.Layout; layout != 0) {
+        tip += Concat(u"\r\n+ ", with_.Texts.LoadString(kStrActivateLayout), u"   ",
+                      with_.Locale.Upper(with_.Locale.LanguageName(layout)));
     }
     return tip;
 }
@@ -152,49 +180,20 @@ void PhraseTexts::FinishPreview(std::u16string& text, const MacroInput& input) c
     }
 }
 
-std::u16string PhraseTexts::TipAround(const VBRCommand& record, std::u16string_view title,
-                                      bool hasText, std::u16string_view preview) const {
-    std::u16string tip;
-    tip.reserve(title.size() + preview.size() + kTipFrame);
-    tip.append(with_.Texts.LoadString(KindString(record.DataType))).append(u" » ").append(title);
-    if (hasText && record.DataType != kDataTypeExec) {
-        const auto length = static_cast<std::int64_t>(preview.size());
-        tip.append(u"\n").append(with_.Texts.LoadString(kStrChars)).append(u": ");
-        tip.append(ToDecimal(length));
-    }
-    if (!preview.empty()) {
-        tip.append(u"\r\n\r\n").append(preview);
-    }
-    if (const Lcid layout = LayoutOf(record); layout != 0) {
-        tip += Concat(u"\r\n+ ", with_.Texts.LoadString(kStrActivateLayout), u"   ",
-                      with_.Locale.Upper(with_.Locale.LanguageName(layout)));
-    }
-    return tip;
-}
-
-std::u16string PhraseTexts::LayoutBadge(std::u16string_view text) const {
-    return vbr::LayoutBadge(text, with_.Layouts, with_.Locale);
+std::u16string PhraseTexts::LayoutBadge(Lcid layout) const {
+    return layout == 0 ? std::u16string()
+                       : with_.Locale.LanguageAbbreviation(layout).substr(0, kBadgeLength);
 }
 
 std::size_t PhraseTexts::ExpandedLength(const VBRCommand& record) const {
-    std::u16string text = PlainTextOf(record);
+    std::u16string text = ShownText(record);
     with_.Macros.ExpandMacrosPlain(text);
     return text.size();
 }
 
-std::u16string PhraseTexts::PlainTextOf(const VBRCommand& record) const {
-    return record.DataType == kDataTypeRtf ? RichToPlainText(record.Cmd, with_.Engine) : record.Cmd;
-}
-
-Lcid PhraseTexts::LayoutOf(const VBRCommand& record) const {
-    if (record.DataType == kDataTypeRtf) {
-        return with_.Rich.StripLayoutMacrosRich(record.Cmd);
-    }
-    if (!Holds(record.Cmd, kMacroLayoutPrefix)) {
-        return 0;
-    }
-    std::u16string text = record.Cmd;
-    return with_.Macros.StripLayoutMacros(text);
+const std::u16string& PhraseTexts::ShownText(const VBRCommand& record) const {
+    return record.DataType == kDataTypeRtf ? rich_.PlainTextOf(record.Cmd, record.Text)
+                                           : record.Cmd;
 }
 
 }  // namespace vbr

@@ -6,8 +6,8 @@
 
 namespace vbr {
 
-std::vector<TextSegment> SplitPromptMacros(std::u16string_view text) {
-    std::vector<TextSegment> segments;
+std::vector<SegmentPlace> FindSegments(std::u16string_view text) {
+    std::vector<SegmentPlace> segments;
     std::size_t at = 0;
     while (at < text.size()) {
         const std::size_t open = FindNoCase(text, kPromptOpen, at);
@@ -17,15 +17,30 @@ std::vector<TextSegment> SplitPromptMacros(std::u16string_view text) {
             break;
         }
         if (open > at) {
-            segments.push_back({SegmentKind::Text, std::u16string(text.substr(at, open - at))});
+            segments.push_back({SegmentKind::Text, at, open});
         }
-        const std::size_t content = open + kPromptOpen.size();
-        segments.push_back(
-            {SegmentKind::Prompt, std::u16string(text.substr(content, close - content))});
         at = close + kPromptClose.size();
+        segments.push_back({SegmentKind::Prompt, open, at});
     }
     if (at < text.size() || segments.empty()) {
-        segments.push_back({SegmentKind::Text, std::u16string(text.substr(at))});
+        segments.push_back({SegmentKind::Text, at, text.size()});
+    }
+    return segments;
+}
+
+std::u16string_view TextOf(const SegmentPlace& segment, std::u16string_view text) {
+    text = text.substr(segment.Begin, segment.End - segment.Begin);
+    if (segment.Kind == SegmentKind::Prompt) {
+        text.remove_prefix(kPromptOpen.size());
+        text.remove_suffix(kPromptClose.size());
+    }
+    return text;
+}
+
+std::vector<TextSegment> SplitPromptMacros(std::u16string_view text) {
+    std::vector<TextSegment> segments;
+    for (const SegmentPlace& segment : FindSegments(text)) {
+        segments.push_back({segment.Kind, std::u16string(TextOf(segment, text))});
     }
     return segments;
 }

@@ -15,7 +15,7 @@ CMenuItemInfo PhraseItemMaker::DescribePhrase(const VBRCommand& record,
     info.Tip =
         Concat(texts.Tip, u"\n\n        ", strings_.LoadString(kStrRightClickForExtendedMenu));
     info.ExpandedText = std::move(texts.Preview);
-    if (const std::u16string badge = previews_.LayoutBadge(record.Cmd); !badge.empty()) {
+    if (const std::u16string badge = previews_.LayoutBadge(texts.Layout); !badge.empty()) {
         info.RightText = Concat(u"+", locale_.Upper(badge));
     }
     info.PhraseData = CutUnits(record.Cmd, kItemTextMax);

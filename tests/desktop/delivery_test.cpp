@@ -64,21 +64,23 @@ TEST_F(DeliveryTest, TheCursorStandsAtItsMarkWhetherTheTextIsTypedOrPasted) {
     }
 }
 
-TEST_F(DeliveryTest, BoldAndColouredTextArrivesSoInWordPad) {
+TEST_F(DeliveryTest, BoldAndColouredTextArrivesSoInWordPadWithTheAnswerOfItsPrompt) {
     AddPhrase(
-        "{\\rtf1\\ansi{\\colortbl;\\red255\\green0\\blue0;}plain {\\b bold} "
+        "{\\rtf1\\ansi{\\colortbl;\\red255\\green0\\blue0;}plain {\\b bold} %PROMPT_TEXT=\\{in\\}% "
         "{\\cf1 red} \xD0\x96%CURSOR_POS%!}",
         "RTF");
     Start(0);
     const WordPad wordpad;
     ASSERT_TRUE(wordpad.IsOpen());
     Choose(wordpad);
-    EXPECT_EQ(wordpad.WaitForText(u"plain bold red Ж!"), u"plain bold red Ж!");
+    ASSERT_TRUE(WaitForPrompt());
+    PressKeys({VK_RETURN});
+    EXPECT_EQ(wordpad.WaitForText(u"plain bold in red Ж!"), u"plain bold in red Ж!");
     // The cursor's steps come a moment after the text.
     EXPECT_TRUE(WaitUntil(
-        [&] { return SendMessageW(wordpad.Edit(), EM_GETSEL, 0, 0) == MAKELONG(16, 16); }));
+        [&] { return SendMessageW(wordpad.Edit(), EM_GETSEL, 0, 0) == MAKELONG(19, 19); }));
     PressKeys({'X'});
-    EXPECT_EQ(wordpad.WaitForText(u"plain bold red Жx!"), u"plain bold red Жx!");
+    EXPECT_EQ(wordpad.WaitForText(u"plain bold in red Жx!"), u"plain bold in red Жx!");
     wordpad.Select(0, -1);
     SendMessageW(wordpad.Edit(), WM_COPY, 0, 0);
     const std::string source = ReadClipboard()[L"Rich Text Format"];

@@ -26,7 +26,7 @@ struct MacroFixture {
     MacroValues Values{Clock, Forms, System};
     MacroEngine Engine{Values, Layouts, Forms, Log};
     RichMacros Rich{Engine, Layouts, Forms, RichText};
-    PhraseTexts Previews{{Engine, Rich, RichText, Layouts, Forms, Texts}};
+    PhraseTexts Previews{{Engine, RichText, Forms, Texts, Log}};
     PhraseItemMaker Items{Previews, Forms, Texts};
 };
 

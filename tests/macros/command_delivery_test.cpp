@@ -65,6 +65,28 @@ TEST_F(CommandDeliveryTest, PromptsComeInOrderBetweenTextsThatAreAllExpandedBefo
     EXPECT_EQ(Uses(), 1);
 }
 
+TEST_F(CommandDeliveryTest, PromptsOfAFormattedPhraseComeBetweenItsSources) {
+    Phrases.Add("p.vellumbridge", u"{\\1a%SELECTED_TEXT%%PROMPT_TEXT=\\{x\\}%b}", kDataTypeRtf);
+    const std::uint32_t rich = Clipboard.RegisterFormat(kRichTextFormat);
+    Prompts.WhileOpen = [&] { EXPECT_EQ(OnClipboard(rich), std::string("{\\1as}") + '\0'); };
+    Prompts.Answers = {u"typed"};
+    EXPECT_TRUE(Deliver());
+    EXPECT_THAT(Prompts.Defaults, ElementsAre(u"x"));
+    EXPECT_EQ(Typed(), u"typed");
+    EXPECT_EQ(OnClipboard(rich), std::string("{\\1b}") + '\0');
+    EXPECT_EQ(Delivery.TextOf(*Phrases.Tree.FindCommand(1), {.SelText = u"s"}), u"{\\1asxb}");
+}
+
+TEST_F(CommandDeliveryTest, AFormattedPhraseThatIsBrokenGoesOutAsItsTextAndIsTold) {
+    Phrases.Add("p.vellumbridge", u"{\\rtf1\\b a%SELECTED_TEXT%\\par %PROMPT_TEXT=\\{x\\}%",
+                kDataTypeRtf);
+    Prompts.Answers = {u"y"};
+    EXPECT_TRUE(Deliver());
+    EXPECT_EQ(Typed(), u"asy");
+    EXPECT_TRUE(Told(u"[p]"));
+    EXPECT_EQ(Delivery.TextOf(*Phrases.Tree.FindCommand(1), {.SelText = u"s"}), u"as\r\nx");
+}
+
 TEST_F(CommandDeliveryTest, AnEmptyAnswerTouchesNothingOnTheClipboard) {
     Paste.Method = 1;
     Phrases.Add("p.vellumbridge", u"%PROMPT_TEXT={}%");

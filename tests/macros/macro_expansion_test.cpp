@@ -57,7 +57,7 @@ TEST_F(MacroExpansion, CursorMarkGivesTheStepsBackFromTheEnd) {
         {u"a%CURSOR_POS%b%CURSOR_POS%👍🏽c", u"ab👍🏽c", 3}};
     for (const auto& [text, expected, back] : cases) {
         EXPECT_EQ(Expanded(text, {}, u"p%CURSOR_POS%q"), expected);
-        EXPECT_EQ(outcome_.CursorBack, back) << Utf16ToUtf8(text);
+        EXPECT_EQ(outcome_.CursorBack.value_or(0), back) << Utf16ToUtf8(text);
     }
 }
 
@@ -127,12 +127,18 @@ TEST_F(MacroProperties, TokensAreReplacedInTheirOrderWhereverValuesPutThem) {
 
 class RichMacroExpansion : public MacroExpansion {
   protected:
+    // The one segment of a source.
     std::u16string ExpandedRich(std::u16string_view source, std::u16string_view selection = {},
                                 std::u16string_view clipboard = {}) {
-        std::u16string expanded(source);
-        outcome_ = Rich.ExpandMacrosRich(expanded, {selection, clipboard, kEnglish});
-        return expanded;
+        const auto segments = Rich.ExpandSegments(source, {selection, clipboard, kEnglish});
+        if (!segments || segments->size() != 1) {
+            return u"none";
+        }
+        cursorBack_ = segments->front().CursorBack.value_or(0);
+        return segments->front().Text;
     }
+
+    std::size_t cursorBack_ = 99;
 };
 
 TEST_F(RichMacroExpansion, AValueTakesTheColourBeforeItsTokenAndIsWorkedOutOnce) {
@@ -151,40 +157,61 @@ TEST_F(RichMacroExpansion, ValuesAreLookedIntoOnlyForTokensThatSortBehindTheirOw
     EXPECT_EQ(ExpandedRich(u"{%SELECTED_TEXT%-%SELECTED_TEXT%}",
                            u"%SELECTED_TEXT%\r\n%YEAR% %CLIPBOARD_TEXT%", u"clip"),
               u"{%SELECTED_TEXT%\n2025 %CLIPBOARD_TEXT%-%SELECTED_TEXT%\n2025 %CLIPBOARD_TEXT%}");
-    EXPECT_EQ(outcome_.Replaced, 4U);
     EXPECT_EQ(ExpandedRich(u"{%CLIPBOARD_TEXT%}", {}, u"%ACTIVATE_KL_DE%x%CURSOR_POS%y"),
               u"{%ACTIVATE_KL_DE%xy}");
-    EXPECT_EQ(outcome_.CursorBack, 1U);
+    EXPECT_EQ(cursorBack_, 1U);
 }
 
-TEST_F(RichMacroExpansion, LayoutAndCursorMacrosAreCountedToo) {
-    EXPECT_EQ(
-        ExpandedRich(u"{%ACTIVATE_KL_RU%%ACTIVATE_KL_EN%a\nb%CURSOR_POS%c\nd%CURSOR_POS%%DAY%}"),
-        u"{a\nbc\nd%CURSOR_POS%5}");
-    EXPECT_EQ(outcome_.Replaced, 4U);
-    EXPECT_EQ(outcome_.Layout, kRussian);
-    EXPECT_EQ(outcome_.CursorBack, 16U);  // the second mark's 12 units are among them
+TEST_F(RichMacroExpansion, LayoutAndCursorMacrosGoAndTheFirstCursorMarkCounts) {
+    const std::u16string_view source =
+        u"{%ACTIVATE_KL_RU%%ACTIVATE_KL_EN%a\nb%CURSOR_POS%👍🏽\nd%CURSOR_POS%%DAY%}";
+    EXPECT_EQ(ExpandedRich(source), u"{a\nb👍🏽\nd5}");
+    EXPECT_EQ(cursorBack_, 4U);
+    RichText.ShowsText = false;
+    EXPECT_EQ(ExpandedRich(source), u"{a\nb👍🏽\nd5}");
+    EXPECT_EQ(cursorBack_, 7U);  // units, where the engine doesn't show them
 }
 
-TEST_F(RichMacroExpansion, ASourceWithNothingReplacedOrAFailingEngineStaysAsItIs) {
+TEST_F(RichMacroExpansion, TheLastParagraphKeepsItsMarkUnlessTheCursorGoesBackFromTheEnd) {
+    ExpectTexts({{u"{%DAY%}", u"{5}"},
+                 {u"{%DAY%\\par}", u"{5\\par}"},
+                 {u"{%DAY%%CURSOR_POS%\n\\par}", u"{5\n}"},
+                 {u"{a\\par}", u"{a\\par}"}},
+                [this](std::u16string_view source) { return ExpandedRich(source); });
+}
+
+TEST_F(RichMacroExpansion, PromptsPartASourceIntoSourcesOfTheirOwn) {
+    constexpr SegmentKind kText = SegmentKind::Text;
+    constexpr SegmentKind kPrompt = SegmentKind::Prompt;
+    const std::pair<std::u16string_view, std::vector<RichSegment>> cases[] = {
+        {u"{\\1%DAY%\\2b\n%CURSOR_POS%c%prompt\\3_TEXT=\\{%DAY%\n\\4é\\}%%DAY%\\{d\\par}",
+         {{kText, u"{\\15\\2b\nc}", 1}, {kPrompt, u"%DAY%\r\né"}, {kText, u"{\\45\\{d\\par}"}}},
+        // Braces that stand bare in the source.
+        {u"{a%PROMPT_TEXT={x}%\n%PROMPT_TEXT={}%}",
+         {{kText, u"{a}"}, {kPrompt, u"x"}, {kText, u"{\n}"}, {kPrompt, u""}}},
+        {u"{%CLIPBOARD_TEXT%%PROMPT_TEXT=\\{x\\} %}",
+         {{kText, u"{%PROMPT_TEXT=\\{v\\}%%PROMPT_TEXT=\\{x\\} %}"}}}};
+    for (const auto& [source, segments] : cases) {
+        const MacroInput input{u"", u"%PROMPT_TEXT={v}%", kEnglish};
+        EXPECT_EQ(Rich.ExpandSegments(source, input), segments) << Utf16ToUtf8(source);
+    }
+    EXPECT_EQ(Rich.ExpandMacrosRich(cases[0].first, {}), u"{\\15\\2b\nc%DAY%\né\\45\\{d}");
+}
+
+TEST_F(RichMacroExpansion, ASourceWithNothingReplacedStaysAsItIs) {
     // The engine would write the empty colour change differently.
-    for (const std::u16string_view source :
-         {u"no source %YEAR%", u"{\\1\\2100% %date%}", u"{\\1\\2a}"}) {
+    for (const std::u16string_view source : {u"{\\1\\2100% %date%}", u"{\\1\\2a}"}) {
         EXPECT_EQ(ExpandedRich(source), source);
-        EXPECT_EQ(outcome_.Replaced, 0U);
+        EXPECT_EQ(Rich.ExpandMacrosRich(source, {}), source);
     }
     EXPECT_EQ(System.Asked, 0);
-    RichText.CanSave = false;
-    const std::u16string_view source = u"{%ACTIVATE_KL_RU%%CURSOR_POS%%YEAR%}";
-    EXPECT_EQ(ExpandedRich(source), source);
-    EXPECT_EQ(outcome_.Replaced + outcome_.CursorBack + outcome_.Layout, 0U);
 }
 
-TEST_F(RichMacroExpansion, OnlyAnInstalledLayoutOfASourceThatLoadsIsAskedFor) {
-    EXPECT_EQ(Rich.StripLayoutMacrosRich(u"{%ACTIVATE_KL_EN%}"), kBritish);
-    EXPECT_EQ(Rich.StripLayoutMacrosRich(u"{%ACTIVATE_KL_DE%}"), 0U);  // not installed
-    EXPECT_EQ(Rich.StripLayoutMacrosRich(u"%ACTIVATE_KL_EN%"), 0U);
-    EXPECT_EQ(RichToPlainText(u"a", RichText), u"");
+TEST_F(RichMacroExpansion, AFailingEngineGivesNothing) {
+    EXPECT_EQ(Rich.ExpandSegments(u"no source %YEAR%", {}), std::nullopt);
+    RichText.CanSave = false;
+    EXPECT_EQ(Rich.ExpandSegments(u"{%YEAR%}", {}), std::nullopt);
+    EXPECT_EQ(Rich.ExpandMacrosRich(u"{%YEAR%}", {}), std::nullopt);
 }
 
 }  // namespace

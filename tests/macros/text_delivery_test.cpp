@@ -190,7 +190,9 @@ TEST_F(TextDeliveryTest, RichTextGoesAsEightBitsWithItsPlainTextAndLanguage) {
     EXPECT_EQ(Clipboard.Find(kClipUnicodeText)->Bytes, FakeClipboardAccess::Text(u"é\u0416").Bytes);
     EXPECT_EQ(OnClipboard(16), std::string("\x19\x04\0\0", 4));
     EXPECT_EQ(Text.PasteRich(kTarget, u"no source", 0), std::nullopt);
-    EXPECT_THAT(Clipboard.Blocks, SizeIs(1));
+    ASSERT_THAT(Clipboard.Blocks, SizeIs(1));
+    EXPECT_EQ(Clipboard.Find(kClipUnicodeText)->Bytes,
+              FakeClipboardAccess::Text(u"no source").Bytes);
 }
 
 TEST_F(TextDeliveryTest, WhileTheClipboardIsHeldNothingIsPasted) {

@@ -97,9 +97,10 @@ TEST(PhraseItem, SaysWhatThePhraseWouldGive) {
     EXPECT_EQ(info.ExpandedText, u"<sel>");
     EXPECT_EQ(info.RightText, u"+BR");
     EXPECT_EQ(info.PhraseData, record.Cmd);
-    EXPECT_EQ(info.CursorPos, 5);
     EXPECT_EQ(info.CommandId, record.CMDID);
     EXPECT_EQ(info.DataType, kDataTypeExec);
+    record.DataType = kDataTypeText;
+    EXPECT_EQ(fixture.Items.DescribePhrase(record, {.SelText = u"sel"}).CursorPos, 5);
 }
 
 TEST(PhraseItem, KeepsTheStartOfALongPhrase) {

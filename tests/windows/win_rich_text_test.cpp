@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "base/text.h"
-#include "fakes/memory_log.h"
+#include "fakes/macro_fixture.h"
 #include "history/rich_edits.h"
 #include "macros/rich_macros.h"
 #include "platform/rich_source.h"
@@ -158,6 +158,36 @@ TEST_F(WinRichText, EndsAreTrimmedAndLinesJoinedInTheirFormats) {
     EXPECT_EQ(engine_.PlainText(), u"a bold  c d");
     EXPECT_EQ(engine_.ColorOf({2, 6}), kRed);
     EXPECT_THAT(Saved(), HasSubstr("\\b"));
+}
+
+TEST_F(WinRichText, PromptsPartAFormattedSourceIntoSourcesWithTheirFormat) {
+    const std::u16string source =
+        Concat(kHead, u"\\f1\\b bold\\par %PROMPT_\\cf1 TE\r\nXT=\\{\\'e9\\u1046?\\b0\\}",
+               u"% and {\\cf1 %CURSOR_POS%}red \\{x\\}\\par\\cf2 %Prompt_Text={z}%end\\par}");
+    const MacroFixture fixture;
+    const RichMacros rich(fixture.Engine, fixture.Layouts, locale_, engine_);
+    const auto segments = rich.ExpandSegments(source, {});
+    ASSERT_TRUE(segments && segments->size() == 5);
+    EXPECT_EQ((*segments)[1].Text, u"éЖ");
+    EXPECT_EQ((*segments)[3].Text, u"z");
+    EXPECT_EQ((*segments)[2].CursorBack, 8U);
+    const std::tuple<std::size_t, std::u16string_view, std::string_view> texts[] = {
+        {0, u"bold", "\\b"}, {2, u" and red {x}", "\\red255"}, {4, u"end", "\\blue255"}};
+    for (const auto& [index, text, format] : texts) {
+        const std::u16string& piece = (*segments)[index].Text;
+        EXPECT_EQ(RichToPlainText(piece, engine_), text);
+        EXPECT_THAT(Utf16ToUtf8(piece), HasSubstr(format));
+        EXPECT_TRUE(EndsInParagraph(piece)) << Utf16ToUtf8(piece);
+    }
+}
+
+TEST_F(WinRichText, BytesOfASourceStayTheirLettersOnDelivery) {
+    const std::u16string source = u"{\\rtf1\\ansi\\ansicpg1251 \u00CF\u00F0\\'e8}";
+    EXPECT_EQ(RichToPlainText(source, engine_), u"При");
+    const std::string delivered = ToAsciiRich(source);
+    EXPECT_EQ(RichToPlainText(Utf8ToUtf16(delivered), engine_), u"При");
+    EXPECT_EQ(RichToPlainText(source.substr(0, source.size() - 1), engine_), u"При");  // broken
+    EXPECT_EQ(engine_.FromCodePage("\x83\x5C", 932), u"ソ");
 }
 
 TEST_F(WinRichText, ALoadThatTakesTooLongIsGivenUpAndLogged) {
