@@ -134,6 +134,7 @@ class PhraseMenuFixture {
                       .Guard = guard_.Sections,
                       .Log = guard_.Log,
                       .OnRightCommand = [](RightMenuCode, const MenuSubject&) { return false; },
+                      .IsEnding = [] { return false; },
                       .Editor = u""}),
           handler_({.Tree = phrases_.Tree,
                     .Items = macros_.Items,

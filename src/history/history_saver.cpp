@@ -45,6 +45,12 @@ void HistorySaver::SaveRest() {
     Begin();
 }
 
+void HistorySaver::SaveForHangingThread() {
+    ItemList items = with_.IsOn ? with_.Queue.CopyUnsaved() : ItemList();
+    std::erase_if(items, [this](const auto& item) { return IsWritten(*item); });
+    with_.Worker.SaveNow(items);
+}
+
 void HistorySaver::Begin() {
     ItemList untold;
     {
@@ -73,10 +79,12 @@ bool HistorySaver::IsWritten(const CCHItem& item) {
 }
 
 void HistorySaver::OnSaved(const CCHItem& item) {
-    const bool taken = with_.TellSaved(item);
-    const std::lock_guard lock(mutex_);
-    written_.emplace(item.key, item.revision);
-    if (!taken) {
+    {
+        const std::lock_guard lock(mutex_);
+        written_.emplace(item.key, item.revision);
+    }
+    if (!with_.TellSaved(item)) {
+        const std::lock_guard lock(mutex_);
         untold_.push_back(item.Copy());
     }
 }

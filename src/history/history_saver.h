@@ -43,6 +43,9 @@ class HistorySaver {
     // At the end of the keeping, when nobody would ask again: begins a last save if one is needed,
     // behind the one under way.
     void SaveRest();
+    // Writes what is unsaved before it returns, on any thread, while the queue's thread stands
+    // still for good. A save under way may hang with it.
+    void SaveForHangingThread();
 
   private:
     void Begin();

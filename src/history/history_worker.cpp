@@ -32,6 +32,12 @@ bool HistoryWorker::Write(ItemList& items, const SaveCalls& calls) {
     return left == 0;
 }
 
+void HistoryWorker::SaveNow(const ItemList& items) {
+    if (!items.empty() && folder_.Make()) {
+        folder_.Save(items, [](const CCHItem&) {});
+    }
+}
+
 void HistoryWorker::Load(OnLoaded onLoaded) {
     // Another holder of the guard delays a save, never a load.
     worker_.Post([this, call = std::move(onLoaded)] {

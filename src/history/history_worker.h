@@ -34,6 +34,10 @@ class HistoryWorker {
 
     // Waits until there is nothing to do, for as long as another program holds the guard.
     void Flush() { worker_.Flush(); }
+    SerialWorker::BusyFlag Busy() const { return worker_.Busy(); }
+
+    // Writes the items here and now, whoever holds the guard and whatever job hangs.
+    void SaveNow(const ItemList& items);
 
   private:
     // Whether all that had to be written was.

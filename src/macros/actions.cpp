@@ -131,6 +131,10 @@ std::optional<UndeliveredText> ActionRunner::RunActions(const CVBRActionContext&
     std::optional<UndeliveredText> lost;
     std::optional<std::size_t> stepsBack;  // from the end of what was delivered to the mark
     for (const std::unique_ptr<CVBRAction>& action : list) {
+        if (with_.IsEnding()) {
+            with_.Log.Write(u"The program ends: the rest of the phrase is not delivered");
+            return UndeliveredText{DeliveryFailure::ProgramEnds, action->Text};
+        }
         auto failure = action->NeedsTarget() ? WhyOutOfReach(window) : std::nullopt;
         if (!failure) {
             failure = action->Execute(window);

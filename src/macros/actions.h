@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -131,6 +132,7 @@ class ActionRunner {
         const DesktopWindows& Windows;
         const TargetWindows& Targets;
         vbr::Log& Log;
+        std::function<bool()> IsEnding;  // the program: what is left of a phrase is dropped
     };
 
     explicit ActionRunner(const Collaborators& with) : with_(with) {}
@@ -149,7 +151,7 @@ class ActionRunner {
 
     // Runs the actions in order, each whatever became of those before it, and then brings the
     // cursor to its mark. Nothing goes to another window than that of the context; what didn't
-    // arrive first comes back.
+    // arrive first comes back. The end of the program ends them.
     std::optional<UndeliveredText> RunActions(const CVBRActionContext& context,
                                               const ActionList& list);
 

@@ -31,7 +31,7 @@ int ReasonString(DeliveryFailure failure) {
 
 std::u16string DescribeFailure(DeliveryFailure failure, std::u16string_view text,
                                const Strings& texts) {
-    if (failure == DeliveryFailure::NotStarted) {
+    if (failure == DeliveryFailure::NotStarted || failure == DeliveryFailure::ProgramEnds) {
         return {};
     }
     return Concat(texts.LoadString(kStrNotDelivered), u" [", ShortenMiddle(text, kTextShown),

@@ -17,9 +17,10 @@ enum class DeliveryFailure {
     NotTaken,        // the system takes no input
     ClipboardInUse,  // another program keeps the clipboard open
     NotStarted,      // a program, as a message has told
+    ProgramEnds,     // nobody is left to be told
 };
 
-// What the user is told of a text that didn't arrive; empty for what was told before.
+// What the user is told of a text that didn't arrive; empty for what needs no word.
 std::u16string DescribeFailure(DeliveryFailure failure, std::u16string_view text,
                                const Strings& texts);
 

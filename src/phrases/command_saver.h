@@ -32,6 +32,7 @@ class CommandSaver {
 
     // Waits until everything handed over so far is written.
     void Flush();
+    SerialWorker::BusyFlag Busy() const { return worker_.Busy(); }
 
   private:
     void RetryUses();

@@ -19,10 +19,10 @@ void SerialWorker::Post(std::function<void()> job) {
     {
         const std::lock_guard lock(mutex_);
         jobs_.push_back(std::move(job));
-        if (busy_) {
+        if (*busy_) {
             return;
         }
-        busy_ = true;
+        *busy_ = true;
         try {
             if (thread_.joinable()) {
                 thread_.join();
@@ -37,7 +37,7 @@ void SerialWorker::Post(std::function<void()> job) {
 
 void SerialWorker::Flush() {
     std::unique_lock lock(mutex_);
-    idle_.wait(lock, [this] { return !busy_; });
+    idle_.wait(lock, [this] { return !*busy_; });
 }
 
 void SerialWorker::RunAll() {
@@ -51,7 +51,7 @@ void SerialWorker::RunAll() {
         }
         lock.lock();
     }
-    busy_ = false;
+    *busy_ = false;
     idle_.notify_all();
 }
 

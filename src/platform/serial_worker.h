@@ -5,6 +5,7 @@
 #include <condition_variable>
 #include <deque>
 #include <functional>
+#include <memory>
 #include <mutex>
 #include <thread>
 
@@ -26,6 +27,10 @@ class SerialWorker {
     // Waits until there is nothing to do. Not from within a job.
     void Flush();
 
+    // Set while there is something to do; outlives the worker. Any thread may look.
+    using BusyFlag = std::shared_ptr<const std::atomic<bool>>;
+    BusyFlag Busy() const { return busy_; }
+
     // Whether the destructor waits. A job that waits for something asks this from time to time.
     bool IsEnding() const { return ending_; }
 
@@ -35,7 +40,7 @@ class SerialWorker {
     std::mutex mutex_;
     std::condition_variable idle_;
     std::deque<std::function<void()>> jobs_;
-    bool busy_ = false;
+    std::shared_ptr<std::atomic<bool>> busy_ = std::make_shared<std::atomic<bool>>(false);
     std::atomic<bool> ending_ = false;
     std::thread thread_;  // ended unless busy, but not joined yet
 };

@@ -17,6 +17,7 @@ namespace vbr {
 inline constexpr int kExitDone = 0;
 inline constexpr int kExitSignalled = 1;  // a running instance was told, or none to end
 inline constexpr int kExitNoInstanceEvent = 2;
+inline constexpr int kExitForced = 3;          // the end was asked for and not reached in time
 inline constexpr int kExitReleasedDelay = 12;  // another process left its autostart delay
 
 // Decides what this process is: a control process that signals the running instance and ends, or

@@ -28,7 +28,7 @@ void QueryFlow::OnHotKey() {
 }
 
 void QueryFlow::OnMouseEvent() {
-    if (IsUnderWay()) {
+    if (stopped_ || IsUnderWay()) {
         return;
     }
     with_.Display.ShowTrayBalloon(Concat(with_.Texts.LoadString(kStrMouseEventDetected), u"\n",
@@ -79,7 +79,7 @@ void QueryFlow::Ask(bool fromHotkey) {
 }
 
 void QueryFlow::OnQueryReady(const std::shared_ptr<QueryExchange>& exchange) {
-    if (!exchange) {
+    if (!exchange || stopped_) {
         return;
     }
     const bool isAnswer =
@@ -101,7 +101,8 @@ void QueryFlow::Serve(const WPQuery& query, WPAnswer& answer) {
     // The query may end while the menu is open.
     const WindowHandle target = query.TargetWindow;
     with_.Menu.SetClipboardAtHotkey(with_.Menu.AsksForClipboard() ? ClipboardText() : u"");
-    CarryOut(with_.Menu.OnDataNeeded(query, answer), target);
+    const MenuChoice choice = with_.Menu.OnDataNeeded(query, answer);
+    CarryOut(stopped_ ? MenuChoice() : choice, target);
 }
 
 void QueryFlow::CarryOut(const MenuChoice& choice, WindowHandle target) {
@@ -169,6 +170,9 @@ void QueryFlow::End() {
 }
 
 void QueryFlow::OnOutsideChoice(std::int32_t number, WindowHandle target) {
+    if (stopped_) {
+        return;
+    }
     if (IsUnderWay()) {
         with_.Log.Write(Concat(u"Query ", query_->Number,
                                u" is under way, a choice from outside is not carried out"));

@@ -80,8 +80,10 @@ class QueryFlow {
     // Runs the work now, or, while a menu or a prompt is open, when the choice was carried out.
     void WhenIdle(std::function<void()> work);
 
-    // The program ends: no query begins any more, and what waits for the end of one is dropped.
+    // The program ends: no query begins any more, the one under way delivers nothing more, and what
+    // waits for its end is dropped.
     void Stop();
+    bool IsStopped() const { return stopped_; }
 
   private:
     struct Query {

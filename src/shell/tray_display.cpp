@@ -45,7 +45,7 @@ bool TrayDisplay::UpdateTrayIcon(TrayIconMode mode, std::u16string_view balloonT
 }
 
 void TrayDisplay::ShowTrayBalloon(std::u16string_view text, std::uint32_t milliseconds) {
-    const bool shown = with_.View.ShowBalloon(text, !with_.Settings.SoundOnEvents, milliseconds);
+    const bool shown = with_.View.ShowBalloon(text, milliseconds);
     if (shown && !text.empty()) {
         with_.View.StartTimer(kTimerHideBalloon, milliseconds);
     }

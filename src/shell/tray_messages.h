@@ -48,6 +48,10 @@ inline constexpr std::uintptr_t kTimerBlink = 2;
 inline constexpr std::uint32_t kBlinkMs = 250;
 inline constexpr std::uintptr_t kTimerInstallSpy = 3;
 inline constexpr std::uint32_t kInstallSpyMs = 2000;
+inline constexpr std::uintptr_t kTimerEnd = 4;
+inline constexpr std::uint32_t kEndMs = 50;
+inline constexpr std::uintptr_t kTimerHeldHotkey = 5;
+inline constexpr std::uint32_t kHeldHotkeyMs = 10;
 
 inline constexpr std::uint32_t kTrayIconId = 10;
 inline constexpr std::uint32_t kHistoryControlId = 1333;

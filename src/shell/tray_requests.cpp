@@ -32,10 +32,25 @@ void TrayRequests::OnInstanceSignal(std::uintptr_t code) {
                                          with_.Texts.LoadString(kStrAlreadyWorks), true);
         });
     } else if (code == kSignalExit) {
+        with_.Flow.Stop();
         with_.Display.UpdateTrayIcon(TrayIconMode::ModifyWithBalloon,
                                      with_.Texts.LoadString(kStrExiting));
         with_.Clock.Sleep(kExitBalloonMs);
         with_.View.PostCommand(kCmdExit);
+    }
+}
+
+void TrayRequests::OnHotKey(std::uint32_t tick) {
+    if (heldHotkey_.IsPress(tick)) {
+        WatchHotkey();
+        with_.Flow.OnHotKey();
+    }
+}
+
+void TrayRequests::WatchHotkey() {
+    if (!with_.Input.IsKeyDown(with_.Settings.HotkeyVk) ||
+        !with_.View.StartTimer(kTimerHeldHotkey, kHeldHotkeyMs)) {
+        heldHotkey_.NoteLetGo();
     }
 }
 
@@ -74,6 +89,8 @@ void TrayRequests::OnWaitError() {
 void TrayRequests::OnTimer(std::uintptr_t id) {
     if (id == kTimerPhraseMenu) {
         with_.Flow.OnMenuWanted();
+    } else if (id == kTimerHeldHotkey) {
+        WatchHotkey();
     } else if (!with_.Display.OnTimer(id)) {
         with_.History.OnTimer(id);
     }

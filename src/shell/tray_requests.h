@@ -7,10 +7,12 @@
 #include "base/announcer.h"
 #include "platform/clock.h"
 #include "platform/event_sounds.h"
+#include "platform/input_injector.h"
 #include "platform/log.h"
 #include "platform/profile_store.h"
 #include "platform/strings.h"
 #include "settings/settings.h"
+#include "shell/held_hotkey.h"
 #include "shell/history_control.h"
 #include "shell/query_flow.h"
 #include "shell/service_control.h"
@@ -40,6 +42,7 @@ class TrayRequests {
         TrayView& View;
         TrayDisplay& Display;
         EventSounds& Sounds;
+        const InputInjector& Input;
         vbr::Log& Log;
     };
 
@@ -51,6 +54,8 @@ class TrayRequests {
     void InstallAtStart();
     // A number of kSignal...; any other does nothing.
     void OnInstanceSignal(std::uintptr_t code);
+    // The system tells of the hot key, by the key's event at that tick.
+    void OnHotKey(std::uint32_t tick);
     // The editor has changed settings and phrases.
     void OnEditorEnded();
     void OnLanguageChanged();
@@ -61,7 +66,11 @@ class TrayRequests {
     std::u16string PaneTitle() const;
 
   private:
+    // Looks whether the hot key was let go, and goes on looking until it is.
+    void WatchHotkey();
+
     Collaborators with_;
+    HeldHotkey heldHotkey_;
     Announcer<UiChange, std::uint32_t> uiObservers_;
 };
 

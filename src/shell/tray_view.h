@@ -21,7 +21,7 @@ class TrayView {
     virtual void ShowBlinkImage(bool second) = 0;
     // Shows a balloon with the text, or takes it away for an empty one; false when the system
     // refuses.
-    virtual bool ShowBalloon(std::u16string_view text, bool silent, std::uint32_t milliseconds) = 0;
+    virtual bool ShowBalloon(std::u16string_view text, std::uint32_t milliseconds) = 0;
 
     // Expires once, unless it is started anew before; false when the system has none.
     virtual bool StartTimer(std::uintptr_t id, std::uint32_t milliseconds) = 0;
@@ -32,7 +32,7 @@ class TrayView {
     virtual void ShowTrayMenu() = 0;
     // A command for later, from the message queue.
     virtual void PostCommand(int command) = 0;
-    // Ends the program.
+    // The program ends; a menu or a dialog that is open closes first, as if it was cancelled.
     virtual void Close() = 0;
 };
 

@@ -126,13 +126,21 @@ TEST_F(DeliveryTest, APromptStandsAtTheCaretWithItsDefaultSelectedAndItsAnswerAr
     EXPECT_EQ(notepad.WaitForText(between + u"c"), between + u"c");
 }
 
-TEST_F(DeliveryTest, TheProgramEndsUnderAnOpenPrompt) {
+TEST_F(DeliveryTest, APromptThatAMonitorsScaleMakesLargerIsPlacedAnew) {
     AddPhrase("%PROMPT_TEXT={}%");
     Start(0);
     const Notepad notepad;
     Choose(notepad);
-    ASSERT_TRUE(WaitForPrompt());
-    EXPECT_EQ(program_.End(), 0U);
+    const HWND dialog = WaitForPrompt();
+    ASSERT_TRUE(dialog);
+    const int height = GetSystemMetrics(SM_CYSCREEN) - 50;
+    SetWindowPos(dialog, nullptr, 0, 0, 300, height, SWP_NOMOVE | SWP_NOACTIVATE | SWP_NOZORDER);
+    SendMessageW(dialog, WM_DPICHANGED, MAKEWPARAM(192, 192), 0);
+    EXPECT_TRUE(WaitUntil([dialog] {
+        RECT place{};
+        GetWindowRect(dialog, &place);
+        return place.bottom < GetSystemMetrics(SM_CYSCREEN);
+    }));
 }
 
 TEST_F(DeliveryTest, ACommandStartsItsProgramWithItsParameters) {

@@ -124,6 +124,7 @@ struct DeliveryFixture {
     FakeSoundPlayer Player;
     PasteSettings Paste;
     std::function<bool()> AreSoundsOn = [] { return true; };
+    std::function<bool()> IsEnding = [] { return false; };
     MyCopyGuard OwnCopy{Macros.Clock, Macros.Log};
     EventSounds Sounds{{.ProgramFolder = u"",
                         .IsOn = [this] { return AreSoundsOn(); },
@@ -160,7 +161,8 @@ struct DeliveryFixture {
                          .Prompts = Prompts,
                          .Windows = Windows,
                          .Targets = Targets,
-                         .Log = Macros.Log}};
+                         .Log = Macros.Log,
+                         .IsEnding = [this] { return IsEnding(); }}};
     CommandDelivery Delivery{{.Tree = Phrases.Tree,
                               .Macros = Macros.Engine,
                               .Runner = Runner,

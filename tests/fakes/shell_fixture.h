@@ -36,7 +36,7 @@ class FakeTrayView : public TrayView {
     }
     void DeleteIcon() override { Icons.clear(); }
     void ShowBlinkImage(bool second) override { Blinks.push_back(second); }
-    bool ShowBalloon(std::u16string_view text, bool, std::uint32_t) override {
+    bool ShowBalloon(std::u16string_view text, std::uint32_t) override {
         Balloon = text;
         return true;
     }
@@ -105,6 +105,7 @@ struct ShellFixture : MenuFixture {
         Settings.PhrasesDirectory = Phrases.Folder.Path().u16string();
         Settings.Load();
         Library.Target = kTarget;
+        IsEnding = [this] { return Flow.IsStopped(); };
         Service.InstallService();
         Calls.clear();
     }
@@ -201,6 +202,7 @@ struct ShellFixture : MenuFixture {
                            .View = View,
                            .Display = Display,
                            .Sounds = Sounds,
+                           .Input = Input,
                            .Log = Macros.Log}};
 };
 

@@ -27,6 +27,7 @@ class Saver : public testing::Test, protected HistoryFixture {
     std::atomic<int> told_ = 0;
     std::atomic<bool> wasUnguarded_ = false;
     bool isOn_ = true;
+    std::function<void()> whileFirstIsTold_ = [] {};
     std::unique_ptr<HeldEvent> made_ = std::make_unique<HeldEvent>();
     HeldEvent& guard_ = *made_;  // as long as the worker
     HistorySaver saver_{{.Queue = Queue,
@@ -35,6 +36,7 @@ class Saver : public testing::Test, protected HistoryFixture {
                          .TellSaved =
                              [this](const CCHItem& item) {
                                  ++told_;
+                                 std::exchange(whileFirstIsTold_, [] {})();
                                  wasUnguarded_ = wasUnguarded_ || guard_.IsSet;
                                  if (hasWindow_) {
                                      Queue.NoteSaved(item);
@@ -127,6 +129,19 @@ TEST_F(Saver, HoweverSavesFallTogetherEachItemIsWrittenOnce) {
     saver_.Save();
     EXPECT_TRUE(IsAllNoted());
     EXPECT_EQ(FileNames().size(), 60U);
+}
+
+TEST_F(Saver, ForAThreadThatHangsTheRestIsWrittenOnceThoughASaveHangsWithIt) {
+    whileFirstIsTold_ = [this] {
+        Add(TextItem(u"c"));
+        saver_.SaveForHangingThread();
+        EXPECT_EQ(FileNames().size(), 6U);
+        EXPECT_EQ(Reloaded(), u"b a c");
+    };
+    AddTexts(u"ab");
+    saver_.Save();
+    Finish();
+    EXPECT_EQ(told_, 2);
 }
 
 TEST_F(Saver, AnAskedSaveThatNobodyBeganIsMadeUpForByTheLastOne) {

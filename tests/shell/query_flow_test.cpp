@@ -171,17 +171,44 @@ TEST_F(QueryFlowTest, APressCountsWhenTheUserIsHereTheServiceOnAndBothPressesCam
     EXPECT_EQ(menus_, 1);
 }
 
-TEST_F(QueryFlowTest, WhatWaitsForAMenuIsDroppedWhenTheProgramEndsUnderIt) {
-    AddPhrase("p", u"text");
+TEST_F(QueryFlowTest, WhenTheProgramEndsUnderAMenuNothingIsChosenAndWhatWaitsIsDropped) {
+    const std::filesystem::path file = AddPhrase("p", u"text");
+    Clipboard.Copy({FakeClipboardAccess::Text(u"mine")});
+    LetTargetCopy(u"sel");
+    ChoosePhrase(1);
     whileMenu_ = [this] {
         Commands.Run(kCmdEnableService);
         Commands.Run(kCmdEnableService);
-        Flow.Stop();
+        Requests.OnInstanceSignal(kSignalExit);
     };
     Flow.OnHotKey();
     EXPECT_FALSE(Service.IsServiceInstalled());
-    Flow.OnMenuWanted();
+    AskAgain();
     EXPECT_EQ(menus_, 1);
+    EXPECT_EQ(Typed(), u"");
+    EXPECT_EQ(Phrases.Tree.FindByFile(file)->UsageCount, 0);
+    EXPECT_EQ(ClipboardText(), u"mine");
+}
+
+TEST_F(QueryFlowTest, AHeldHotKeyIsPressedOnce) {
+    AddPhrase("p", u"text");
+    Input.Held = {13};
+    for (const std::uint32_t tick : {1000U, 2000U, 2030U}) {
+        Requests.OnHotKey(tick);
+        Expire(kTimerHeldHotkey);
+    }
+    EXPECT_EQ(menus_, 1);
+    Input.Held.clear();
+    Expire(kTimerHeldHotkey);
+    Requests.OnHotKey(2060);
+    EXPECT_EQ(menus_, 2);
+    Requests.OnHotKey(2200);
+    EXPECT_EQ(menus_, 3);
+    // Nobody could look at the key for a while.
+    Input.Held = {13};
+    Requests.OnHotKey(2300);
+    Requests.OnHotKey(3500);
+    EXPECT_EQ(menus_, 5);
 }
 
 TEST_F(QueryFlowTest, AChoiceFromOutsideIsCarriedOutByItsNumber) {

@@ -16,6 +16,7 @@
 #include "platform/win32/win_program_starter.h"
 #include "platform/win32/win_shell_opener.h"
 #include "platform/win32/win_target_windows.h"
+#include "windows/access_list.h"
 #include "windows/message_window.h"
 #include "windows/pump.h"
 
@@ -37,6 +38,20 @@ TEST(WinTargetWindows, TellWhatLivesAndWhose) {
     EXPECT_FALSE(windows.IsWindow(own));
     EXPECT_FALSE(windows.RunsElevated(own));
     EXPECT_FALSE(windows.IsWindow(0));
+}
+
+TEST(WinProgramPaths, AreTheSameForAProcessThatTellsOthersLittle) {
+    const WinDesktopWindows windows;
+    const std::u16string path = windows.ProgramPath(GetCurrentProcessId());
+    EXPECT_TRUE(EndsWithNoCase(path, u"\\vellumbridge_windows_tests.exe")) << Utf16ToUtf8(path);
+    const HANDLE own = GetCurrentProcess();
+    const UniqueLocal<void> before = Descriptor(AccessListOf(own, SE_KERNEL_OBJECT).c_str());
+    // As a process with more rights does.
+    ASSERT_TRUE(SetKernelObjectSecurity(own, DACL_SECURITY_INFORMATION,
+                                        Descriptor(L"D:(A;;0x1000;;;WD)").get()));
+    EXPECT_FALSE(UniqueHandle(OpenProcess(PROCESS_VM_READ, FALSE, GetCurrentProcessId())));
+    EXPECT_EQ(windows.ProgramPath(GetCurrentProcessId()), path);
+    SetKernelObjectSecurity(own, DACL_SECURITY_INFORMATION, before.get());
 }
 
 TEST(WinShellOpener, OpensAFileAndTellsOfAMissingOne) {

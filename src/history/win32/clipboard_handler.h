@@ -82,6 +82,12 @@ class CVBRWndClipboardHandler : public WindowBase, private ClipboardObserver {
     }
     // Saves within two seconds, once for several calls.
     void RequestSave();
+    // The end of the program: begins a last save if one is needed. It may send messages to the
+    // caller's thread while it is Busy.
+    void SaveRest() { saver_.SaveRest(); }
+    SerialWorker::BusyFlag Busy() const { return worker_.Busy(); }
+    // The same for a thread that hangs, and from another one; complete when it returns.
+    void SaveForHangingThread() { saver_.SaveForHangingThread(); }
     // Tells the parent of a change by a command.
     void NotifyChanged() { Notify(kNoticeHistoryChanged, HistoryChange::ByCommand); }
 

@@ -11,9 +11,8 @@ namespace vbr {
 namespace {
 
 constexpr int kTitleMax = 256;
+constexpr UINT kMsgPlaceAgain = WM_APP + 1;
 constexpr WPARAM kMoveByMouse = SC_MOVE | HTCAPTION;
-constexpr WORD kUnassignedKey = 0xE8;
-constexpr DWORD kReadMs = 3000;
 constexpr int kForegroundTries = 50;
 constexpr DWORD kForegroundStepMs = 10;
 
@@ -45,27 +44,6 @@ class InputAttachment {
     bool reachable_ = false;
 };
 
-// What was typed before the dialog would go to the dialog if the window had not read it yet. A key
-// that no program knows follows it; the joined key state changes when the window has read that.
-void WaitUntilInputIsRead(HWND window) {
-    const InputAttachment attached(window);
-    if (!attached || GetForegroundWindow() != GetAncestor(window, GA_ROOT)) {
-        return;
-    }
-    const SHORT before = GetKeyState(kUnassignedKey);
-    INPUT inputs[2]{};
-    for (INPUT& input : inputs) {
-        input.type = INPUT_KEYBOARD;
-        input.ki.wVk = kUnassignedKey;
-    }
-    inputs[1].ki.dwFlags = KEYEVENTF_KEYUP;
-    SendInput(2, inputs, sizeof(INPUT));
-    const DWORD start = GetTickCount();
-    while (((GetKeyState(kUnassignedKey) ^ before) & 1) == 0 && GetTickCount() - start < kReadMs) {
-        Sleep(kForegroundStepMs);
-    }
-}
-
 // The caret of the window's thread in screen coordinates.
 std::optional<RECT> CaretOf(HWND window) {
     GUITHREADINFO info{};
@@ -77,6 +55,19 @@ std::optional<RECT> CaretOf(HWND window) {
     RECT caret = info.rcCaret;
     MapWindowPoints(info.hwndCaret, nullptr, reinterpret_cast<POINT*>(&caret), 2);
     return caret;
+}
+
+PromptSurroundings SurroundingsOf(HWND window) {
+    const std::optional<RECT> caret = CaretOf(window);
+    RECT target{};
+    const bool hasTarget = GetWindowRect(window, &target) != 0;
+    const HMONITOR monitor = MonitorFromRect(caret ? &*caret : &target, MONITOR_DEFAULTTONEAREST);
+    MONITORINFO screen{};
+    screen.cbSize = sizeof screen;
+    GetMonitorInfoW(monitor, &screen);
+    return {.Caret = caret ? std::optional(FromWin(*caret)) : std::nullopt,
+            .Target = FromWin(hasTarget ? target : screen.rcWork),
+            .WorkArea = FromWin(screen.rcWork)};
 }
 
 // The window's title without a message to its thread; a control has that of its top window.
@@ -131,25 +122,36 @@ INT_PTR CALLBACK CVBRPromptDlg::DialogProc(HWND dialog, UINT message, WPARAM wPa
 }
 
 INT_PTR CVBRPromptDlg::OnMessage(UINT message, WPARAM wParam) {
-    if (message == WM_LBUTTONDOWN) {
-        ReleaseCapture();
-        SendMessageW(dialog_, WM_SYSCOMMAND, kMoveByMouse, 0);
-        return TRUE;
-    }
-    if (message != WM_COMMAND) {
-        return FALSE;
-    }
-    switch (LOWORD(wParam)) {
-        case IDOK:
-            OnOk();
-            EndDialog(dialog_, IDOK);
+    switch (message) {
+        case WM_LBUTTONDOWN:
+            ReleaseCapture();
+            SendMessageW(dialog_, WM_SYSCOMMAND, kMoveByMouse, 0);
             return TRUE;
-        case IDCANCEL:
-            EndDialog(dialog_, IDCANCEL);
+        case WM_ENTERSIZEMOVE:
+            isMoved_ = true;
+            return FALSE;
+        case WM_DPICHANGED:
+            // The system gives the dialog another size after this.
+            PostMessageW(dialog_, kMsgPlaceAgain, 0, 0);
+            return FALSE;
+        case kMsgPlaceAgain:
+            Place();
             return TRUE;
+        case WM_COMMAND:
+            return OnCommand(LOWORD(wParam));
         default:
             return FALSE;
     }
+}
+
+INT_PTR CVBRPromptDlg::OnCommand(WORD command) {
+    if (command == IDOK) {
+        OnOk();
+    } else if (command != IDCANCEL) {
+        return FALSE;
+    }
+    EndDialog(dialog_, command);
+    return TRUE;
 }
 
 void CVBRPromptDlg::OnInitDialog() {
@@ -162,6 +164,7 @@ void CVBRPromptDlg::OnInitDialog() {
     SendMessageW(answer_, EM_SETLIMITTEXT, 0, 0);  // the most that the system allows
     SetWindowTextW(answer_, Wide(text_));
     SetDlgItemTextW(dialog_, IDCANCEL, Wide(texts_.LoadString(kStrCancel)));
+    around_ = SurroundingsOf(target_);
     Place();
     ShowWindow(dialog_, SW_SHOW);
     TakeForeground();
@@ -178,29 +181,24 @@ void CVBRPromptDlg::OnOk() {
 }
 
 void CVBRPromptDlg::Place() const {
+    if (isMoved_) {
+        return;
+    }
     RECT dialog{};
     GetWindowRect(dialog_, &dialog);
-    const std::optional<RECT> caret = CaretOf(target_);
-    RECT target{};
-    const bool hasTarget = GetWindowRect(target_, &target) != 0;
-    const HMONITOR monitor = MonitorFromRect(caret ? &*caret : &target, MONITOR_DEFAULTTONEAREST);
-    MONITORINFO screen{};
-    screen.cbSize = sizeof screen;
-    GetMonitorInfoW(monitor, &screen);
-    const Rect area = PlacePrompt({dialog.right - dialog.left, dialog.bottom - dialog.top},
-                                  {.Caret = caret ? std::optional(FromWin(*caret)) : std::nullopt,
-                                   .Target = FromWin(hasTarget ? target : screen.rcWork),
-                                   .WorkArea = FromWin(screen.rcWork)});
+    const Rect area =
+        PlacePrompt({dialog.right - dialog.left, dialog.bottom - dialog.top}, around_);
     SetWindowPos(dialog_, nullptr, area.Left, area.Top, 0, 0,
                  SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 void CVBRPromptDlg::TakeForeground() const {
+    if (!IsWindow(target_)) {
+        return;
+    }
     {
+        // Also where joining is refused, as by a target with more rights.
         const InputAttachment attached(target_);
-        if (!attached) {
-            return;
-        }
         SetActiveWindow(dialog_);
         SetForegroundWindow(dialog_);
         SetFocus(dialog_);
@@ -213,7 +211,6 @@ void CVBRPromptDlg::TakeForeground() const {
 
 bool WinPrompter::ShowPromptDialog(WindowHandle window, std::u16string& inOutText) {
     const HWND target = reinterpret_cast<HWND>(window);
-    WaitUntilInputIsRead(target);
     CVBRPromptDlg dialog(target, inOutText, texts_);
     const bool answered = dialog.DoModal();
     inOutText = answered ? dialog.Text() : std::u16string();

@@ -26,8 +26,10 @@ class CVBRPromptDlg {
   private:
     static INT_PTR CALLBACK DialogProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam);
     INT_PTR OnMessage(UINT message, WPARAM wParam);
+    INT_PTR OnCommand(WORD command);
     void OnInitDialog();
     void OnOk();
+    // Where it belongs, at its present size, unless the user has moved it.
     void Place() const;
     void TakeForeground() const;
 
@@ -36,6 +38,8 @@ class CVBRPromptDlg {
     const Strings& texts_;
     HWND dialog_ = nullptr;
     HWND answer_ = nullptr;
+    PromptSurroundings around_;  // before the dialog took the caret away
+    bool isMoved_ = false;       // by the user
 };
 
 // Asks by the dialog and gives the keyboard back afterwards.

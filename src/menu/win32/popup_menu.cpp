@@ -49,8 +49,8 @@ MenuSubject PopupMenuPresenter::Track(ShownMenu& menu, POINT point) {
                              menu);
         const HWND owner = tracker.Create(with_.Settings.MenuToolTips);
         choice = TrackPopupMenuEx(menu.Root(), TPM_RETURNCMD, point.x, point.y, owner, nullptr);
-        again =
-            choice == 0 && tracker.EndedByRightMenu() && GetForegroundWindow() == with_.Foreground;
+        again = choice == 0 && !with_.IsEnding() && tracker.EndedByRightMenu() &&
+                GetForegroundWindow() == with_.Foreground;
     }
     painter_.End();
     return menu.SubjectOf(static_cast<std::uint32_t>(choice));

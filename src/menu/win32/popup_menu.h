@@ -23,7 +23,8 @@ class PopupMenuPresenter : public MenuPresenter {
         GuardedSections& Guard;
         vbr::Log& Log;
         std::function<bool(RightMenuCode code, const MenuSubject& item)> OnRightCommand;
-        std::u16string Editor;  // path of the phrase editor's program
+        std::function<bool()> IsEnding;  // the program: no menu opens again
+        std::u16string Editor;           // path of the phrase editor's program
     };
 
     explicit PopupMenuPresenter(const Collaborators& with)

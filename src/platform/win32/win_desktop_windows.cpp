@@ -3,10 +3,10 @@
 
 #include "platform/win32/windows.h"
 
-#include <psapi.h>
 #include <tlhelp32.h>
 
 #include "platform/win32/handle.h"
+#include "platform/win32/program_path.h"
 #include "platform/win32/wide.h"
 
 namespace vbr {
@@ -21,15 +21,6 @@ HWND ToWindow(WindowHandle window) {
 
 WindowHandle FromWindow(HWND window) {
     return reinterpret_cast<WindowHandle>(window);
-}
-
-std::u16string FullPath(DWORD process) {
-    const UniqueHandle handle(
-        OpenProcess(PROCESS_QUERY_INFORMATION | PROCESS_VM_READ, FALSE, process));
-    wchar_t path[MAX_PATH];
-    const DWORD length =
-        handle ? GetModuleFileNameExW(handle.get(), nullptr, path, MAX_PATH) : DWORD{0};
-    return FromWide(path, length);
 }
 
 std::u16string FileName(DWORD process) {
@@ -60,7 +51,7 @@ WindowThread WinDesktopWindows::ThreadOf(WindowHandle window) const {
 }
 
 std::u16string WinDesktopWindows::ProgramPath(std::uint32_t process) const {
-    const std::u16string path = FullPath(process);
+    const std::u16string path = ProgramPathOf(process);
     return path.empty() ? FileName(process) : path;
 }
 

@@ -15,7 +15,9 @@ bool IsExtended(std::uint16_t vk) {
 }  // namespace
 
 std::optional<SystemError> WinHotkeyRegistrar::Register(std::uint16_t mods, std::uint16_t vk) {
-    if (RegisterHotKey(window_, id_, mods, vk)) {
+    // Not every system knows the flag.
+    if (RegisterHotKey(window_, id_, mods | MOD_NOREPEAT, vk) ||
+        RegisterHotKey(window_, id_, mods, vk)) {
         return std::nullopt;
     }
     return SystemErrorOf(GetLastError());

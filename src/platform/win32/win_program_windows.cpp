@@ -4,10 +4,10 @@
 #include "platform/win32/windows.h"
 
 #include <array>
-#include <psapi.h>
 #include <shellapi.h>
 
 #include "platform/win32/gdi_handle.h"
+#include "platform/win32/program_path.h"
 #include "platform/win32/wide.h"
 
 namespace vbr {
@@ -15,7 +15,6 @@ namespace {
 
 constexpr UINT kIconPatienceMs = 1000;
 constexpr std::size_t kMaxTitle = 780;
-constexpr std::size_t kMaxPath = 1024;
 
 HWND WindowOf(WindowHandle window) {
     return reinterpret_cast<HWND>(window);
@@ -54,12 +53,7 @@ std::u16string WinProgramWindows::TitleOf(WindowHandle window) const {
 std::u16string WinProgramWindows::ProgramOf(WindowHandle window) const {
     DWORD id = 0;
     GetWindowThreadProcessId(WindowOf(window), &id);
-    const UniqueHandle process(OpenProcess(PROCESS_QUERY_INFORMATION | PROCESS_VM_READ, FALSE, id));
-    std::array<wchar_t, kMaxPath> path{};
-    const DWORD length = process ? GetModuleFileNameExW(process.get(), nullptr, path.data(),
-                                                        static_cast<DWORD>(path.size()))
-                                 : 0;
-    return FromWide(path.data(), length);
+    return ProgramPathOf(id);
 }
 
 IconHandle WinProgramWindows::IconOf(WindowHandle handle) const {

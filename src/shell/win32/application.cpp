@@ -66,11 +66,15 @@ class WindowToolkit {
     bool initialized_ = false;
 };
 
-int RunMessageLoop() {
+int RunMessageLoop(const CVBRTrayWnd& tray) {
     MSG message{};
     while (GetMessageW(&message, nullptr, 0, 0) > 0) {
         TranslateMessage(&message);
         DispatchMessageW(&message);
+        // Only here is no menu and no dialog open any more.
+        if (tray.IsEnding()) {
+            return 0;
+        }
     }
     return static_cast<int>(message.wParam);
 }
@@ -109,6 +113,7 @@ int Application::Main(std::u16string_view rawCmdLine) {
 }
 
 int Application::RunResident(const CVBRCmdLine& cmdLine) {
+    ForcedEnd bound(log_);
     const WindowToolkit toolkit;
     NamedEvent& stop = *instance_.StopEvent();
     NamedEventThread events(objects_, stop, log_);
@@ -127,13 +132,18 @@ int Application::RunResident(const CVBRCmdLine& cmdLine) {
                       .CmdLine = cmdLine,
                       .Messages = messages_,
                       .Stop = stop,
+                      .Bound = bound,
                       .Events = events,
                       .ForcedRoute = ForcedRoute()});
     const auto signal = [&tray](std::uintptr_t code) {
         const UINT message = RegisterWindowMessageW(Wide(kMessageInstanceSignal.data()));
         return [&tray, message, code] { PostMessageW(tray.Handle(), message, code, 0); };
     };
-    events.Watch(kEventExit, EventReset::Manual, ObjectAccess::World, signal(kSignalExit));
+    events.Watch(kEventExit, EventReset::Manual, ObjectAccess::World,
+                 [&bound, post = signal(kSignalExit)] {
+                     bound.Begin();
+                     post();
+                 });
     events.Watch(kEventAlreadyWork, EventReset::Manual, ObjectAccess::World,
                  signal(kSignalAlreadyWorks));
     {
@@ -143,7 +153,7 @@ int Application::RunResident(const CVBRCmdLine& cmdLine) {
     }
     const auto optionsChanged =
         objects_.Create(kEventOptionsChanged, EventReset::Automatic, ObjectAccess::World);
-    const int result = tray.Create() ? RunMessageLoop() : 0;
+    const int result = tray.Create() ? RunMessageLoop(tray) : 0;
     instance_.SignalStop();
     return result;
 }

@@ -12,6 +12,8 @@ namespace vbr {
 namespace {
 
 constexpr std::u16string_view kHistoryFolderName = u"ClipboardHistory";
+constexpr DWORD kSavingMs = 3000;
+constexpr DWORD kAskEveryMs = 5;
 
 constexpr WatchedEvent kEvents[] = {
     {kEventEditorEnded, EventReset::Automatic, ObjectAccess::World, kMsgEditorEnded},
@@ -116,7 +118,8 @@ Program::Program(const ProcessContext& process, HWND window, TrayView& view)
                .Prompts = prompter_,
                .Windows = windows_,
                .Targets = targets_,
-               .Log = process.Log}),
+               .Log = process.Log,
+               .IsEnding = [this] { return flow_.IsStopped(); }}),
       delivery_({.Tree = tree_,
                  .Macros = macros_,
                  .Runner = runner_,
@@ -193,6 +196,7 @@ Program::Program(const ProcessContext& process, HWND window, TrayView& view)
                       [this](RightMenuCode code, const MenuSubject& item) {
                           return flow_.OnRightMenuCommand(code, item);
                       },
+                  .IsEnding = [this] { return flow_.IsStopped(); },
                   .Editor = process.Locations.Editor()}),
       menu_({.Tree = tree_,
              .Items = items_,
@@ -288,6 +292,7 @@ Program::Program(const ProcessContext& process, HWND window, TrayView& view)
                  .View = view,
                  .Display = display_,
                  .Sounds = sounds_,
+                 .Input = input_,
                  .Log = process.Log}),
       session_({.IsSpyRunning = [this] { return history_.IsKeeping(); },
                 .StartSpy = [this] { return capture_.Start(); },
@@ -299,6 +304,10 @@ Program::Program(const ProcessContext& process, HWND window, TrayView& view)
                     }},
                process.Log) {
     handler_.OnSpyStateChanged([this](bool) { history_.AnnounceKeep(); });
+    process.Bound.SetSavers({handler_.Busy(), saver_.Busy()}, [this] {
+        handler_.SaveForHangingThread();
+        saver_.Flush();
+    });
 }
 
 Program::~Program() {
@@ -348,7 +357,27 @@ void Program::Watch(std::span<const WatchedEvent> events) {
     }
 }
 
+void Program::BeginEnd() {
+    endBegan_ = GetTickCount();
+    process_.Bound.Begin();
+    process_.Stop.Set();
+    flow_.Stop();
+    handler_.SaveRest();
+    WaitUntilSaved();
+    process_.Bound.NoteHandedOver();
+}
+
+// A thread that saves may be sending a message to this one.
+void Program::WaitUntilSaved() {
+    while ((*handler_.Busy() || *saver_.Busy()) && GetTickCount() - endBegan_ < kSavingMs) {
+        MsgWaitForMultipleObjects(0, nullptr, FALSE, kAskEveryMs, QS_SENDMESSAGE);
+        MSG ignored;
+        PeekMessageW(&ignored, nullptr, 0, 0, PM_NOREMOVE | PM_QS_SENDMESSAGE);
+    }
+}
+
 void Program::Stop() {
+    process_.Bound.NoteHandedOver();
     process_.Stop.Set();
     flow_.Stop();
     service_.StopService();

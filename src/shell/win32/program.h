@@ -55,6 +55,7 @@
 #include "shell/tray_display.h"
 #include "shell/tray_requests.h"
 #include "shell/tray_view.h"
+#include "shell/win32/forced_end.h"
 
 namespace vbr {
 
@@ -75,6 +76,7 @@ struct ProcessContext {
     const CVBRCmdLine& CmdLine;
     MessageList& Messages;
     NamedEvent& Stop;                      // set when the program ends
+    ForcedEnd& Bound;                      // of the time that the end takes
     NamedEventThread& Events;              // not yet started
     std::optional<RouteKind> ForcedRoute;  // for tests
 };
@@ -119,6 +121,11 @@ class Program {
     // When the window is made, and before it is gone.
     void Start();
     void Stop();
+    // The end was asked for: nothing begins any more, and what is unsaved is on the disk when this
+    // returns, or after three seconds on the way there.
+    void BeginEnd();
+    // Waits for the rest of these three seconds.
+    void WaitUntilSaved();
     // Some seconds after the start, when the events that few wait for are made.
     void WatchLateEvents();
 
@@ -143,6 +150,7 @@ class Program {
     HWND window_;
     UINT queryMessage_;
     bool elevated_;
+    DWORD endBegan_ = 0;  // ticks
 
     // The desktop.
     WinSystemInfo system_;

@@ -43,7 +43,7 @@ bool TrayIcon::Update(HWND window, TrayIconMode mode, const TrayIconContent& con
     CopyText(data_.szTip, content.Tip);
     if (mode != TrayIconMode::Modify) {
         data_.uFlags |= NIF_INFO;
-        data_.dwInfoFlags = content.Warning ? NIIF_WARNING : NIIF_USER;
+        data_.dwInfoFlags = (content.Warning ? NIIF_WARNING : NIIF_USER) | NIIF_NOSOUND;
         CopyText(data_.szInfo, content.Info);
         CopyText(data_.szInfoTitle, content.InfoTitle);
     }
@@ -63,11 +63,10 @@ void TrayIcon::Delete(HWND window) {
     Notify(NIM_DELETE, data);
 }
 
-bool TrayIcon::ShowBalloon(HWND window, std::u16string_view text, bool silent,
-                           std::uint32_t timeoutMs) {
+bool TrayIcon::ShowBalloon(HWND window, std::u16string_view text, std::uint32_t timeoutMs) {
     NOTIFYICONDATAW data = DataFor(window);
     CopyText(data.szInfo, text);
-    data.dwInfoFlags = NIIF_INFO | (silent ? DWORD{NIIF_NOSOUND} : 0);
+    data.dwInfoFlags = NIIF_INFO | NIIF_NOSOUND;
     data.uFlags = NIF_TIP | NIF_INFO;
     data.uTimeout = timeoutMs;
     // The tip goes along with the balloon's flags: it must not become empty.

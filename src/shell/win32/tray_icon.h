@@ -22,7 +22,7 @@ class TrayIcon {
 
     // Shows a balloon with the text, or takes it away for an empty one. False when the shell
     // refuses.
-    bool ShowBalloon(HWND window, std::u16string_view text, bool silent, std::uint32_t timeoutMs);
+    bool ShowBalloon(HWND window, std::u16string_view text, std::uint32_t timeoutMs);
 
     // Another image in the icon's place, or the usual one again.
     void ShowBlinkImage(HWND window, bool second);

@@ -5,6 +5,7 @@
 #include "platform/object_names.h"
 #include "platform/win32/auto_foreground_window.h"
 #include "platform/win32/menu_handle.h"
+#include "platform/win32/modal_loops.h"
 #include "platform/win32/wide.h"
 #include "platform/win32/window_icons.h"
 #include "resources/resource_ids.h"
@@ -66,6 +67,7 @@ std::optional<LRESULT> CVBRTrayWnd::OnMessage(UINT message, WPARAM wParam, LPARA
         {WM_CREATE, &CVBRTrayWnd::OnCreate},
         {WM_DESTROY, &CVBRTrayWnd::OnDestroy},
         {WM_TIMER, &CVBRTrayWnd::OnTimer},
+        {WM_CLOSE, &CVBRTrayWnd::OnClose},
         {WM_ENDSESSION, &CVBRTrayWnd::OnEndSession},
         {WM_WTSSESSION_CHANGE, &CVBRTrayWnd::OnSessionChange},
         {WM_HOTKEY, &CVBRTrayWnd::OnHotKey},
@@ -132,7 +134,10 @@ LRESULT CVBRTrayWnd::OnDestroy(WPARAM, LPARAM) {
 
 LRESULT CVBRTrayWnd::OnTimer(WPARAM id, LPARAM) {
     KillTimer(Handle(), id);
-    if (id == kTimerLateWatchers) {
+    if (id == kTimerEnd) {
+        EndModalLoops();
+        StartTimer(kTimerEnd, kEndMs);
+    } else if (id == kTimerLateWatchers) {
         program_->WatchLateEvents();
     } else {
         program_->Requests().OnTimer(id);
@@ -142,6 +147,17 @@ LRESULT CVBRTrayWnd::OnTimer(WPARAM id, LPARAM) {
 
 LRESULT CVBRTrayWnd::OnEndSession(WPARAM wParam, LPARAM lParam) {
     process_.Log.Write(Concat(u"WM_ENDSESSION wParam=", wParam, u" lParam=", lParam));
+    if (wParam) {
+        // The process may be gone as soon as this returns.
+        Close();
+        // When the message came while that was at it.
+        program_->WaitUntilSaved();
+    }
+    return 0;
+}
+
+LRESULT CVBRTrayWnd::OnClose(WPARAM, LPARAM) {
+    Close();
     return 0;
 }
 
@@ -153,7 +169,7 @@ LRESULT CVBRTrayWnd::OnSessionChange(WPARAM reason, LPARAM sessionId) {
 
 LRESULT CVBRTrayWnd::OnHotKey(WPARAM id, LPARAM) {
     if (id == kHotkeyId) {
-        program_->Flow().OnHotKey();
+        program_->Requests().OnHotKey(static_cast<std::uint32_t>(GetMessageTime()));
     }
     return 0;
 }
@@ -280,8 +296,8 @@ bool CVBRTrayWnd::ChangeIcon(TrayIconMode mode, const TrayIconContent& content) 
     return icon_.Update(Handle(), mode, content);
 }
 
-bool CVBRTrayWnd::ShowBalloon(std::u16string_view text, bool silent, std::uint32_t milliseconds) {
-    return icon_.ShowBalloon(Handle(), text, silent, milliseconds);
+bool CVBRTrayWnd::ShowBalloon(std::u16string_view text, std::uint32_t milliseconds) {
+    return icon_.ShowBalloon(Handle(), text, milliseconds);
 }
 
 bool CVBRTrayWnd::StartTimer(std::uintptr_t id, std::uint32_t milliseconds) {
@@ -289,6 +305,9 @@ bool CVBRTrayWnd::StartTimer(std::uintptr_t id, std::uint32_t milliseconds) {
 }
 
 void CVBRTrayWnd::ShowTrayMenu() {
+    if (isEnding_) {
+        return;
+    }
     POINT point{};
     GetCursorPos(&point);
     const UniqueMenu menu = MakePopupMenu(
@@ -301,6 +320,17 @@ void CVBRTrayWnd::ShowTrayMenu() {
     if (command != 0) {
         program_->Commands().Run(command);
     }
+}
+
+// The message loop destroys the window when all loops above it have come back.
+void CVBRTrayWnd::Close() {
+    if (isEnding_) {
+        return;
+    }
+    isEnding_ = true;
+    program_->BeginEnd();
+    EndModalLoops();
+    StartTimer(kTimerEnd, kEndMs);
 }
 
 void CVBRTrayWnd::PostCommand(int command) {

@@ -22,6 +22,9 @@ class CVBRTrayWnd : public WindowBase, private TrayView {
 
     bool Create();
 
+    // The end was asked for. The window is still there: a menu or a dialog may be open above it.
+    bool IsEnding() const { return isEnding_; }
+
   protected:
     std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
 
@@ -30,6 +33,7 @@ class CVBRTrayWnd : public WindowBase, private TrayView {
     LRESULT OnCreate(WPARAM, LPARAM);
     LRESULT OnDestroy(WPARAM, LPARAM);
     LRESULT OnTimer(WPARAM id, LPARAM);
+    LRESULT OnClose(WPARAM, LPARAM);
     LRESULT OnEndSession(WPARAM wParam, LPARAM lParam);
     LRESULT OnSessionChange(WPARAM reason, LPARAM sessionId);
     LRESULT OnHotKey(WPARAM id, LPARAM);
@@ -58,12 +62,12 @@ class CVBRTrayWnd : public WindowBase, private TrayView {
     bool ChangeIcon(TrayIconMode mode, const TrayIconContent& content) override;
     void DeleteIcon() override { icon_.Delete(Handle()); }
     void ShowBlinkImage(bool second) override { icon_.ShowBlinkImage(Handle(), second); }
-    bool ShowBalloon(std::u16string_view text, bool silent, std::uint32_t milliseconds) override;
+    bool ShowBalloon(std::u16string_view text, std::uint32_t milliseconds) override;
     bool StartTimer(std::uintptr_t id, std::uint32_t milliseconds) override;
     void ShowError(std::u16string_view text) override;
     void ShowTrayMenu() override;
     void PostCommand(int command) override;
-    void Close() override { DestroyWindow(Handle()); }
+    void Close() override;
 
     ProcessContext process_;
     UINT instanceSignal_;
@@ -71,6 +75,7 @@ class CVBRTrayWnd : public WindowBase, private TrayView {
     UINT addMessage_;
     UINT mouseEvent_;
     TrayIcon icon_;
+    bool isEnding_ = false;
     std::unique_ptr<Program> program_;  // made with the window
 };
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <atomic>
+
 #include "desktop/driver/waiting.h"
 #include "platform/win32/handle.h"
 #include "windows/target_thread.h"
@@ -22,6 +24,11 @@ class HangingTarget {
     HangingTarget& operator=(const HangingTarget&) = delete;
 
     void Hang() { PostMessageW(target_.Window(), WM_USER, 0, 0); }
+    // Copies, and hangs when it is asked for what it has copied.
+    void CopyAndHang() { SendMessageW(target_.Window(), WM_USER + 1, 0, 0); }
+    bool WaitUntilHanging() {
+        return WaitUntil([] { return IsHanging().load(); });
+    }
     // Returns when the thread is through with what has come meanwhile.
     void GoOn() {
         SetEvent(EventOf().get());
@@ -33,9 +40,21 @@ class HangingTarget {
         static UniqueHandle event;
         return event;
     }
+    static std::atomic<bool>& IsHanging() {
+        static std::atomic<bool> isHanging = false;
+        return isHanging;
+    }
     static LRESULT CALLBACK Hear(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-        if (message == WM_USER) {
+        if (message == WM_USER + 1) {
+            WaitUntil([window] { return OpenClipboard(window) != 0; });
+            EmptyClipboard();
+            SetClipboardData(CF_UNICODETEXT, nullptr);
+            CloseClipboard();
+        }
+        if (message == WM_USER || message == WM_RENDERFORMAT) {
+            IsHanging() = true;
             WaitForSingleObject(EventOf().get(), INFINITE);
+            IsHanging() = false;
         }
         return TargetThread::CallOriginal(window, message, wParam, lParam);
     }
