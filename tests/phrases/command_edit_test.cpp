@@ -17,9 +17,9 @@ VBRCommand Parsed(const std::string& xml) {
     return record;
 }
 
-std::string Used(std::string xml, std::int64_t uses = 1) {
+std::string Used(std::string xml) {
     VBRCommand record;
-    EXPECT_EQ(EditUsage(xml, uses, kNow, record), CommandReadResult::Ok) << xml;
+    EXPECT_EQ(EditUsage(xml, 1, kNow, record), CommandReadResult::Ok) << xml;
     return xml;
 }
 
@@ -52,14 +52,6 @@ TEST(CommandEdit, AUseChangesCountAndDateAndNoOtherByte) {
     for (const auto& [before, after] : cases) {
         EXPECT_EQ(Used(before + rest), after + rest);
     }
-}
-
-TEST(CommandEdit, SeveralUsesCountFromWhatTheFileSays) {
-    VBRCommand now;
-    std::string xml = "<VBRCommand UsageCount=\"5\"><MenuName>n</MenuName></VBRCommand>";
-    EditUsage(xml, 3, kNow, now);
-    EXPECT_EQ(now.UsageCount, 8);
-    EXPECT_EQ(FieldsOf(Parsed(xml)), FieldsOf(now));
 }
 
 TEST(CommandEdit, ASaveKeepsWhatTheReaderDoesNotKnow) {
