@@ -58,7 +58,7 @@ TEST(CommandEdit, ASaveKeepsWhatTheReaderDoesNotKnow) {
     const std::string before =
         "<!-- mine -->\n<VBRCommand Color=\"red\" Excluded=\"1\" UsageCount=\"7\""
         " DisabledIsNoHasSelection=\"0\" UseTitleOnly=\"0\" SortID=\"0\" FlagsMenu=\"0\">\n"
-        "\t<Cmd lang=\"en\">old<!-- why --></Cmd>\n\t<?note?>text\n"
+        "\t<Cmd lang=\"en\"> <![CDATA[old]]><!-- why --></Cmd>\n\t<?note?>text\n"
         "\t<DataType>MARKDOWN</DataType><MenuName>n</MenuName><Icon>i</Icon>\n</VBRCommand>\n";
     const std::string after =
         "<!-- mine -->\n<VBRCommand Color=\"red\" UsageCount=\"7\""

@@ -170,6 +170,8 @@ TEST(CommandFile, AReferenceThatIsNoneStaysAsItWasWritten) {
         EXPECT_EQ(record.Cmd, expected) << text;
         EXPECT_EQ(Parsed(CommandToXml(record)).Cmd, expected) << text;
     }
+    // What looks like a comment's start in an attribute hides none.
+    EXPECT_EQ(Parsed(Document("a='<!--'", "<MenuName>R&D</MenuName>")).Text, u"R&D");
 }
 
 TEST(CommandFile, TheFirstOfTwoCounts) {
