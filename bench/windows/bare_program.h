@@ -32,6 +32,17 @@ class BareProgram {
     }
 
     DWORD Id() const { return process_.Id(); }
+    HWND Window() const {
+        for (HWND window = nullptr;
+             (window = FindWindowExW(nullptr, window, L"Vellumbridge_Bare", nullptr)) != nullptr;) {
+            DWORD owner = 0;
+            GetWindowThreadProcessId(window, &owner);
+            if (owner == Id()) {
+                return window;
+            }
+        }
+        return nullptr;
+    }
     // A word of its command line that no other program has.
     const std::wstring& Mark() const { return event_; }
 
@@ -55,17 +66,6 @@ class BareProgram {
     }
     bool IsReady() const {
         return UniqueHandle(OpenEventW(SYNCHRONIZE, FALSE, event_.c_str())) && Answers(Window());
-    }
-    HWND Window() const {
-        for (HWND window = nullptr;
-             (window = FindWindowExW(nullptr, window, L"Vellumbridge_Bare", nullptr)) != nullptr;) {
-            DWORD owner = 0;
-            GetWindowThreadProcessId(window, &owner);
-            if (owner == Id()) {
-                return window;
-            }
-        }
-        return nullptr;
     }
 
     std::wstring event_;
