@@ -93,7 +93,7 @@ fetch_32_bit() {
     # One list that can't be had leaves the other.
     apt-get "${options[@]}" update || true
     versions=$(apt-cache "${options[@]}" madison libwine:i386 | awk '{ print $3 }' |
-        grep "^$upstream[-~+]")
+        grep "^${upstream}[-~+]")
     if [[ -z $versions ]]; then
         echo "E: no libwine:i386 of version $upstream in $suite or sid"
         return 1
