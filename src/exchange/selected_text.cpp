@@ -18,6 +18,8 @@ constexpr std::uint32_t kStepMs = 2;
 }  // namespace
 
 Selection SelectedTextReader::ExtractSelectedText(WindowHandle target) {
+    const std::lock_guard lock(mutex_);
+    late_.reset();
     const bool isEdit = IsEditClass(with_.Windows.ClassName(target));
     if (isEdit && with_.Windows.HasSelection(target) == false) {
         return {.State = kSelTextNone};
@@ -27,13 +29,25 @@ Selection SelectedTextReader::ExtractSelectedText(WindowHandle target) {
     }
     with_.OwnCopy.AsynBlockClipboardHandler();
     std::u16string text;
+    const std::uint32_t before = with_.Clipboard.SequenceNumber();
     if (LetCopy(target, isEdit, !IsTerminal(target))) {
         text = TakeCopy();
     } else {
-        with_.Snapshot.ClearRestore();
+        late_ = LateCopy{before, with_.Windows.ThreadOf(target).Process};
     }
     return text.empty() ? Selection()
                         : Selection{.State = kSelTextExtracted, .Text = std::move(text)};
+}
+
+void SelectedTextReader::TakeBackLateCopy() {
+    const std::lock_guard lock(mutex_);
+    const std::uint32_t now = with_.Clipboard.SequenceNumber();
+    // Nobody copies in the target by hand while the menu is open.
+    if (late_ && now != late_->Before && with_.Clipboard.OwnerProcess() == late_->Process) {
+        with_.Snapshot.NoteOwnContent(now);
+    }
+    late_.reset();
+    with_.Snapshot.RestoreClipboardSnapshot();
 }
 
 bool SelectedTextReader::IsTerminal(WindowHandle target) const {
@@ -59,7 +73,7 @@ bool SelectedTextReader::CopyByMessage(WindowHandle target, std::uint32_t before
 
 bool SelectedTextReader::CopyByKeys(WindowHandle target, std::uint32_t before) {
     const auto hasCopied = [&] { return with_.Clipboard.SequenceNumber() != before; };
-    with_.Keys.Use(target, [&](TargetKeys& keys) {
+    with_.Keys.Use(target, kReleaseMs, [&](TargetKeys& keys) {
         if (!AwaitRelease(kReleaseMs, with_.HotkeyVk(), with_.Input, with_.Clock, with_.Log)) {
             return InputState::NotTaken;
         }
@@ -88,20 +102,23 @@ bool SelectedTextReader::WaitForChange(std::uint32_t before, std::uint32_t patie
 // come in between.
 std::u16string SelectedTextReader::TakeCopy() {
     const std::uint32_t start = with_.Clock.TickCount();
+    const std::uint32_t copied = with_.Clipboard.SequenceNumber();
     while (true) {
-        const auto session = with_.Clipboard.Open(kClipboardPatienceMs);
-        if (!session) {
-            with_.Log.LogError(u"The copied selection can't be read: the clipboard is in use");
-            with_.Snapshot.NoteOwnContent();
-            return {};
-        }
-        // Some programs empty the clipboard and fill it at a second try.
-        const bool isEmpty = session->Formats().empty();
-        if (!isEmpty || with_.Clock.TickCount() - start >= kGraceMs) {
-            std::u16string text =
-                IsCopyWithoutSelection(*session) ? u"" : ReadAnyText(*session, with_.Ansi);
-            with_.Snapshot.PutBack(*session);
-            return text;
+        {
+            const auto session = with_.Clipboard.Open(kClipboardPatienceMs);
+            if (!session) {
+                with_.Log.LogError(u"The copied selection can't be read: the clipboard is in use");
+                with_.Snapshot.NoteOwnContent(copied);
+                return {};
+            }
+            // Some programs empty the clipboard and fill it at a second try.
+            const bool isEmpty = session->Formats().empty();
+            if (!isEmpty || with_.Clock.TickCount() - start >= kGraceMs) {
+                std::u16string text =
+                    IsCopyWithoutSelection(*session) ? u"" : ReadAnyText(*session, with_.Ansi);
+                with_.Snapshot.PutBack(*session);
+                return text;
+            }
         }
         with_.Clock.Sleep(kStepMs);
     }

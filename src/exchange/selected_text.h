@@ -3,6 +3,8 @@
 
 #include <cstdint>
 #include <functional>
+#include <mutex>
+#include <optional>
 #include <string>
 
 #include "exchange/query.h"
@@ -24,7 +26,7 @@ struct Selection {
 };
 
 // Gets the selected text of a window of another program by making it copy. The clipboard gets its
-// content back at once. One thread at a time.
+// content back at once. Any thread may call.
 class SelectedTextReader {
   public:
     // The most that a copy is waited for.
@@ -50,6 +52,9 @@ class SelectedTextReader {
     // no keys; terminals get the message alone. The copy stays out of the history.
     Selection ExtractSelectedText(WindowHandle target);
 
+    // Puts back what a copy that came too late, or that another program kept in use, has replaced.
+    void TakeBackLateCopy();
+
   private:
     bool IsTerminal(WindowHandle target) const;
     bool LetCopy(WindowHandle target, bool answersMessages, bool takesKeys);
@@ -58,7 +63,15 @@ class SelectedTextReader {
     bool WaitForChange(std::uint32_t before, std::uint32_t patienceMs);
     std::u16string TakeCopy();
 
+    // A copy that was asked for and had not come.
+    struct LateCopy {
+        std::uint32_t Before;   // the clipboard's sequence number
+        std::uint32_t Process;  // of the target
+    };
+
     Collaborators with_;
+    std::mutex mutex_;  // a late answer may come while the main thread asks
+    std::optional<LateCopy> late_;
 };
 
 }  // namespace vbr

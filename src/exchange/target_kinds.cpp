@@ -9,7 +9,7 @@
 namespace vbr {
 namespace {
 
-constexpr std::u16string_view kEditClasses[] = {u"Edit", u"TEdit", u"TMemo", u"TRichEdit"};
+constexpr std::u16string_view kEditClasses[] = {u"Edit", u"TEdit", u"TMemo"};
 // Frameworks put their own name before or behind.
 constexpr std::u16string_view kEditParts[] = {u"RichEdit", u".EDIT."};
 

@@ -148,7 +148,9 @@ std::optional<UndeliveredText> ActionRunner::RunActions(const CVBRActionContext&
         }
     }
     if (stepsBack.value_or(0) > 0 && !lost) {
-        with_.Delivery.MoveCursorBack(window, *stepsBack);
+        if (with_.Delivery.MoveCursorBack(window, *stepsBack)) {
+            with_.Log.LogError(u"The cursor was not brought back to its mark");
+        }
     }
     with_.Delivery.EndPastes();
     return lost;

@@ -52,7 +52,7 @@ bool LayoutSwitcher::IsInstalled(Lcid language) const {
 }
 
 void LayoutSwitcher::SwitchKeyboardLayout(Lcid language, WindowHandle window) {
-    with_.Keys.Use(window, [&](TargetKeys& keys) {
+    with_.Keys.Use(window, kSwitchMs, [&](TargetKeys& keys) {
         const InputState state = keys.AwaitReady();
         if (state != InputState::Read && state != InputState::Sent) {
             return state;

@@ -17,6 +17,8 @@ namespace {
 constexpr std::int32_t kMethodPaste = 1;
 constexpr std::int32_t kMethodByLength = 2;
 
+// A target that is busy for longer counts as hung.
+constexpr std::uint32_t kHungMs = 3000;
 constexpr std::uint32_t kReleaseMs = 300;
 // A slow target gets the time that it needs for a piece.
 constexpr std::uint32_t kPieceMs = 10'000;
@@ -45,11 +47,12 @@ TextDelivery::Result TextDelivery::PrintText(WindowHandle window, std::u16string
     if (text.empty()) {
         return std::nullopt;
     }
-    return SendPieces(window, [&] {
+    const InputState state = SendPieces(window, [&] {
         const std::u16string_view piece = NextPiece(text);
         text.remove_prefix(piece.size());
         return PrintEvents(piece, with_.Input);
     });
+    return ResultOf(state, window);
 }
 
 TextDelivery::Result TextDelivery::PasteText(WindowHandle window, std::u16string_view text) {
@@ -64,37 +67,52 @@ TextDelivery::Result TextDelivery::PasteRich(WindowHandle window, std::u16string
 TextDelivery::Result TextDelivery::Paste(WindowHandle window, bool plain, std::u16string_view text,
                                          Lcid language) {
     with_.Log.Write(Concat(u"DoPaste: ", text));
-    if (with_.Settings().RestoresClipboard && !borrows_) {
-        borrows_ = with_.Snapshot.Take();
+    // Else the clipboard would lose its content for nothing.
+    if (const Result failure =
+            ResultOf(SendPieces(window, [] { return std::vector<KeyEvent>(); }), window)) {
+        return failure;
     }
-    if (!CopyToClipboard(plain, text, language)) {
+    Borrow();
+    const bool copied = CopyToClipboard(plain, text, language);
+    if (borrows_ == true) {
+        with_.Snapshot.NoteOwnContent();
+    }
+    if (!copied) {
         with_.Log.LogError(plain ? u"CVBRAction_TextCommon::MutiCopy_Impl::Cannot set to clipboard"
                                  : u"Cannot set data to clipboard as MULTI formats");
         return DeliveryFailure::ClipboardInUse;
     }
-    if (borrows_) {
-        with_.Snapshot.NoteOwnContent();
-    }
     std::vector<KeyEvent> keys = CtrlWith(kVkV, with_.Input);
-    const Result result = SendPieces(window, [&] { return std::exchange(keys, {}); });
-    if (!result) {
-        with_.Clock.Sleep(kAfterPasteMs);
+    const InputState state = SendPieces(window, [&] { return std::exchange(keys, {}); });
+    if (state == InputState::Sent && borrows_ == true) {
+        // It may fetch the text at any time: what is there stays.
+        with_.Snapshot.ClearRestore();
     }
-    return result;
+    with_.Clock.Sleep(kAfterPasteMs);
+    return ResultOf(state, window);
+}
+
+void TextDelivery::Borrow() {
+    if (!borrows_ && with_.Settings().RestoresClipboard) {
+        borrows_ = with_.Snapshot.Take();
+    }
 }
 
 TextDelivery::Result TextDelivery::MoveCursorBack(WindowHandle window, std::size_t steps) {
-    return SendPieces(window, [&] {
+    const InputState state = SendPieces(window, [&] {
         const std::size_t portion = std::min(steps, kPieceLength);
         steps -= portion;
         return CursorEvents(portion, with_.Input);
     });
+    return ResultOf(state, window);
 }
 
 void TextDelivery::EndPastes() {
-    if (std::exchange(borrows_, false)) {
+    if (std::exchange(borrows_, std::nullopt) == true) {
         with_.Clock.Sleep(kBeforeRestoreMs);
-        with_.Snapshot.RestoreClipboardSnapshot();
+        if (!with_.Snapshot.RestoreClipboardSnapshot()) {
+            with_.Snapshot.RestoreClipboardSnapshot();
+        }
     }
 }
 
@@ -108,9 +126,9 @@ bool TextDelivery::CopyToClipboard(bool plain, std::u16string_view text, Lcid la
                           with_.Clipboard);
 }
 
-TextDelivery::Result TextDelivery::SendPieces(
-    WindowHandle window, const std::function<std::vector<KeyEvent>()>& nextPiece) {
-    const InputState state = with_.Keys.Use(window, [&](TargetKeys& keys) {
+InputState TextDelivery::SendPieces(WindowHandle window,
+                                    const std::function<std::vector<KeyEvent>()>& nextPiece) {
+    return with_.Keys.Use(window, kHungMs, [&](TargetKeys& keys) {
         InputState reached = keys.AwaitReady();
         if (reached == InputState::Read || reached == InputState::Sent) {
             AwaitRelease(kReleaseMs, 0, with_.Input, with_.Clock, with_.Log);
@@ -124,7 +142,6 @@ TextDelivery::Result TextDelivery::SendPieces(
         }
         return reached;
     });
-    return ResultOf(state, window);
 }
 
 TextDelivery::Result TextDelivery::ResultOf(InputState state, WindowHandle window) const {

@@ -79,11 +79,14 @@ class TextDelivery {
   private:
     Result Paste(WindowHandle window, bool plain, std::u16string_view text, Lcid language);
     // Sends what the function gives, piece by piece until it gives nothing, when the target reads.
-    Result SendPieces(WindowHandle window, const std::function<std::vector<KeyEvent>()>& nextPiece);
+    InputState SendPieces(WindowHandle window,
+                          const std::function<std::vector<KeyEvent>()>& nextPiece);
+    void Borrow();
     Result ResultOf(InputState state, WindowHandle window) const;
 
     Collaborators with_;
-    bool borrows_ = false;  // the snapshot holds what was there before the first paste
+    // Whether the snapshot holds what was there before the first paste; nothing before that.
+    std::optional<bool> borrows_;
 };
 
 }  // namespace vbr

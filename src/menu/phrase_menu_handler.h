@@ -86,7 +86,6 @@ class IDataNeededHander_MenuSelf {
     // Whether any phrase may need the clipboard's text.
     bool AsksForClipboard() const;
     void SetClipboardAtHotkey(std::u16string text) { clipboardAtHotkey_ = std::move(text); }
-    const std::u16string& ClipboardAtHotkey() const { return clipboardAtHotkey_; }
     const std::u16string& SelectedText() const { return selectedText_; }
     LayoutHandle Hkl() const { return hkl_; }
     // What the query found, as a delivery of its choice needs it.

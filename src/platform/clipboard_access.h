@@ -52,6 +52,8 @@ class ClipboardAccess {
     virtual std::uint32_t RegisterFormat(std::u16string_view name) = 0;
     // Grows with every change of the content.
     virtual std::uint32_t SequenceNumber() const = 0;
+    // The process whose window owns the content; 0 when none does.
+    virtual std::uint32_t OwnerProcess() const = 0;
 };
 
 }  // namespace vbr

@@ -29,9 +29,10 @@ class CClipboardSnapshot {
     // Puts the content in the place of what the open clipboard holds, and lets go of it.
     void PutBack(ClipboardSession& session);
 
-    // What is on the clipboard now came there by this program: RestoreClipboardSnapshot replaces
-    // that and nothing newer.
-    void NoteOwnContent() { ownContent_ = clipboard_.SequenceNumber(); }
+    // What the clipboard holds with that sequence number came there by this program:
+    // RestoreClipboardSnapshot replaces that and nothing newer.
+    void NoteOwnContent(std::uint32_t sequenceNumber) { ownContent_ = sequenceNumber; }
+    void NoteOwnContent() { NoteOwnContent(clipboard_.SequenceNumber()); }
     // Puts the content back and lets go of it; lets go of it alone when something else is on the
     // clipboard. False when another program keeps it open; the next call tries again.
     bool RestoreClipboardSnapshot();

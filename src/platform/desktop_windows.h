@@ -30,8 +30,8 @@ class DesktopWindows {
     virtual std::u16string ClassName(WindowHandle window) const = 0;
     // The top window that it stands in; itself for a top window.
     virtual WindowHandle RootOf(WindowHandle window) const = 0;
-    // Whether anything is selected in an edit control; nothing when it doesn't say. A password's
-    // control has no selection.
+    // Whether anything is selected in an edit control; nothing when it can't tell. One that hangs
+    // and one for passwords have no selection.
     virtual std::optional<bool> HasSelection(WindowHandle edit) const = 0;
     virtual LayoutHandle KeyboardLayout(std::uint32_t thread) const = 0;
     // Those of the calling thread.

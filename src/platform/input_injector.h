@@ -23,10 +23,11 @@ inline constexpr std::uint16_t kVkLeftControl = 162;
 inline constexpr std::uint16_t kVkRightControl = 163;
 inline constexpr std::uint16_t kVkLeftMenu = 164;
 inline constexpr std::uint16_t kVkRightMenu = 165;
-inline constexpr std::uint16_t kVkOem3 = 192;         // left of the 1 on most keyboards
+inline constexpr std::uint16_t kVkOem3 = 192;  // left of the 1 on most keyboards
 // Of no key: programs make nothing of them.
 inline constexpr std::uint16_t kVkUnassigned = 0xE8;
 inline constexpr std::uint16_t kVkUnassigned2 = 0x97;
+inline constexpr std::uint16_t kVkUnassigned3 = 0x9F;
 
 inline constexpr std::uint32_t kKeyExtended = 1;
 inline constexpr std::uint32_t kKeyUp = 2;
@@ -53,8 +54,8 @@ class InputInjector {
 
     // Whether the key is held down at this moment.
     virtual bool IsKeyDown(std::uint16_t vk) const = 0;
-    // Whether the key is down for the calling thread, or one whose input it has joined, as the input
-    // that it has read says.
+    // Whether the key is down for the calling thread, or one whose input it has joined, as the
+    // input that it has read says.
     virtual bool IsDownAsRead(std::uint16_t vk) const = 0;
 
     virtual std::uint16_t ScanCode(std::uint16_t vk) const = 0;

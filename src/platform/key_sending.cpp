@@ -2,6 +2,7 @@
 #include "platform/key_sending.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "base/text.h"
 
@@ -9,6 +10,8 @@ namespace vbr {
 namespace {
 
 constexpr std::uint32_t kReleaseStepMs = 5;
+// While its modifiers are down, what a hot key repeats is the hot key again and does no harm.
+constexpr std::uint32_t kRepeatingMs = 1000;
 
 // The left one of a pair, then the right one.
 constexpr std::uint16_t kModifiers[] = {kVkLeftShift,    kVkRightShift, kVkLeftControl,
@@ -43,7 +46,7 @@ std::vector<KeyEvent> CtrlWith(std::uint16_t vk, const InputInjector& input) {
 }
 
 std::vector<KeyEvent> UnknownKeyPress() {
-    return {{.Vk = kVkUnassigned}, {.Vk = kVkUnassigned, .Flags = kKeyUp}};
+    return {{.Vk = kVkUnassigned3}, {.Vk = kVkUnassigned3, .Flags = kKeyUp}};
 }
 
 bool SendAll(std::span<const KeyEvent> events, InputInjector& input, Log& log) {
@@ -70,7 +73,7 @@ bool AwaitRelease(std::uint32_t patienceMs, std::uint16_t other, InputInjector& 
     const std::uint32_t start = clock.TickCount();
     std::vector<std::uint16_t> held = HeldModifiers(input);
     while (!held.empty() || isOtherDown()) {
-        if (clock.TickCount() - start >= patienceMs) {
+        if (clock.TickCount() - start >= (isOtherDown() ? kRepeatingMs : patienceMs)) {
             break;
         }
         clock.Sleep(kReleaseStepMs);

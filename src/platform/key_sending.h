@@ -17,7 +17,7 @@ KeyEvent KeyOf(std::uint16_t vk, std::uint32_t flags, const InputInjector& input
 // Ctrl with another key, pressed and let go.
 std::vector<KeyEvent> CtrlWith(std::uint16_t vk, const InputInjector& input);
 
-// One press of the key that no program knows.
+// One press of a key that no program knows and that marks nothing.
 std::vector<KeyEvent> UnknownKeyPress();
 
 // Sends all events; what the system left over goes in further calls. False, with a log line, as
@@ -25,8 +25,8 @@ std::vector<KeyEvent> UnknownKeyPress();
 bool SendAll(std::span<const KeyEvent> events, InputInjector& input, Log& log);
 
 // Waits until the user has let Shift, Ctrl, Alt, the Windows keys and that other key, if any, go,
-// which would make shortcuts of what follows. What is held longer is let go here, all but the other
-// key, without opening menus. False when that key is still down.
+// which would make shortcuts of what follows. Modifiers that are held longer are let go here,
+// without opening menus; the other key gets a second. False when it is still down.
 bool AwaitRelease(std::uint32_t patienceMs, std::uint16_t other, InputInjector& input, Clock& clock,
                   Log& log);
 

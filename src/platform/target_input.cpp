@@ -27,11 +27,11 @@ InputState TargetKeys::AwaitReady(std::uint32_t patienceMs) {
         with_.Clock.Sleep(kFrontStepMs);
     }
     const InputState state = Send({}, patienceMs, kUnjoinedReadyMs);
-    if (state != InputState::NotRead) {
+    if (state != InputState::NotRead || join_ == JoinState::Hung) {
         return state;
     }
     // It may read its keys in another thread than that of its window.
-    isJoined_ = false;
+    join_ = JoinState::Refused;
     return InputState::Sent;
 }
 
@@ -40,7 +40,10 @@ InputState TargetKeys::Send(std::span<const KeyEvent> events, std::uint32_t pati
     if (!with_.Windows.IsInFront(target_)) {
         return InputState::NotInFront;
     }
-    if (isJoined_) {
+    if (join_ == JoinState::Hung) {
+        return InputState::NotRead;
+    }
+    if (join_ == JoinState::Joined) {
         return SendMarked(events) ? AwaitMark(patienceMs, isEnough) : InputState::NotTaken;
     }
     if (!events.empty() && !SendAll(events, with_.Input, with_.Log)) {
@@ -103,11 +106,11 @@ void TargetKeys::LiftMark() {
     }
 }
 
-InputState TargetInput::Use(WindowHandle target,
+InputState TargetInput::Use(WindowHandle target, std::uint32_t patienceMs,
                             const std::function<InputState(TargetKeys&)>& work) {
     InputState result = InputState::NotTaken;
-    with_.Join.Run(target, [&](bool isJoined) {
-        TargetKeys keys(with_, target, isJoined);
+    with_.Join.Run(target, patienceMs, [&](JoinState join) {
+        TargetKeys keys(with_, target, join);
         result = work(keys);
         keys.LiftMark();
     });

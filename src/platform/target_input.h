@@ -37,10 +37,6 @@ class TargetKeys {
         vbr::Clock& Clock;
         vbr::Log& Log;
     };
-    // For TargetInput alone.
-    TargetKeys(const Desktop& with, WindowHandle target, bool isJoined)
-        : with_(with), target_(target), isJoined_(isJoined) {}
-
     // Waits until the target is in front and reads what is sent. A target that is in front and
     // does not read within the time counts as one that refuses to be joined.
     InputState AwaitReady(std::uint32_t patienceMs = kReadyMs);
@@ -51,9 +47,11 @@ class TargetKeys {
         std::span<const KeyEvent> events, std::uint32_t patienceMs, std::uint32_t unjoinedMs,
         const std::function<bool()>& isEnough = [] { return false; });
 
-    bool IsJoined() const { return isJoined_; }
-
   private:
+    friend class TargetInput;
+    TargetKeys(const Desktop& with, WindowHandle target, JoinState join)
+        : with_(with), target_(target), join_(join) {}
+
     // Two keys mark what was sent in turn: one goes down behind it, while the other goes up ahead.
     bool SendMarked(std::span<const KeyEvent> events);
     InputState AwaitMark(std::uint32_t patienceMs, const std::function<bool()>& isEnough);
@@ -61,10 +59,8 @@ class TargetKeys {
 
     const Desktop& with_;
     WindowHandle target_;
-    bool isJoined_;
+    JoinState join_;
     std::uint16_t mark_ = 0;  // the marking key that is down
-
-    friend class TargetInput;
 };
 
 // Knows when a target has read what was sent to it. Any thread may call.
@@ -74,8 +70,10 @@ class TargetInput {
 
     explicit TargetInput(const Collaborators& with) : with_(with) {}
 
-    // Runs the work with the target's input joined where it lets itself be; what the work gives.
-    InputState Use(WindowHandle target, const std::function<InputState(TargetKeys&)>& work);
+    // Runs the work with the target's input joined where it lets itself be; what the work gives. A
+    // target that answers nothing for that long gets no keys: NotRead.
+    InputState Use(WindowHandle target, std::uint32_t patienceMs,
+                   const std::function<InputState(TargetKeys&)>& work);
 
   private:
     Collaborators with_;

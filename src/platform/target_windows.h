@@ -12,8 +12,8 @@ class TargetWindows {
 
     virtual bool IsWindow(WindowHandle window) const = 0;
     virtual bool IsOwnProcess(WindowHandle window) const = 0;
-    // Whether the window in front is this one, the one that it stands in, or another one of its
-    // program.
+    // Whether the window in front is the one that it stands in, or one that belongs to the same
+    // window, as a dialog does.
     virtual bool IsInFront(WindowHandle window) const = 0;
     // Whether its program runs at a higher integrity level than this one: the system then keeps
     // typed keys from it.

@@ -110,8 +110,7 @@ void QueryFlow::CarryOut(const MenuChoice& choice, WindowHandle target) {
     const MyCopyScope ownCopy(with_.OwnCopy);
     // Changes are told some time after they are made.
     with_.OwnCopy.AsynBlockClipboardHandler();
-    // What another program kept from going back at once.
-    with_.Snapshot.RestoreClipboardSnapshot();
+    with_.Selection.TakeBackLateCopy();
     if (const auto* result = std::get_if<std::int32_t>(&choice)) {
         RunExtraCommand(*result);
         return;

@@ -10,6 +10,7 @@
 
 #include "exchange/hook_service.h"
 #include "exchange/input_desktop.h"
+#include "exchange/selected_text.h"
 #include "exchange/wait_query.h"
 #include "macros/command_delivery.h"
 #include "menu/phrase_menu_handler.h"
@@ -41,6 +42,7 @@ class QueryFlow {
         vbr::Desktops& Desktops;
         DesktopWindows& Windows;
         ClipboardAccess& Clipboard;
+        SelectedTextReader& Selection;
         CClipboardSnapshot& Snapshot;  // of the selection's reader
         MyCopyGuard& OwnCopy;
         HotkeyService& Hotkey;

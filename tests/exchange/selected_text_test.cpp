@@ -59,7 +59,7 @@ TEST_F(SelectedTextTest, ATargetWithoutASelectionCostsAMomentAndNoClipboard) {
     EXPECT_LE(took_, 200U);
     EXPECT_EQ(Clipboard.Sequence, sequence);
     // The most, where nobody can see when it has read the keys.
-    Join.Joins = false;
+    Join.State = JoinState::Refused;
     Extract();
     EXPECT_LE(took_, 450U);
     EXPECT_GE(took_, 400U);
@@ -130,7 +130,19 @@ TEST_F(SelectedTextTest, KeysHeldFromTheHotKeyDoNotReachTheTargetWithTheCopy) {
         }
     };
     EXPECT_EQ(Extract(), u"again");
-    // The key itself begins to repeat: without its modifiers it would overwrite the selection.
+    // The key's repetition is the hot key again as long as its modifiers are down with it.
+    Input.Held = {kVkLeftControl, kVkReturn};
+    const std::uint32_t lifted = Macros.Clock.Tick + 500;
+    Macros.Clock.WhileAsleep = [this, lifted] {
+        if (Macros.Clock.Tick >= lifted) {
+            Input.Held.erase(kVkReturn);
+        } else {
+            EXPECT_TRUE(Input.Held.contains(kVkLeftControl));
+        }
+    };
+    EXPECT_EQ(Extract(), u"again");
+    // Without them it would overwrite the selection.
+    Macros.Clock.WhileAsleep = [] {};
     Input.Held = {kVkLeftControl, kVkReturn};
     Input.Sent.clear();
     EXPECT_EQ(Extract(), u"");
@@ -186,7 +198,30 @@ TEST_F(SelectedTextTest, WhatANeighbourKeepsFromGoingBackWaits) {
     EXPECT_EQ(Extract(), u"");
     EXPECT_EQ(Kept(), u"selected");
     EXPECT_EQ(Snapshot.Text(), u"mine");
-    Snapshot.RestoreClipboardSnapshot();
+    Reader.TakeBackLateCopy();
+    EXPECT_EQ(Kept(), u"mine");
+}
+
+TEST_F(SelectedTextTest, ACopyThatComesTooLateIsTakenBackFromItsTargetAlone) {
+    for (const std::uint32_t owner : {52U, 99U}) {
+        Clipboard.Copy({FakeClipboardAccess::Text(u"mine")});
+        EXPECT_EQ(Extract(), u"");
+        Clipboard.Copy({FakeClipboardAccess::Text(u"late")});
+        Clipboard.Owner = owner;
+        Reader.TakeBackLateCopy();
+        EXPECT_EQ(Kept(), owner == 52U ? u"mine" : u"late");
+    }
+}
+
+TEST_F(SelectedTextTest, ATargetThatFillsTheClipboardAtASecondTryFindsItClosed) {
+    LetTargetCopy(std::vector<ClipboardBlock>());
+    Macros.Clock.WhileAsleep = [this] {
+        if (Clipboard.Blocks.empty()) {
+            EXPECT_FALSE(Clipboard.IsOpen());
+            Clipboard.Copy({FakeClipboardAccess::Text(u"filled")});
+        }
+    };
+    EXPECT_EQ(Extract(), u"filled");
     EXPECT_EQ(Kept(), u"mine");
 }
 

@@ -29,6 +29,7 @@ class FakeClipboardAccess : public ClipboardAccess {
     std::function<void()> OnOpen = [] {};  // once
     int FailingOpens = 0;                  // that many, or kAlways
     int ReadsUntilOwnerHangs = kNever;     // an Empty, here or elsewhere, ends that owner
+    std::uint32_t Owner = 0;               // OwnerProcess
     std::uint32_t Sequence = 1;            // SequenceNumber; grows by each Empty and Write
     std::map<std::u16string, std::uint32_t> Registered;
 
@@ -81,6 +82,7 @@ class FakeClipboardAccess : public ClipboardAccess {
         return Registered.try_emplace(std::u16string(name), next).first->second;
     }
     std::uint32_t SequenceNumber() const override { return Sequence; }
+    std::uint32_t OwnerProcess() const override { return Owner; }
 
   private:
     class Session : public ClipboardSession {

@@ -63,7 +63,8 @@ class RecordingInput : public InputInjector {
         std::vector<KeyEvent> keys;
         for (const std::vector<KeyEvent>& events : Sent) {
             std::ranges::copy_if(events, std::back_inserter(keys), [](const KeyEvent& event) {
-                return event.Vk != kVkUnassigned && event.Vk != kVkUnassigned2;
+                return event.Vk != kVkUnassigned && event.Vk != kVkUnassigned2 &&
+                       event.Vk != kVkUnassigned3;
             });
         }
         return keys;
@@ -84,9 +85,11 @@ class RecordingInput : public InputInjector {
 // Runs the work at once, joined or not.
 class FakeInputJoin : public InputJoin {
   public:
-    bool Joins = true;
+    JoinState State = JoinState::Joined;
 
-    void Run(WindowHandle, const std::function<void(bool isJoined)>& work) override { work(Joins); }
+    void Run(WindowHandle, std::uint32_t, const std::function<void(JoinState)>& work) override {
+        work(State);
+    }
 };
 
 }  // namespace vbr

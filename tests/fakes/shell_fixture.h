@@ -170,6 +170,7 @@ struct ShellFixture : MenuFixture {
                     .Desktops = Desktops,
                     .Windows = Windows,
                     .Clipboard = Clipboard,
+                    .Selection = Reader,
                     .Snapshot = Snapshot,
                     .OwnCopy = OwnCopy,
                     .Hotkey = Hotkey,

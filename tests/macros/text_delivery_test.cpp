@@ -100,11 +100,17 @@ TEST_F(TextDeliveryTest, NothingIsTypedAnyMoreOnceTheTargetIsLost) {
         Input.MostPerCall = 1000;
         Input.MsPerEvent = 0;
     }
-    // Before the first key.
+    // Before the first key, which a paste's clipboard must not precede.
     Input.Sent.clear();
     Targets.Behind = {kTarget};
     EXPECT_EQ(Text.PrintText(kTarget, text), DeliveryFailure::NotInFront);
+    EXPECT_EQ(Text.PasteText(kTarget, text), DeliveryFailure::NotInFront);
+    Targets.Behind = {};
+    Join.State = JoinState::Hung;
+    EXPECT_EQ(Text.PrintText(kTarget, text), DeliveryFailure::NotRead);
+    EXPECT_EQ(Text.PasteText(kTarget, text), DeliveryFailure::NotRead);
     EXPECT_THAT(Input.Sent, IsEmpty());
+    EXPECT_THAT(Clipboard.Blocks, IsEmpty());
 }
 
 TEST_F(TextDeliveryTest, KeysThatBringAnotherProgramToTheFrontHaveArrived) {
@@ -114,13 +120,13 @@ TEST_F(TextDeliveryTest, KeysThatBringAnotherProgramToTheFrontHaveArrived) {
 
 TEST_F(TextDeliveryTest, ATargetWhoseReadingCannotBeSeenGetsAllOfItByTime) {
     const std::u16string text(100, u'x');
-    Join.Joins = false;
+    Join.State = JoinState::Refused;
     EXPECT_EQ(Text.PrintText(kTarget, text), std::nullopt);
     EXPECT_EQ(Typed(), text);
     EXPECT_EQ(Input.Keys().size(), 2 * text.size());
     // One that reads its keys in another thread than that of its window.
     Input.Sent.clear();
-    Join.Joins = true;
+    Join.State = JoinState::Joined;
     Input.MsPerEvent = 1'000'000;
     EXPECT_EQ(Text.PrintText(kTarget, text), std::nullopt);
     EXPECT_EQ(Typed(), text);
@@ -140,8 +146,8 @@ TEST_F(TextDeliveryTest, KeysThatTheUserHoldsAreWaitedForAndThenLetGoWithoutOpen
     Input.Held = {kVkLeftMenu, kVkRightControl};
     EXPECT_EQ(Text.PrintText(kTarget, u"b"), std::nullopt);
     // Of a key alone that goes up, Windows would make a menu.
-    const Events letGo = {{kVkUnassigned},
-                          {kVkUnassigned, 0, 2},
+    const Events letGo = {{kVkUnassigned3},
+                          {kVkUnassigned3, 0, 2},
                           {kVkRightControl, kVkRightControl + 100, 3},
                           {kVkLeftMenu, kVkLeftMenu + 100, 2}};
     EXPECT_EQ(Input.Sent.at(1), letGo);
@@ -176,6 +182,19 @@ TEST_F(TextDeliveryTest, TheClipboardComesBackAfterPastesWhenTheUserWantsThat) {
         Text.EndPastes();
         EXPECT_EQ(Clipboard.Blocks[0].Bytes == mine.Bytes, restores);
     }
+    // Where nobody can tell when the text is fetched, it stays for that.
+    Join.State = JoinState::Refused;
+    Clipboard.Copy({mine});
+    Text.PasteText(kTarget, u"one");
+    Text.EndPastes();
+    EXPECT_NE(Clipboard.Blocks[0].Bytes, mine.Bytes);
+    Join.State = JoinState::Joined;
+    // What couldn't be put aside at first is not the program's own text later.
+    Clipboard.Copy({Clipboard.Named(u"FileContents", "")});
+    Text.PasteText(kTarget, u"one");
+    Text.PasteText(kTarget, u"two");
+    Text.EndPastes();
+    EXPECT_EQ(Clipboard.Blocks[0].Bytes, FakeClipboardAccess::Text(u"two").Bytes);
     // What the user copies meanwhile stays.
     Text.PasteText(kTarget, u"one");
     Macros.Clock.WhileAsleep = [&] { Clipboard.Copy({FakeClipboardAccess::Text(u"newer")}); };
@@ -199,7 +218,7 @@ TEST_F(TextDeliveryTest, WhileTheClipboardIsHeldNothingIsPasted) {
     Clipboard.FailingOpens = FakeClipboardAccess::kAlways;
     EXPECT_EQ(Text.PasteText(kTarget, u"x"), DeliveryFailure::ClipboardInUse);
     EXPECT_EQ(Text.PasteRich(kTarget, u"{x}", 0), DeliveryFailure::ClipboardInUse);
-    EXPECT_THAT(Input.Sent, IsEmpty());
+    EXPECT_THAT(Input.Keys(), IsEmpty());
 }
 
 }  // namespace

@@ -2,16 +2,11 @@
 #include "platform/win32/answering.h"
 
 namespace vbr {
-namespace {
 
-constexpr UINT kAnswerMs = 200;
-
-}  // namespace
-
-bool Answers(HWND window) {
+bool Answers(HWND window, UINT patienceMs) {
     DWORD_PTR ignored = 0;
     return IsWindow(window) &&
-           SendMessageTimeoutW(window, WM_NULL, 0, 0, SMTO_ABORTIFHUNG, kAnswerMs, &ignored) != 0;
+           SendMessageTimeoutW(window, WM_NULL, 0, 0, SMTO_ABORTIFHUNG, patienceMs, &ignored) != 0;
 }
 
 }  // namespace vbr

@@ -5,7 +5,9 @@
 
 namespace vbr {
 
-// Whether the window lives and its thread answers messages, asked for a fifth of a second.
-bool Answers(HWND window);
+inline constexpr UINT kAnswerMs = 200;
+
+// Whether the window lives and its thread answers messages within the time.
+bool Answers(HWND window, UINT patienceMs = kAnswerMs);
 
 }  // namespace vbr

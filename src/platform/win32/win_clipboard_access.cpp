@@ -312,4 +312,10 @@ std::uint32_t WinClipboardAccess::SequenceNumber() const {
     return GetClipboardSequenceNumber();
 }
 
+std::uint32_t WinClipboardAccess::OwnerProcess() const {
+    DWORD process = 0;
+    GetWindowThreadProcessId(GetClipboardOwner(), &process);
+    return process;
+}
+
 }  // namespace vbr

@@ -19,6 +19,7 @@ class WinClipboardAccess : public ClipboardAccess {
     bool IsFormatAvailable(std::uint32_t format) const override;
     std::uint32_t RegisterFormat(std::u16string_view name) override;
     std::uint32_t SequenceNumber() const override;
+    std::uint32_t OwnerProcess() const override;
 
   private:
     HWND owner_;

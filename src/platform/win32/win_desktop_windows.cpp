@@ -80,12 +80,12 @@ WindowHandle WinDesktopWindows::RootOf(WindowHandle window) const {
 
 std::optional<bool> WinDesktopWindows::HasSelection(WindowHandle edit) const {
     const HWND window = ToWindow(edit);
-    if ((GetWindowLongW(window, GWL_STYLE) & ES_PASSWORD) != 0 && ClassName(edit) == u"Edit") {
+    if ((GetWindowLongW(window, GWL_STYLE) & ES_PASSWORD) != 0) {
         return false;
     }
     DWORD_PTR range = 0;
     if (!SendMessageTimeoutW(window, EM_GETSEL, 0, 0, SMTO_ABORTIFHUNG, kAnswerMs, &range)) {
-        return std::nullopt;
+        return false;
     }
     // Places above 16 bits come as 0xFFFF.
     const bool isTold = LOWORD(range) != 0xFFFF && HIWORD(range) != 0xFFFF;

@@ -12,23 +12,16 @@
 namespace vbr {
 namespace {
 
-// 0 for a window whose thread must not be joined: one that hangs would hang the joined thread too,
-// and the one that waits here reads nothing.
-DWORD ThreadToJoin(HWND window) {
-    const DWORD thread = GetWindowThreadProcessId(window, nullptr);
-    return thread != GetCurrentThreadId() && Answers(window) ? thread : 0;
-}
-
 // A thread has an input queue only once it asks for messages.
 void MakeQueue() {
     MSG ignored;
     PeekMessageW(&ignored, nullptr, WM_USER, WM_USER, PM_NOREMOVE);
 }
 
-void RunJoined(DWORD thread, const std::function<void(bool)>& work) {
+void RunJoined(DWORD thread, const std::function<void(JoinState)>& work) {
     MakeQueue();
-    const bool isJoined = thread != 0 && AttachThreadInput(GetCurrentThreadId(), thread, TRUE);
-    work(isJoined);
+    const bool isJoined = AttachThreadInput(GetCurrentThreadId(), thread, TRUE) != 0;
+    work(isJoined ? JoinState::Joined : JoinState::Refused);
     if (isJoined) {
         AttachThreadInput(GetCurrentThreadId(), thread, FALSE);
     }
@@ -37,7 +30,8 @@ void RunJoined(DWORD thread, const std::function<void(bool)>& work) {
 // The target may send messages to windows of this thread and wait for the answer: it empties a
 // clipboard that this program owns, or tells a chain of viewers.
 void WaitAnswering(HANDLE event) {
-    while (MsgWaitForMultipleObjects(1, &event, FALSE, INFINITE, QS_SENDMESSAGE) != WAIT_OBJECT_0) {
+    while (MsgWaitForMultipleObjects(1, &event, FALSE, INFINITE, QS_SENDMESSAGE) ==
+           WAIT_OBJECT_0 + 1) {
         MSG ignored;
         PeekMessageW(&ignored, nullptr, 0, 0, PM_NOREMOVE | PM_QS_SENDMESSAGE);
     }
@@ -46,9 +40,20 @@ void WaitAnswering(HANDLE event) {
 }  // namespace
 
 // A thread with windows of its own would have to read the input of all of them, or the target
-// waits for it.
-void WinInputJoin::Run(WindowHandle window, const std::function<void(bool isJoined)>& work) {
-    const DWORD thread = ThreadToJoin(reinterpret_cast<HWND>(window));
+// waits for it. One that is joined with a hung one would hang too.
+void WinInputJoin::Run(WindowHandle window, std::uint32_t patienceMs,
+                       const std::function<void(JoinState)>& work) {
+    const HWND target = reinterpret_cast<HWND>(window);
+    const DWORD thread = GetWindowThreadProcessId(target, nullptr);
+    // The one that waits here reads nothing.
+    if (thread == GetCurrentThreadId()) {
+        work(JoinState::Refused);
+        return;
+    }
+    if (!Answers(target, patienceMs)) {
+        work(IsWindow(target) ? JoinState::Hung : JoinState::Refused);
+        return;
+    }
     const UniqueHandle done(CreateEventW(nullptr, TRUE, FALSE, nullptr));
     try {
         std::thread worker([&] {
@@ -58,7 +63,7 @@ void WinInputJoin::Run(WindowHandle window, const std::function<void(bool isJoin
         WaitAnswering(done.get());
         worker.join();
     } catch (const std::system_error&) {
-        work(false);
+        work(JoinState::Refused);
     }
 }
 

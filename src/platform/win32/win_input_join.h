@@ -8,7 +8,8 @@ namespace vbr {
 // Joins by AttachThreadInput. Messages that other threads send to this one are answered meanwhile.
 class WinInputJoin : public InputJoin {
   public:
-    void Run(WindowHandle window, const std::function<void(bool isJoined)>& work) override;
+    void Run(WindowHandle window, std::uint32_t patienceMs,
+             const std::function<void(JoinState)>& work) override;
 };
 
 }  // namespace vbr

@@ -50,9 +50,10 @@ bool WinTargetWindows::IsOwnProcess(WindowHandle window) const {
 
 bool WinTargetWindows::IsInFront(WindowHandle window) const {
     const HWND front = GetForegroundWindow();
-    return front && ::IsWindow(ToWindow(window)) &&
-           (front == GetAncestor(ToWindow(window), GA_ROOT) ||
-            ProcessOf(reinterpret_cast<WindowHandle>(front)) == ProcessOf(window));
+    const HWND target = ToWindow(window);
+    return front && ::IsWindow(target) &&
+           (front == GetAncestor(target, GA_ROOT) ||
+            GetAncestor(front, GA_ROOTOWNER) == GetAncestor(target, GA_ROOTOWNER));
 }
 
 bool WinTargetWindows::RunsElevated(WindowHandle window) const {
@@ -62,8 +63,11 @@ bool WinTargetWindows::RunsElevated(WindowHandle window) const {
         return process != 0 && GetLastError() == ERROR_ACCESS_DENIED;
     }
     const auto its = IntegrityOf(opened.get());
+    if (!its) {
+        return GetLastError() == ERROR_ACCESS_DENIED;
+    }
     const auto own = IntegrityOf(GetCurrentProcess());
-    return its && own && *its > *own;
+    return own && *its > *own;
 }
 
 void WinTargetWindows::Wake(WindowHandle window) {

@@ -259,6 +259,7 @@ Program::Program(const ProcessContext& process, HWND window, TrayView& view)
              .Desktops = desktops_,
              .Windows = windows_,
              .Clipboard = clipboard_,
+             .Selection = selection_,
              .Snapshot = snapshot_,
              .OwnCopy = ownCopy_,
              .Hotkey = hotkey_,
