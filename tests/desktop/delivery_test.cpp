@@ -185,7 +185,7 @@ TEST_F(DeliveryTest, AHungTargetHoldsNobodyUp) {
     EXPECT_TRUE(WaitForMenu());
     ChooseMenuItem(0);
     EXPECT_TRUE(WaitForNoMenu());
-    EXPECT_TRUE(WaitForLog(u"DoPrint: text"));
+    EXPECT_TRUE(WaitForLog(u"Not delivered: text"));
     EXPECT_TRUE(WaitUntilReady());
     const Notepad notepad;
     Choose(notepad);
