@@ -25,7 +25,7 @@ double TimeToAdd(int queues, int clipsInEach) {
     malloc_trim(0);
     return CpuTime([&] {
         for (int i = 0; i < queues; ++i) {
-            CCHQueue& queue = all.emplace_back(fixture.Folder);
+            CCHQueue& queue = all.emplace_back();
             for (int clip = 0; clip < clipsInEach; ++clip) {
                 queue.Add(TextItem(Clip(clip)), kNoItemLimit);
             }
@@ -60,13 +60,68 @@ void LoadHistory(benchmark::State& state) {
     MeasureCpuRatio(
         state, 2,
         [&fixture] {
-            CCHQueue queue(fixture.Folder);
-            fixture.Folder.Load(queue);
+            HistoryFolder folder(fixture.Folder.Path(), fixture.Store, fixture.Files, fixture.Log);
+            CCHQueue queue;
+            folder.Load(queue);
             benchmark::DoNotOptimize(queue.GetCount());
         },
         [&fixture] { ReadAll(fixture.Folder.Path()); });
 }
 BENCHMARK(LoadHistory)->Iterations(Rounds(21))->UseManualTime()->Unit(benchmark::kMillisecond);
+
+// A history with so many clips on the disk, and a folder with as many files.
+class StoredClips {
+  public:
+    explicit StoredClips(int count) {
+        std::filesystem::create_directory(bare_);
+        for (int i = 0; i < count; ++i) {
+            fixture_.Add(TextItem(Clip(i)));
+            Create();
+            Create();
+        }
+        fixture_.Save();
+    }
+    // The nanoseconds that it takes to copy and save some more, one after the other.
+    double TimeToSave() {
+        return CpuTime([this] {
+            for (int i = 0; i < kMore; ++i) {
+                fixture_.Add(TextItem(Clip(--next_)));
+                fixture_.Save();
+            }
+        });
+    }
+    // To create as many files beside the others.
+    double TimeToCreate() {
+        return CpuTime([this] {
+            for (int i = 0; i < 2 * kMore; ++i) {
+                Create();
+            }
+        });
+    }
+
+  private:
+    static constexpr int kMore = 20;
+
+    void Create() { std::ofstream(bare_ / std::to_string(++files_)) << "x"; }
+
+    HistoryFixture fixture_;
+    std::filesystem::path bare_ = fixture_.Temp.Path() / "bare";
+    int next_ = 0;
+    int files_ = 0;
+};
+
+// One more clip costs the same however many are stored, but for what the system takes to create a
+// file among many.
+void SaveOneMore(benchmark::State& state) {
+    StoredClips few(100);
+    StoredClips many(10'000);
+    MeasureRatioOfTimes(
+        state, 1.5, [&many] { return many.TimeToSave(); },
+        [&] {
+            return few.TimeToSave() + std::max(0.0, many.TimeToCreate() - few.TimeToCreate());
+        });
+}
+BENCHMARK(SaveOneMore)->Iterations(Rounds(21))->UseManualTime()->Unit(benchmark::kMicrosecond);
 
 }  // namespace
 }  // namespace vbr::bench

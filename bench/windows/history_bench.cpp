@@ -6,17 +6,13 @@
 #include <string>
 
 #include "fakes/memory_log.h"
-#include "fakes/temp_folder.h"
 #include "history/clipboard_capture.h"
-#include "history/history_folder.h"
 #include "history/history_queue.h"
 #include "platform/win32/win_ansi_text.h"
 #include "platform/win32/win_bitmaps.h"
 #include "platform/win32/win_clipboard_access.h"
 #include "platform/win32/win_clock.h"
-#include "platform/win32/win_file_store.h"
 #include "platform/win32/win_program_windows.h"
-#include "platform/win32/win_stamped_files.h"
 #include "ratio.h"
 
 namespace vbr::bench {
@@ -56,12 +52,8 @@ class CaptureFixture {
     HWND window_ =
         CreateWindowExW(0, L"STATIC", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
     std::wstring text_;
-    TempFolder temp_;
     MemoryLog log_;
-    WinFileStore store_;
-    WinStampedFiles files_;
-    HistoryFolder folder_{temp_.Path(), store_, files_, log_};
-    CCHQueue queue_{folder_};
+    CCHQueue queue_;
     WinClipboardAccess clipboard_{window_};
     WinProgramWindows windows_;
     WinClock clock_;

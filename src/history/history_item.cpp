@@ -5,6 +5,7 @@
 #include <array>
 #include <atomic>
 #include <random>
+#include <tuple>
 
 namespace vbr {
 namespace {
@@ -190,25 +191,26 @@ void CCHItem::ForgetStorage() {
     }
 }
 
-void CCHItem::ListFiles(std::vector<std::filesystem::path>& files) const {
-    const auto add = [&files](const std::filesystem::path& path) {
-        if (!path.empty()) {
-            files.push_back(path);
-        }
-    };
-    add(infoPath);
-    add(dataPath);
-    for (const auto& alternative : alternatives) {
-        add(alternative->dataPath);
-    }
-}
-
 bool IsSame(const CCHItem& a, const CCHItem& b) {
     if (a.format != b.format || a.format == CHF_KELPNOTES || a.ContentHash() != b.ContentHash()) {
         return false;
     }
     return a.format == CHF_BITMAP ? IsSamePicture(a.Picture(), b.Picture())
                                   : a.SameBytes() == b.SameBytes();
+}
+
+bool IsStorable(const CCHItem& item) {
+    return item.format != CHF_BITMAP && !item.Data().empty();
+}
+
+void SortByTime(ItemList& items) {
+    const auto order = [](const SystemTime& time) {
+        return std::tie(time.Year, time.Month, time.Day, time.Hour, time.Minute, time.Second,
+                        time.Milliseconds);
+    };
+    std::stable_sort(items.begin(), items.end(), [&order](const auto& a, const auto& b) {
+        return order(a->time) < order(b->time);
+    });
 }
 
 }  // namespace vbr

@@ -96,8 +96,6 @@ class CCHItem {
 
     // It counts as unsaved from now on and has no files.
     void ForgetStorage();
-    // Appends the paths of all its files.
-    void ListFiles(std::vector<std::filesystem::path>& files) const;
 
   private:
     CCHItem(const CCHItem&) = default;
@@ -120,6 +118,12 @@ class CCHItem {
 // source take no part.
 bool IsSame(const CCHItem& a, const CCHItem& b);
 
+// Whether the item's kind is ever stored and there is something to store.
+bool IsStorable(const CCHItem& item);
+
 using ItemList = std::vector<std::unique_ptr<CCHItem>>;
+
+// Oldest first; equal times keep their order.
+void SortByTime(ItemList& items);
 
 }  // namespace vbr

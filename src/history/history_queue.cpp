@@ -2,22 +2,19 @@
 #include "history/history_queue.h"
 
 #include <algorithm>
-#include <tuple>
-
-#include "history/history_folder.h"
+#include <iterator>
 
 namespace vbr {
 namespace {
-
-auto Order(const SystemTime& time) {
-    return std::tie(time.Year, time.Month, time.Day, time.Hour, time.Minute, time.Second,
-                    time.Milliseconds);
-}
 
 std::unique_ptr<CCHItem> CopyForUndo(const CCHItem& item) {
     auto copy = item.Copy();
     copy->ForgetStorage();
     return copy;
+}
+
+bool IsUnsaved(const CCHItem& item) {
+    return item.storeState == StoreState::NotStored && IsStorable(item);
 }
 
 }  // namespace
@@ -26,10 +23,16 @@ bool CCHQueue::Add(std::unique_ptr<CCHItem> item, std::uint32_t max) {
     if (locked_) {
         return false;
     }
+    if (byKey_.contains(item->key)) {
+        item->RenewIdentity();
+    }
     if (const CCHItem* older = FindSame(*item)) {
         item->isProtected = older->isProtected;
         item->id = older->id;
-        Unindex(*older);
+        changes_.push_back({.What = FileChange::Kind::Superseded,
+                            .Key = older->key,
+                            .Successor = item->key});
+        Forget(*older);
         items_.erase(items_.begin() + static_cast<std::ptrdiff_t>(PositionOf(*older)));
         Append(std::move(item));
     } else {
@@ -44,13 +47,12 @@ void CCHQueue::Trim(std::uint32_t max) {
         return;
     }
     std::size_t kept = 0;
-    ItemList gone = TakeOut([&](const CCHItem& item) {
-        const bool goes = kept >= max && !item.isProtected;
-        kept += goes ? 0 : 1;
-        return goes;
-    });
-    for (const auto& item : gone) {
-        DeleteFiles(*item);
+    for (const auto& item : TakeOut([&](const CCHItem& held) {
+             const bool goes = kept >= max && !held.isProtected;
+             kept += goes ? 0 : 1;
+             return goes;
+         })) {
+        NoteRemoved(*item);
     }
 }
 
@@ -62,16 +64,15 @@ bool CCHQueue::Clear() {
             record.Snapshot.push_back(CopyForUndo(*item));
         }
         undoPool_.push_back(std::move(record));
-        std::vector<std::filesystem::path> paths;
         for (const auto& item : TakeOut([](const CCHItem& held) { return !held.isProtected; })) {
-            item->ListFiles(paths);
-        }
-        DeleteAll(paths);
-        for (const auto& item : items_) {
-            item->ForgetStorage();
+            NoteRemoved(*item);
         }
     }
-    files_.Clear_Directory_Exclude({});
+    for (std::u16string& key : std::exchange(aside_, {})) {
+        changes_.push_back({.Key = std::move(key)});
+    }
+    changes_.push_back({.What = FileChange::Kind::Cleared});
+    ++clears_;
     return hadItems;
 }
 
@@ -91,12 +92,10 @@ bool CCHQueue::Delete(const std::set<std::size_t>& indices, bool makeUndo) {
         }
     }
     std::size_t index = 0;
-    std::vector<std::filesystem::path> paths;
     for (const auto& item : TakeOut(
              [&](const CCHItem& held) { return indices.contains(index++) && !held.isProtected; })) {
-        item->ListFiles(paths);
+        NoteRemoved(*item);
     }
-    DeleteAll(paths);
     return true;
 }
 
@@ -107,17 +106,34 @@ bool CCHQueue::Undo() {
     UndoRecord record = std::move(undoPool_.back());
     undoPool_.pop_back();
     if (!record.IsPartial) {
-        items_.clear();
-        byContent_.clear();
+        UndoClear(std::move(record.Snapshot));
+        return true;
     }
     for (auto& item : record.Snapshot) {
-        // A protected item was never gone.
-        if (FindByKey(item->key)) {
-            item->RenewIdentity();
+        if (!byKey_.contains(item->key) && !FindSame(*item)) {
+            Append(std::move(item));
         }
-        Append(std::move(item));
     }
     return true;
+}
+
+void CCHQueue::UndoClear(ItemList snapshot) {
+    ItemList since = std::exchange(items_, {});
+    std::unordered_map<const CCHItem*, std::size_t> places;
+    for (std::size_t i = 0; i < since.size(); ++i) {
+        places[since[i].get()] = i;
+    }
+    for (auto& item : snapshot) {
+        const auto found = byKey_.find(item->key);
+        if (found != byKey_.end()) {
+            // It was protected, and stayed.
+            items_.push_back(std::move(since[places[found->second]]));
+        } else if (!FindSame(*item)) {
+            Append(std::move(item));
+        }
+    }
+    std::erase(since, nullptr);
+    std::move(since.begin(), since.end(), std::back_inserter(items_));
 }
 
 const CCHItem* CCHQueue::GetItem(std::size_t index) const {
@@ -139,9 +155,8 @@ const CCHItem* CCHQueue::FindSame(const CCHItem& item) const {
 }
 
 const CCHItem* CCHQueue::FindByKey(std::u16string_view key) const {
-    const auto found = std::find_if(items_.begin(), items_.end(),
-                                    [key](const auto& item) { return item->key == key; });
-    return found == items_.end() ? nullptr : found->get();
+    const auto found = byKey_.find(key);
+    return found == byKey_.end() ? nullptr : found->second;
 }
 
 const CCHItem* CCHQueue::FindById(std::uint32_t id) const {
@@ -164,9 +179,8 @@ bool CCHQueue::SetProtected(std::size_t index, bool value) {
     CCHItem& item = *Stored(index);
     if (item.isProtected != value) {
         item.isProtected = value;
-        if (item.storeState != StoreState::NotStored) {
-            files_.StoreProtection(item);
-        }
+        changes_.push_back(
+            {.What = FileChange::Kind::Protected, .Key = item.key, .On = value});
     }
     return true;
 }
@@ -180,9 +194,6 @@ bool CCHQueue::ChangeItem(std::size_t index, const std::function<bool(CCHItem&)>
     const bool changed = change(item);
     Index(item);
     if (changed) {
-        if (!item.dataPath.empty()) {
-            files_.Release(item.dataPath);
-        }
         item.menuCaption.clear();
         item.menuTip.clear();
         item.dataPath.clear();
@@ -192,54 +203,70 @@ bool CCHQueue::ChangeItem(std::size_t index, const std::function<bool(CCHItem&)>
     return changed;
 }
 
-void CCHQueue::SortByTime() {
-    std::stable_sort(items_.begin(), items_.end(),
-                     [](const auto& a, const auto& b) { return Order(a->time) < Order(b->time); });
+void CCHQueue::Merge(CCHQueue& loaded, std::uint32_t max) {
+    for (auto& item : std::exchange(loaded.items_, {})) {
+        loaded.Forget(*item);
+        const CCHItem* const same = FindSame(*item);
+        if (!same) {
+            Append(std::move(item));
+            continue;
+        }
+        changes_.push_back({.What = FileChange::Kind::Superseded,
+                            .Key = item->key,
+                            .Successor = same->key});
+        if (item->isProtected) {
+            SetProtected(items_.size() - 1 - PositionOf(*same), true);
+        }
+    }
+    SortByTime();
+    std::size_t kept = 0;
+    for (const auto& item : TakeOut([&](const CCHItem& held) {
+             return kept++ >= max && !held.isProtected;
+         })) {
+        aside_.push_back(item->key);
+    }
 }
 
-void CCHQueue::Merge(CCHQueue& loaded, std::uint32_t max) {
-    for (auto& item : loaded.items_) {
-        Append(std::move(item));
+void CCHQueue::MergeCleared(CCHQueue& loaded) {
+    UndoRecord record{.Snapshot = {}, .IsPartial = true};
+    for (const auto& item : loaded.TakeOut([](const CCHItem& held) { return !held.isProtected; })) {
+        NoteRemoved(*item);
+        record.Snapshot.push_back(CopyForUndo(*item));
     }
-    loaded.items_.clear();
-    loaded.byContent_.clear();
-    SortByTime();
-    if (items_.size() > max) {
-        std::size_t kept = 0;
-        TakeOut([&](const CCHItem&) { return kept++ >= max; });
+    if (!record.Snapshot.empty()) {
+        std::reverse(record.Snapshot.begin(), record.Snapshot.end());
+        undoPool_.push_back(std::move(record));
     }
+    Merge(loaded, kNoItemLimit);
 }
 
 ItemList CCHQueue::CopyUnsaved() const {
     ItemList copies;
     for (const auto& item : items_) {
-        if (item->storeState == StoreState::NotStored) {
+        if (IsUnsaved(*item)) {
             copies.push_back(item->Copy());
         }
     }
     return copies;
 }
 
+bool CCHQueue::HasUnsaved() const {
+    return std::any_of(items_.begin(), items_.end(),
+                       [](const auto& item) { return IsUnsaved(*item); });
+}
+
 void CCHQueue::NoteSaved(const CCHItem& saved) {
-    const CCHItem* found = FindByKey(saved.key);
-    if (!found) {
+    const auto found = byKey_.find(saved.key);
+    if (found == byKey_.end() || found->second->revision != saved.revision) {
         return;
     }
-    CCHItem& item = *items_[PositionOf(*found)];
-    if (item.revision != saved.revision) {
-        // What was written is no longer what the item holds, and would load as one more item.
-        DeleteStale(saved, item);
-        return;
-    }
+    CCHItem& item = *found->second;
     item.dataPath = saved.dataPath;
     item.infoPath = saved.infoPath;
     item.storeState = StoreState::Saved;
     for (std::size_t i = 0; i < std::min(item.alternatives.size(), saved.alternatives.size());
          ++i) {
         item.alternatives[i]->dataPath = saved.alternatives[i]->dataPath;
-    }
-    if (item.isProtected != saved.isProtected) {
-        files_.StoreProtection(item);
     }
 }
 
@@ -249,13 +276,6 @@ void CCHQueue::NoteStored(const CCHItem& stored) {
         item.dataPath = stored.dataPath;
         item.storeState = stored.storeState;
     }
-}
-
-void CCHQueue::DeleteStale(const CCHItem& saved, const CCHItem& item) {
-    std::vector<std::filesystem::path> paths;
-    saved.ListFiles(paths);
-    std::erase(paths, item.infoPath);
-    DeleteAll(paths);
 }
 
 void CCHQueue::ClearTips() {
@@ -274,6 +294,7 @@ std::size_t CCHQueue::PositionOf(const CCHItem& item) const {
 void CCHQueue::Append(std::unique_ptr<CCHItem> item) {
     items_.push_back(std::move(item));
     Index(*items_.back());
+    byKey_.emplace(items_.back()->key, items_.back().get());
 }
 
 void CCHQueue::Unindex(const CCHItem& item) {
@@ -285,16 +306,9 @@ void CCHQueue::Unindex(const CCHItem& item) {
     }
 }
 
-void CCHQueue::DeleteFiles(CCHItem& item) {
-    std::vector<std::filesystem::path> paths;
-    item.ListFiles(paths);
-    DeleteAll(paths);
-}
-
-void CCHQueue::DeleteAll(const std::vector<std::filesystem::path>& paths) {
-    for (const std::filesystem::path& path : paths) {
-        files_.Delete(path);
-    }
+void CCHQueue::Forget(const CCHItem& item) {
+    Unindex(item);
+    byKey_.erase(item.key);
 }
 
 ItemList CCHQueue::TakeOut(const std::function<bool(const CCHItem&)>& goes) {
@@ -304,7 +318,7 @@ ItemList CCHQueue::TakeOut(const std::function<bool(const CCHItem&)>& goes) {
     for (auto item = items_.rbegin(); item != items_.rend(); ++item) {
         const bool out = goes(**item);
         if (out) {
-            Unindex(**item);
+            Forget(**item);
         }
         (out ? gone : kept).push_back(std::move(*item));
     }

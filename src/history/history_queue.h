@@ -8,10 +8,13 @@
 #include <memory_resource>
 #include <optional>
 #include <set>
+#include <string>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
+#include "history/file_changes.h"
 #include "history/history_item.h"
 
 namespace vbr {
@@ -19,31 +22,29 @@ namespace vbr {
 // A limit that no queue reaches.
 inline constexpr std::uint32_t kNoItemLimit = 0xFFFFFFFF;
 
-class HistoryFolder;
-
 // The clipboard history in memory, in the order of time. From outside, index 0 is the newest item.
-// Equal items are one, and a limit takes the oldest away that are not protected. Used on one
-// thread.
+// Equal items are one, and a limit takes the oldest away that are not protected. What becomes of
+// their files it notes for others to carry out. Used on one thread.
 class CCHQueue {
   public:
-    explicit CCHQueue(HistoryFolder& files) : files_(files) {}
+    CCHQueue() = default;
     virtual ~CCHQueue() = default;
     CCHQueue(const CCHQueue&) = delete;
     CCHQueue& operator=(const CCHQueue&) = delete;
 
-    // Makes the item the newest. An equal older one goes, and leaves it protection and id; its
-    // files stay. False, with the item gone, while the queue is locked.
+    // Makes the item the newest. An equal older one goes, and leaves it protection and id. False, with the item gone, while the queue is locked.
     bool Add(std::unique_ptr<CCHItem> item, std::uint32_t max);
-    // Takes the oldest unprotected items beyond `max` away, with their files.
+    // Takes the oldest unprotected items beyond `max` away.
     void Trim(std::uint32_t max);
 
-    // Takes all unprotected items away, with every file of the folder; what stays is unsaved.
-    // False when there was no item.
+    // Takes all unprotected items away, and every file that belongs to no item. False when there
+    // was no item.
     bool Clear();
-    // Takes the unprotected items among these away, with their files. False when there is nothing
-    // to look at.
+    // Takes the unprotected items among these away. False when there is nothing to look at.
     bool Delete(const std::set<std::size_t>& indices, bool makeUndo);
-    // Brings the items of the last record back, unsaved. False without a record.
+    // Brings the items of the last record back, unsaved, but for those that are there or equal one
+    // that is: all items in the order in which they stood, below what was added since, or those
+    // deleted as the newest. False without a record.
     bool Undo();
     void ClearUndoPool() { undoPool_.clear(); }
     bool HasUndo() const { return !undoPool_.empty(); }
@@ -60,20 +61,30 @@ class CCHQueue {
     const CCHItem* FindById(std::uint32_t id) const;
     std::optional<std::size_t> IndexOfId(std::uint32_t id) const;
 
-    // With the files that the item has. False outside.
+    // False outside.
     bool SetProtected(std::size_t index, bool value);
     // Lets `change` edit the item; when it returns true, the item is unsaved from then on and its
     // texts in menus are made anew. False outside, or what `change` returned.
     bool ChangeItem(std::size_t index, const std::function<bool(CCHItem&)>& change);
 
     // Oldest first; equal times keep their order.
-    void SortByTime();
-    // Takes all items of another queue in, by their time, and keeps the newest `max`. The files of
-    // the others stay.
+    void SortByTime() { vbr::SortByTime(items_); }
+    // Takes all items of another queue in, by their time, but for those that equal one here, and
+    // keeps the newest `max` and the protected ones. The files of the others stay.
     void Merge(CCHQueue& loaded, std::uint32_t max);
+    // The same after a Clear that came while they were loaded: Undo brings back what is not
+    // protected.
+    void MergeCleared(CCHQueue& loaded);
+    // How often Clear was called.
+    std::uint32_t ClearCount() const { return clears_; }
 
-    // Copies of the items that are not on disk, oldest first.
+    // What happened to items that may have files, since the last call.
+    FileChanges TakeFileChanges() { return std::exchange(changes_, {}); }
+    bool HasFileChanges() const { return !changes_.empty(); }
+
+    // Copies of the items that can be stored and are not, oldest first.
     ItemList CopyUnsaved() const;
+    bool HasUnsaved() const;
     // The copy was written: its item, unless that has changed since, has these files now.
     void NoteSaved(const CCHItem& saved);
 
@@ -98,18 +109,21 @@ class CCHQueue {
     void Append(std::unique_ptr<CCHItem> item);
     void Index(CCHItem& item) { byContent_.emplace(item.ContentHash(), &item); }
     void Unindex(const CCHItem& item);
-    void DeleteFiles(CCHItem& item);
-    // Deletes what a save wrote of an item that is different by now.
-    void DeleteStale(const CCHItem& saved, const CCHItem& item);
-    void DeleteAll(const std::vector<std::filesystem::path>& paths);
+    // Out of all indices; the item goes.
+    void Forget(const CCHItem& item);
+    void NoteRemoved(const CCHItem& item) { changes_.push_back({.Key = item.key}); }
+    void UndoClear(ItemList snapshot);
     // Parts off the items for which `goes` holds, called from the newest to the oldest.
     ItemList TakeOut(const std::function<bool(const CCHItem&)>& goes);
 
-    HistoryFolder& files_;
     ItemList items_;  // oldest first
-    // Its nodes stand side by side, so that looking at many of them stays cheap.
+    // Their nodes stand side by side, so that looking at many of them stays cheap.
     std::pmr::unsynchronized_pool_resource nodes_;
     std::pmr::unordered_multimap<std::uint64_t, CCHItem*> byContent_{&nodes_};
+    std::pmr::unordered_map<std::u16string_view, CCHItem*> byKey_{&nodes_};
+    FileChanges changes_;
+    std::vector<std::u16string> aside_;  // keys of items that left with their files
+    std::uint32_t clears_ = 0;
     std::vector<UndoRecord> undoPool_;  // oldest first
     bool locked_ = false;
 };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "history/history_saver.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace vbr {
@@ -8,16 +9,50 @@ namespace {
 
 constexpr std::uint32_t kSaveDelayMs = 1000;
 
+// The pause after a failure doubles with each.
+constexpr std::uint32_t kFirstRetryMs = 500;
+constexpr std::uint32_t kLongestRetryMs = 5 * 60 * 1000;
+constexpr int kMostDoublings = 16;
+// By then some eight seconds have gone by, in which another program is done with a file.
+constexpr int kFailuresToTell = 5;
+
 }  // namespace
 
-void HistorySaver::NoteChange() {
-    const std::lock_guard lock(mutex_);
-    pending_ = true;
+void HistorySaver::Load() {
+    {
+        const std::lock_guard lock(mutex_);
+        if (loading_ == Loading::UnderWay || loading_ == Loading::Done) {
+            return;
+        }
+        loading_ = Loading::UnderWay;
+    }
+    clearsAtLoad_ = with_.Queue.ClearCount();
+    with_.Worker.Load({.OnLoaded =
+                           [this](std::shared_ptr<CCHQueue> loaded) {
+                               if (!with_.TellLoaded(*loaded)) {
+                                   const std::lock_guard lock(mutex_);
+                                   untoldLoad_ = std::move(loaded);
+                               }
+                           },
+                       .OnEnd =
+                           [this](bool read) {
+                               {
+                                   const std::lock_guard lock(mutex_);
+                                   loading_ = read ? Loading::Done : Loading::Failed;
+                               }
+                               if (!read) {
+                                   NoteOutcome(false);
+                               }
+                               with_.TellEnded();
+                           }});
 }
 
-void HistorySaver::RequestSave(std::uint32_t tick) {
-    NoteChange();
-    requestTick_ = tick;
+void HistorySaver::Merge(CCHQueue& loaded) {
+    if (with_.Queue.ClearCount() != clearsAtLoad_) {
+        with_.Queue.MergeCleared(loaded);
+    } else {
+        with_.Queue.Merge(loaded, with_.MaxItems);
+    }
 }
 
 bool HistorySaver::IsDue(std::uint32_t tick) const {
@@ -25,64 +60,79 @@ bool HistorySaver::IsDue(std::uint32_t tick) const {
 }
 
 void HistorySaver::Save() {
+    bool loadsAgain = false;
     {
         const std::lock_guard lock(mutex_);
         if (running_ > 0) {
-            again_ = pending_ = true;
+            again_ = true;
             return;
         }
+        loadsAgain = loading_ == Loading::Failed;
+    }
+    if (loadsAgain) {
+        Load();
     }
     Begin();
 }
 
-void HistorySaver::SaveRest() {
+bool HistorySaver::SaveRest() {
+    const bool isLeft = IsAnythingLeft();
+    if (isLeft) {
+        Begin();
+    }
+    return isLeft;
+}
+
+bool HistorySaver::IsAnythingLeft() {
+    NoteUntold();
     {
         const std::lock_guard lock(mutex_);
-        if (!pending_) {
-            return;
+        if (failures_ > 0) {
+            return true;
         }
     }
-    Begin();
+    return with_.Queue.HasFileChanges() || (with_.IsOn && with_.Queue.HasUnsaved());
 }
 
 void HistorySaver::SaveForHangingThread() {
-    ItemList items = with_.IsOn ? with_.Queue.CopyUnsaved() : ItemList();
-    std::erase_if(items, [this](const auto& item) { return IsWritten(*item); });
-    with_.Worker.SaveNow(items);
+    with_.Worker.SaveNow(TakeOrder());
 }
 
-void HistorySaver::Begin() {
+HistoryWorker::Order HistorySaver::TakeOrder() {
+    return {with_.Queue.TakeFileChanges(), with_.IsOn ? with_.Queue.CopyUnsaved() : ItemList()};
+}
+
+void HistorySaver::NoteUntold() {
     ItemList untold;
+    std::shared_ptr<CCHQueue> loaded;
     {
         const std::lock_guard lock(mutex_);
-        pending_ = again_ = false;
-        ++running_;
         untold.swap(untold_);
+        loaded.swap(untoldLoad_);
+    }
+    if (loaded && !with_.Queue.IsLocked()) {
+        Merge(*loaded);
+    } else if (loaded) {
+        const std::lock_guard lock(mutex_);
+        untoldLoad_ = std::move(loaded);
     }
     for (const auto& item : untold) {
         with_.Queue.NoteSaved(*item);
     }
-    ItemList copies = with_.IsOn ? with_.Queue.CopyUnsaved() : ItemList();
-    if (copies.empty()) {
-        OnEnd(true);
-        return;
-    }
-    with_.Worker.Save(std::move(copies),
-                      {.IsWritten = [this](const CCHItem& item) { return IsWritten(item); },
-                       .OnSaved = [this](const CCHItem& item) { OnSaved(item); },
-                       .OnEnd = [this](bool complete) { OnEnd(complete); }});
 }
 
-bool HistorySaver::IsWritten(const CCHItem& item) {
-    const std::lock_guard lock(mutex_);
-    return written_.contains({item.key, item.revision});
+void HistorySaver::Begin() {
+    NoteUntold();
+    {
+        const std::lock_guard lock(mutex_);
+        again_ = false;
+        ++running_;
+    }
+    with_.Worker.Save(TakeOrder(), {.OnSaved = [this](const CCHItem& item) { OnSaved(item); },
+                                    .OnEnd = [this](bool complete) { OnEnd(complete); }});
 }
 
 void HistorySaver::OnSaved(const CCHItem& item) {
-    {
-        const std::lock_guard lock(mutex_);
-        written_.emplace(item.key, item.revision);
-    }
     if (!with_.TellSaved(item)) {
         const std::lock_guard lock(mutex_);
         untold_.push_back(item.Copy());
@@ -90,19 +140,28 @@ void HistorySaver::OnSaved(const CCHItem& item) {
 }
 
 void HistorySaver::OnEnd(bool complete) {
-    bool ask = false;
+    NoteOutcome(complete);
     {
         const std::lock_guard lock(mutex_);
-        if (--running_ == 0) {
-            written_.clear();
-        }
-        // A full disk, say: the next save takes the others along, at the latest the last one.
-        pending_ = pending_ || !complete;
-        ask = std::exchange(again_, false);
+        --running_;
     }
-    if (ask) {
-        with_.AskForSave();
+    with_.TellEnded();
+}
+
+void HistorySaver::NoteOutcome(bool complete) {
+    const std::lock_guard lock(mutex_);
+    failures_ = complete && loading_ != Loading::Failed ? 0 : failures_ + 1;
+}
+
+SaveState HistorySaver::State() const {
+    const std::lock_guard lock(mutex_);
+    SaveState state{.IsWanted = again_ && running_ == 0, .RetryAfter = {}, .IsFailing = false};
+    if (failures_ > 0) {
+        const int doublings = std::min(failures_ - 1, kMostDoublings);
+        state.RetryAfter = std::min(kFirstRetryMs << doublings, kLongestRetryMs);
+        state.IsFailing = failures_ >= kFailuresToTell;
     }
+    return state;
 }
 
 }  // namespace vbr

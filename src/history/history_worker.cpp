@@ -12,42 +12,37 @@ constexpr std::uint32_t kGuardPatienceMs = 200;
 
 }  // namespace
 
-void HistoryWorker::Save(ItemList items, SaveCalls calls) {
+void HistoryWorker::Save(Order order, SaveCalls calls) {
     // A job must be copyable.
-    worker_.Post([this, shared = std::make_shared<ItemList>(std::move(items)),
-                  told = std::move(calls)] { told.OnEnd(WaitForGuard() && Write(*shared, told)); });
-}
-
-bool HistoryWorker::Write(ItemList& items, const SaveCalls& calls) {
-    std::erase_if(items, [&calls](const auto& item) { return calls.IsWritten(*item); });
-    std::size_t left = items.size();
-    Guarded([&] {
-        if (folder_.Make()) {
-            folder_.Save(items, [&](const CCHItem& item) {
-                --left;
-                calls.OnSaved(item);
-            });
+    worker_.Post([this, shared = std::make_shared<Order>(std::move(order)),
+                  told = std::move(calls)] {
+        // What happened is to be known even if nothing can be done about it now.
+        bool complete = false;
+        if (WaitForGuard()) {
+            Guarded([&] { complete = folder_.Save(shared->Changes, shared->Items, told.OnSaved); });
+        } else {
+            folder_.Note(shared->Changes, shared->Items);
         }
+        told.OnEnd(complete);
     });
-    return left == 0;
 }
 
-void HistoryWorker::SaveNow(const ItemList& items) {
-    if (!items.empty() && folder_.Make()) {
-        folder_.Save(items, [](const CCHItem&) {});
-    }
+void HistoryWorker::SaveNow(const Order& order) {
+    folder_.Save(order.Changes, order.Items, [](const CCHItem&) {});
 }
 
-void HistoryWorker::Load(OnLoaded onLoaded) {
+void HistoryWorker::Load(LoadCalls calls) {
     // Another holder of the guard delays a save, never a load.
-    worker_.Post([this, call = std::move(onLoaded)] {
+    worker_.Post([this, told = std::move(calls)] {
+        bool read = false;
         Guarded([&] {
-            CCHQueue loaded(folder_);
-            folder_.Load(loaded);
-            if (loaded.GetCount() > 0) {
-                call(loaded);
+            const auto loaded = std::make_shared<CCHQueue>();
+            read = folder_.Load(*loaded);
+            if (loaded->GetCount() > 0) {
+                told.OnLoaded(loaded);
             }
         });
+        told.OnEnd(read);
     });
 }
 

@@ -15,33 +15,36 @@ namespace vbr {
 // another program then write nothing.
 class HistoryWorker {
   public:
+    // What the files are to be brought in line with.
+    struct Order {
+        FileChanges Changes;
+        ItemList Items;
+    };
     // All calls come on the worker's thread.
     struct SaveCalls {
-        std::function<bool(const CCHItem&)> IsWritten;  // by a save before: it is left out
-        std::function<void(const CCHItem&)> OnSaved;    // for each that was written
-        std::function<void(bool complete)> OnEnd;       // whether all are on the disk
+        std::function<void(const CCHItem&)> OnSaved;    // for each whose files are complete
+        std::function<void(bool complete)> OnEnd;       // whether nothing is left to do
     };
-    using OnLoaded = std::function<void(CCHQueue&)>;
+    struct LoadCalls {
+        std::function<void(std::shared_ptr<CCHQueue>)> OnLoaded;  // when there was anything
+        std::function<void(bool read)> OnEnd;     // false: it could not be read now
+    };
 
     // Without a guard nobody else is told.
     HistoryWorker(HistoryFolder& folder, std::unique_ptr<NamedEvent> guard)
         : folder_(folder), guard_(std::move(guard)) {}
 
-    // Writes the items.
-    void Save(ItemList items, SaveCalls calls);
-    // Reads the folder and calls once, when it held anything.
-    void Load(OnLoaded onLoaded);
+    void Save(Order order, SaveCalls calls);
+    void Load(LoadCalls calls);
 
     // Waits until there is nothing to do, for as long as another program holds the guard.
     void Flush() { worker_.Flush(); }
     SerialWorker::BusyFlag Busy() const { return worker_.Busy(); }
 
-    // Writes the items here and now, whoever holds the guard and whatever job hangs.
-    void SaveNow(const ItemList& items);
+    // Does it here and now, whoever holds the guard and whatever job hangs.
+    void SaveNow(const Order& order);
 
   private:
-    // Whether all that had to be written was.
-    bool Write(ItemList& items, const SaveCalls& calls);
     // Does the work while nobody else saves or loads.
     void Guarded(const std::function<void()>& work);
     bool WaitForGuard();

@@ -236,6 +236,7 @@ inline constexpr int kStrTargetNotInFront = 1073;
 inline constexpr int kStrTargetNotReading = 1074;
 inline constexpr int kStrNoInputTaken = 1075;
 inline constexpr int kStrClipboardInUse = 1076;
+inline constexpr int kStrHistoryNotSaved = 1077;
 
 // Strings among the numbers of the commands that are no command's tip.
 inline constexpr int kStrSettings = 32779;

@@ -155,6 +155,7 @@ constexpr StringEntry kStrings[] = {
     {kStrTargetNotReading, u"The program does not respond"},
     {kStrNoInputTaken, u"Windows takes no keys at the moment"},
     {kStrClipboardInUse, u"Another program keeps the clipboard in use"},
+    {kStrHistoryNotSaved, u"The clipboard history can't be saved. It is tried again."},
     {kCmdEnableService, u"Enable choice from menu of phrases at pressing hotkey"},
     {kCmdEditPhrases, u"Edit phrases and settings"},
     {kCmdStartWithWindows, u"Start Vellumbridge with Windows automatically"},

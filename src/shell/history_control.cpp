@@ -2,12 +2,14 @@
 #include "shell/history_control.h"
 
 #include "base/text.h"
+#include "resources/resource_ids.h"
 #include "shell/tray_messages.h"
 
 namespace vbr {
 namespace {
 
 constexpr int kMostTries = 200;
+constexpr std::uint32_t kFailingBalloonMs = 10'000;
 
 }  // namespace
 
@@ -25,6 +27,10 @@ bool HistoryControl::OnInstallSpy() {
 }
 
 bool HistoryControl::OnTimer(std::uintptr_t id) {
+    if (id == kTimerSaveAgain) {
+        Save();
+        return true;
+    }
     if (id != kTimerInstallSpy) {
         return false;
     }
@@ -53,6 +59,27 @@ void HistoryControl::ToggleKeeping(bool anew) {
 void HistoryControl::Clear() {
     with_.Queue.Clear();
     with_.Capture.NotifyChanged();
+    Save();
+}
+
+void HistoryControl::OnSaveEnded() {
+    const SaveState state = with_.Capture.Saving();
+    if (state.IsWanted) {
+        Save();
+    } else if (state.RetryAfter) {
+        with_.View.StartTimer(kTimerSaveAgain, *state.RetryAfter);
+    }
+    if (state.IsFailing == isFailing_) {
+        return;
+    }
+    isFailing_ = state.IsFailing;
+    with_.Log.Write(Concat(u"Saving of the clipboard history fails again and again: ",
+                           int{isFailing_}));
+    with_.Display.UpdateTrayIcon(TrayIconMode::Modify);
+    if (isFailing_) {
+        with_.Display.ShowTrayBalloon(with_.Texts.LoadString(kStrHistoryNotSaved),
+                                      kFailingBalloonMs);
+    }
 }
 
 void HistoryControl::OnNotice(std::uint32_t code, std::uint32_t parameter, std::uint32_t sequence) {

@@ -6,8 +6,10 @@
 #include "base/announcer.h"
 #include "history/history_notices.h"
 #include "history/history_queue.h"
+#include "history/history_saver.h"
 #include "platform/event_sounds.h"
 #include "platform/log.h"
+#include "platform/strings.h"
 #include "settings/settings.h"
 #include "shell/tray_display.h"
 
@@ -24,6 +26,7 @@ class HistoryCapture {
     virtual bool Stop() = 0;
     // Writes what is not on disk, when the settings say so.
     virtual void Save() = 0;
+    virtual SaveState Saving() const = 0;
     // Tells the tray window of a change by a command.
     virtual void NotifyChanged() = 0;
 };
@@ -38,6 +41,7 @@ class HistoryControl {
         CCHQueue& Queue;
         TrayView& View;
         TrayDisplay& Display;
+        const Strings& Texts;
         EventSounds& Sounds;
         vbr::Log& Log;
     };
@@ -61,6 +65,10 @@ class HistoryControl {
     void ToggleKeeping(bool anew);
     void Clear();
     void Save() { with_.Capture.Save(); }
+    // A save has ended: begins the next one that is wanted, tries again later what failed, and tells
+    // the user when it goes on failing.
+    void OnSaveEnded();
+    bool IsSavingFailing() const { return isFailing_; }
     void OnLanguageChanged() { with_.Queue.ClearTips(); }
 
     // A notice of the capturing window, with the clipboard's number now.
@@ -71,6 +79,7 @@ class HistoryControl {
     HistoryNotices notices_;
     Announcer<bool> keepObservers_;
     int tries_ = 0;
+    bool isFailing_ = false;
 };
 
 }  // namespace vbr

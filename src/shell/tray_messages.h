@@ -27,6 +27,7 @@ inline constexpr std::uint32_t kMsgLanguageChanged = 32790;   // the language wa
 inline constexpr std::uint32_t kMsgPaneBlink = 32792;         // the pane blink watcher
 inline constexpr std::uint32_t kMsgGetPaneText = 32793;       // the pane's selected text
 inline constexpr std::uint32_t kMsgPhraseChanged = 32800;     // the saver: a file isn't as loaded
+inline constexpr std::uint32_t kMsgHistorySaveEnded = 32801;  // the history's worker
 
 // wParam of the registered instance signal.
 inline constexpr std::uintptr_t kSignalAlreadyWorks = 0;
@@ -52,6 +53,7 @@ inline constexpr std::uintptr_t kTimerEnd = 4;
 inline constexpr std::uint32_t kEndMs = 50;
 inline constexpr std::uintptr_t kTimerHeldHotkey = 5;
 inline constexpr std::uint32_t kHeldHotkeyMs = 10;
+inline constexpr std::uintptr_t kTimerSaveAgain = 6;
 
 inline constexpr std::uint32_t kTrayIconId = 10;
 inline constexpr std::uint32_t kHistoryControlId = 1333;

@@ -15,6 +15,7 @@ inline constexpr std::size_t kTrayTipMax = 126;
 struct TrayState {
     bool ServiceInstalled = false;
     bool Elevated = false;
+    bool HistoryNotSaved = false;  // for some time
     std::u16string HotkeyName;
     std::u16string PhrasesFolder;
     CommandCounts Phrases;

@@ -24,8 +24,10 @@ class NativeStampedFiles : public StampedFiles {
   public:
     using Path = std::filesystem::path;
 
-    // While set, no file can be made and none deleted.
+    // While set, no file can be made and none deleted, or no description written.
     std::optional<SystemError> Broken;
+    std::optional<SystemError> MoveError;
+    bool IsHeldByOthers = false;
     std::unordered_map<std::string, FileTicks> Created;
 
     std::optional<SystemError> CreateNew(const Path& path,
@@ -44,6 +46,17 @@ class NativeStampedFiles : public StampedFiles {
         }
         file.close();
         return file ? SetStamp(path, stamp) : SystemError{5, u"it can't be written"};
+    }
+    std::optional<SystemError> MoveIn(const Path& path, std::string_view bytes,
+                                      const FileStamp& stamp, bool replace) override {
+        if (MoveError) {
+            return MoveError;
+        }
+        if (replace) {
+            std::filesystem::remove(path);
+        }
+        const std::span<const std::byte> piece = std::as_bytes(std::span(bytes));
+        return CreateNew(path, std::span(&piece, 1), stamp);
     }
     std::optional<SystemError> SetStamp(const Path& path, const FileStamp& stamp) override {
         namespace fs = std::filesystem;
@@ -78,6 +91,9 @@ class NativeStampedFiles : public StampedFiles {
         std::error_code error;
         std::filesystem::remove(path, error);
         return error ? std::optional(SystemError{5, u"it can't be deleted"}) : std::nullopt;
+    }
+    std::unique_ptr<HeldFile> Hold(const Path&) override {
+        return IsHeldByOthers ? nullptr : std::make_unique<HeldFile>();
     }
 };
 
@@ -131,7 +147,7 @@ struct HistoryFixture {
     NativeFileStore Store;
     NativeStampedFiles Files;
     HistoryFolder Folder{Temp.Path() / "ClipboardHistory", Store, Files, Log};
-    CCHQueue Queue{Folder};
+    CCHQueue Queue;
 
     void Add(std::unique_ptr<CCHItem> item, std::uint32_t max = kNoItemLimit) {
         Queue.Add(std::move(item), max);
@@ -143,14 +159,15 @@ struct HistoryFixture {
         }
     }
     // As a save does it.
-    void Save() {
-        Folder.Make();
-        Folder.Save(Queue.CopyUnsaved(), [this](const CCHItem& saved) { Queue.NoteSaved(saved); });
+    bool Save() {
+        return Folder.Save(Queue.TakeFileChanges(), Queue.CopyUnsaved(),
+                           [this](const CCHItem& saved) { Queue.NoteSaved(saved); });
     }
     // What the next start of the program would bring up.
     std::u16string Reloaded() {
-        CCHQueue queue(Folder);
-        Folder.Load(queue);
+        HistoryFolder folder(Folder.Path(), Store, Files, Log);
+        CCHQueue queue;
+        folder.Load(queue);
         return TextsOf(queue);
     }
     // Newest first: the texts, a blank between, "!" behind a protected one.

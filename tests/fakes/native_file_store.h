@@ -19,6 +19,8 @@ class NativeFileStore : public FileStore {
   public:
     // While set, Replace leaves the file alone and gives this error.
     std::optional<SystemError> ReplaceError;
+    // While set, no folder can be listed.
+    std::optional<SystemError> ListError;
 
     std::optional<std::string> Read(const std::filesystem::path& path) override {
         std::ifstream file(path, std::ios::binary);
@@ -53,6 +55,9 @@ class NativeFileStore : public FileStore {
 
     std::optional<SystemError> List(const std::filesystem::path& folder,
                                     std::vector<FolderEntry>& entries) override {
+        if (ListError) {
+            return ListError;
+        }
         std::error_code error;
         for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end;
              entry.increment(error)) {

@@ -67,7 +67,10 @@ class FakeHistoryCapture : public HistoryCapture {
         Keeping = false;
         return true;
     }
+    SaveState State;
+
     void Save() override { ++Saves; }
+    SaveState Saving() const override { return State; }
     void NotifyChanged() override { ++Changes; }
 };
 
@@ -162,6 +165,7 @@ struct ShellFixture : MenuFixture {
                             .Queue = Clips.Queue,
                             .View = View,
                             .Display = Display,
+                            .Texts = Macros.Texts,
                             .Sounds = Sounds,
                             .Log = Macros.Log}};
     QueryFlow Flow{{.Settings = Settings,

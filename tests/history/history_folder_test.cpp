@@ -14,7 +14,6 @@ class HistoryFiles : public testing::Test, protected HistoryFixture {
   protected:
     // Writes an ".info" file by hand.
     void WriteInfoFile(const std::string& name, const std::string& lines) {
-        Folder.Make();
         Temp.Write("ClipboardHistory/" + name, "[Files]\r\n" + lines);
     }
     void WriteFile(const std::string& name, const std::string& bytes) {
@@ -42,8 +41,8 @@ TEST_F(HistoryFiles, EveryFormatComesBackAsItWas) {
                      "Unicode_clipboard_history1.txt"}));
     EXPECT_EQ(ReadFile("Unicode_clipboard_history1.txt").substr(0, 4), "\xFF\xFE\x36\x04");
 
-    CCHQueue loaded(Folder);
-    Folder.Load(loaded);
+    CCHQueue loaded;
+    EXPECT_TRUE(HistoryFolder(Folder.Path(), Store, Files, Log).Load(loaded));
     EXPECT_EQ(HistoryFixture::TextsOf(loaded), u"k {\\rtf1 x} жук\U0001F600 old");
     EXPECT_EQ(loaded.GetItem(0)->Data(), Queue.GetItem(0)->Data());
     const CCHItem& rtf = *loaded.GetItem(1);
@@ -70,6 +69,7 @@ TEST_F(HistoryFiles, NumbersOfDeletedItemsServeAgain) {
     AddTexts(u"abc");
     Save();
     Queue.Delete({1}, false);
+    Save();
     EXPECT_EQ(FileNames().size(), 4U);
     Add(TextItem(u"d"));
     Save();
@@ -81,16 +81,60 @@ TEST_F(HistoryFiles, TrimDeleteAndClearTakeTheFilesWithThem) {
     AddTexts(u"abc");
     Save();
     Queue.SetProtected(0, true);
+    Save();
     EXPECT_EQ(Reloaded(), u"c! b a");
     Queue.Trim(2);
-    EXPECT_EQ(Reloaded(), u"c! b");
-    Queue.Clear();
-    EXPECT_EQ(FileNames(), Names{});
     Save();
+    EXPECT_EQ(Reloaded(), u"c! b");
+    WriteFile("any file.dat", "x");
+    Queue.Clear();
+    Save();
+    EXPECT_EQ(FileNames(), (Names{"vellumbridge_cb3.info", "Unicode_clipboard_history3.txt"}));
     EXPECT_EQ(Reloaded(), u"c!");
     Queue.Undo();
     Save();
     EXPECT_EQ(Reloaded(), u"c! b");
+}
+
+TEST_F(HistoryFiles, ManyCopiesOfOneTextLeaveOneItemsFiles) {
+    for (int i = 0; i < 200; ++i) {
+        AddTexts(u"a");
+        Save();
+    }
+    EXPECT_EQ(FileNames().size(), 2U);
+    Queue.Delete({0}, false);
+    Save();
+    EXPECT_EQ(FileNames(), Names{});
+}
+
+TEST_F(HistoryFiles, TheOlderOfEqualItemsGoesWhenTheNewerIsStored) {
+    AddTexts(u"a");
+    Save();
+    Files.Broken = SystemError{112, u"the disk is full"};
+    AddTexts(u"a");
+    EXPECT_FALSE(Save());
+    AddTexts(u"a");
+    EXPECT_FALSE(Save());
+    Files.Broken.reset();
+    EXPECT_EQ(Reloaded(), u"a");
+    Queue.Delete({0}, false);
+    EXPECT_TRUE(Save());
+    EXPECT_EQ(FileNames(), Names{});
+}
+
+TEST_F(HistoryFiles, EqualItemsThatWereLeftOnTheDiskLoadAsTheNewestAlone) {
+    Add(TextItem(u"a", 5));
+    Save();
+    Temp.Write("ClipboardHistory/vellumbridge_cb0.info", ReadFile("vellumbridge_cb1.info"));
+    CCHQueue other;
+    other.Add(TextItem(u"a", 7), kNoItemLimit);
+    HistoryFolder(Folder.Path(), Store, Files, Log)
+        .Save({}, other.CopyUnsaved(), [](const CCHItem&) {});
+    EXPECT_EQ(FileNames().size(), 5U);
+    // One description tells of the file of another: it stays and harms nothing.
+    EXPECT_EQ(Reloaded(), u"a");
+    EXPECT_EQ(FileNames().size(), 3U);
+    EXPECT_EQ(Reloaded(), u"a");
 }
 
 TEST_F(HistoryFiles, EditedItemKeepsItsDescriptionAndGetsNewData) {
@@ -100,46 +144,138 @@ TEST_F(HistoryFiles, EditedItemKeepsItsDescriptionAndGetsNewData) {
         item.SetData(TextBytes(u"A"));
         return true;
     });
-    Save();
-    EXPECT_EQ(FileNames(), (Names{"vellumbridge_cb1.info", "Unicode_clipboard_history1.txt",
-                                  "Unicode_clipboard_history2.txt"}));
+    Files.MoveError = SystemError{5, u"refused"};
+    EXPECT_FALSE(Save());
+    EXPECT_EQ(Reloaded(), u"a");
+    Files.MoveError.reset();
+    EXPECT_TRUE(Save());
+    EXPECT_EQ(FileNames(), (Names{"vellumbridge_cb1.info", "Unicode_clipboard_history2.txt"}));
     EXPECT_EQ(Reloaded(), u"A");
 }
 
-TEST_F(HistoryFiles, SaveThatWasOvertakenDoesNotCount) {
-    AddTexts(u"ab");
-    Queue.SetProtected(0, true);
-    Folder.Make();
-    Folder.Save(Queue.CopyUnsaved(), [this](const CCHItem& saved) {
+TEST_F(HistoryFiles, WhatHappensWhileAnItemIsWrittenHappensToItsFilesToo) {
+    AddTexts(u"abc");
+    Folder.Save(Queue.TakeFileChanges(), Queue.CopyUnsaved(), [this](const CCHItem& saved) {
         if (saved.WideText() == u"a") {
-            Queue.SetProtected(1, true);
-        } else {
-            Queue.Clear();
+            Queue.SetProtected(2, true);
+            Queue.Delete({0}, false);
+            Queue.ChangeItem(0, [](CCHItem& item) {
+                item.SetData(TextBytes(u"B"));
+                return true;
+            });
         }
         Queue.NoteSaved(saved);
     });
-    EXPECT_EQ(Queue.GetItem(0)->storeState, StoreState::NotStored);
-    EXPECT_EQ(FileNames(), Names{});
+    EXPECT_EQ(Reloaded(), u"c b a");
     Save();
-    EXPECT_EQ(Reloaded(), u"b! a!");
+    EXPECT_EQ(Reloaded(), u"B a!");
+    EXPECT_EQ(FileNames().size(), 4U);
 }
 
 TEST_F(HistoryFiles, FailedSaveLeavesNothingBehindAndIsTriedAgain) {
     Add(TextItem(u"a"));
     Files.Broken = SystemError{112, u"the disk is full"};
-    Save();
+    EXPECT_FALSE(Save());
     EXPECT_NE(Log.Lines.back().find(u"the disk is full"), std::u16string::npos);
     Files.Broken.reset();
-    Store.ReplaceError = SystemError{112, u"the disk is full"};
-    Save();
+    Files.MoveError = SystemError{112, u"the disk is full"};
+    EXPECT_FALSE(Save());
     EXPECT_EQ(FileNames(), Names{});
-    Store.ReplaceError.reset();
-    Save();
+    Files.MoveError.reset();
+    EXPECT_TRUE(Save());
     EXPECT_EQ(Reloaded(), u"a");
 }
 
+TEST_F(HistoryFiles, NothingIsWrittenWhileTheFolderCannotBeListedOrHeld) {
+    AddTexts(u"a");
+    Store.ListError = SystemError{5, u"denied"};
+    EXPECT_FALSE(Save());
+    CCHQueue loaded;
+    EXPECT_FALSE(Folder.Load(loaded));
+    Store.ListError.reset();
+    Files.IsHeldByOthers = true;
+    EXPECT_FALSE(Save());
+    EXPECT_EQ(FileNames(), Names{});
+    Files.IsHeldByOthers = false;
+    EXPECT_TRUE(Save());
+    Files.IsHeldByOthers = true;  // which keeps nobody from reading
+    EXPECT_EQ(Reloaded(), u"a");
+}
+
+TEST_F(HistoryFiles, TwoProgramsOnOneFolderTakeNothingFromEachOther) {
+    AddTexts(u"a");
+    Save();
+    HistoryFolder others(Folder.Path(), Store, Files, Log);
+    CCHQueue theirs;
+    const auto saveTheirs = [&] {
+        return others.Save(theirs.TakeFileChanges(), theirs.CopyUnsaved(),
+                           [&theirs](const CCHItem& saved) { theirs.NoteSaved(saved); });
+    };
+    EXPECT_TRUE(others.Load(theirs));
+    // They delete the item of both and give its names to another one.
+    theirs.Delete({0}, false);
+    saveTheirs();
+    theirs.Add(TextItem(u"t", 3), kNoItemLimit);
+    theirs.SetProtected(0, true);
+    saveTheirs();
+    EXPECT_TRUE(FileNames().contains("vellumbridge_cb1.info"));
+    Queue.SetProtected(0, true);
+    Queue.ChangeItem(0, [](CCHItem& item) {
+        item.SetData(TextBytes(u"A"));
+        return true;
+    });
+    EXPECT_TRUE(Save());
+    EXPECT_EQ(Reloaded(), u"t! A!");
+    AddTexts(u"b");
+    Queue.SetProtected(1, false);
+    Queue.Delete({1}, false);
+    EXPECT_TRUE(Save());
+    EXPECT_EQ(Reloaded(), u"t! b");
+    Queue.Clear();
+    EXPECT_TRUE(Save());
+    EXPECT_EQ(Reloaded(), u"t!");
+}
+
+TEST_F(HistoryFiles, WhatWouldNotBeReadAgainIsNotWritten) {
+    const auto tooLarge = [] {
+        auto item = std::make_unique<CCHItem>(CHF_RTF, 0, TimeAt(1));
+        item->SetData(ItemBytes(kMaxStampedFile - 1, std::byte{'x'}));
+        return item;
+    };
+    auto item = TextItem(u"a");
+    item->alternatives.push_back(tooLarge());
+    Add(std::move(item));
+    Add(tooLarge());
+    Add(PictureItem(1, 1));
+    EXPECT_TRUE(Save());
+    EXPECT_TRUE(Save());
+    EXPECT_EQ(FileNames().size(), 2U);
+    EXPECT_EQ(Log.Lines.size(), 2U);
+}
+
+TEST_F(HistoryFiles, WhatACrashLeftGoesUnlessADescriptionCannotBeRead) {
+    AddTexts(u"a");
+    Save();
+    const Names stored = FileNames();
+    const Names left = {"Unicode_clipboard_history7.txt", "clipboard_history2.rtf",
+                        "~vbr12-3.new"};
+    const Names others = {"notes.txt", "clipboard_history02.rtf", "clipboard_history.txt"};
+    for (const Names& names : {left, others}) {
+        for (const std::string& name : names) {
+            WriteFile(name, "x");
+        }
+    }
+    WriteFile("vellumbridge_cb9.info", std::string((1 << 20) + 1, 'x'));
+    EXPECT_EQ(Reloaded(), u"a");
+    EXPECT_EQ(FileNames().size(), 9U);
+    std::filesystem::remove(Folder.Path() / "vellumbridge_cb9.info");
+    EXPECT_EQ(Reloaded(), u"a");
+    Names expected = stored;
+    expected.insert(others.begin(), others.end());
+    EXPECT_EQ(FileNames(), expected);
+}
+
 TEST_F(HistoryFiles, BadDescriptionsAreSkippedWithALineInTheLog) {
-    Folder.Make();
     Temp.Write("secret.txt", "secret");
     WriteFile("clipboard_history1.txt", "good");
     WriteFile("clipboard_history2.txt", "");
@@ -155,6 +291,7 @@ TEST_F(HistoryFiles, BadDescriptionsAreSkippedWithALineInTheLog) {
         "File0=\\\\127.0.0.1\\share\\secret.txt\r\n",
         "File0=..\r\n",
         "File1=clipboard_history1.txt\r\n",
+        "File0=good.INFO\r\n",
     };
     for (std::size_t i = 0; i < std::size(bad); ++i) {
         WriteInfoFile("bad" + std::to_string(i) + ".info", bad[i]);
@@ -164,10 +301,10 @@ TEST_F(HistoryFiles, BadDescriptionsAreSkippedWithALineInTheLog) {
     EXPECT_EQ(Reloaded(), u"good");
     EXPECT_EQ(Log.Lines.size(), std::size(bad) + 2);
     EXPECT_EQ(FileNames().size(), std::size(bad) + 4);
+    EXPECT_EQ(Temp.Read("secret.txt"), "secret");
 }
 
 TEST_F(HistoryFiles, FormatComesFromTheNameAndTimeFromTheFileWithoutTheKey) {
-    Folder.Make();
     const std::pair<std::string, ItemFormat> cases[] = {
         {"a.TXT", CHF_ANSI_TEXT}, {"unicode_a.txt", CHF_UNICODE_TEXT},
         {"a.Rtf", CHF_RTF},       {"a.knd", CHF_KELPNOTES},
@@ -186,7 +323,8 @@ TEST_F(HistoryFiles, FormatComesFromTheNameAndTimeFromTheFileWithoutTheKey) {
 
 TEST_F(HistoryFiles, FileInTheFoldersPlaceIsNoFolder) {
     Temp.Write("ClipboardHistory", "x");
-    EXPECT_FALSE(Folder.Make());
+    AddTexts(u"a");
+    EXPECT_FALSE(Save());
     EXPECT_EQ(Reloaded(), u"");
     EXPECT_FALSE(Log.Lines.empty());
 }

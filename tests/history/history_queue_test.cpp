@@ -72,7 +72,7 @@ TEST_F(HistoryQueue, LimitTakesTheOldestThatAreNotProtected) {
         {{1, 2}, 0, u"c! b!"}, {{0, 3}, 2, u"d! c a!"}, {{}, 4, u"d c b a"},
     };
     for (const auto& [marked, max, left] : cases) {
-        CCHQueue queue(Folder);
+        CCHQueue queue;
         for (const char16_t* text : {u"a", u"b", u"c", u"d"}) {
             queue.Add(TextItem(text), kNoItemLimit);
         }
@@ -95,21 +95,24 @@ TEST_F(HistoryQueue, UndoBringsClearedAndDeletedItemsBack) {
     AddTexts(u"f");
     EXPECT_EQ(Queue.GetUndoCount(), 2U);
     EXPECT_TRUE(Queue.Undo());
-    EXPECT_EQ(Texts(), u"e c! b");
+    EXPECT_EQ(Texts(), u"f e c! b");
     EXPECT_TRUE(Queue.Undo());
-    EXPECT_EQ(Texts(), u"a d e c! b");
+    EXPECT_EQ(Texts(), u"a d f e c! b");
     EXPECT_FALSE(Queue.Undo());
     EXPECT_EQ(Queue.GetItem(0)->storeState, StoreState::NotStored);
 }
 
-TEST_F(HistoryQueue, UndoOfAProtectedItemLeavesNoTwoItemsWithOneIdentity) {
-    AddTexts(u"a");
+TEST_F(HistoryQueue, UndoMakesNoTwins) {
+    AddTexts(u"ab");
     Queue.SetProtected(0, true);
-    EXPECT_TRUE(Queue.Delete({0}, true));
+    EXPECT_TRUE(Queue.Delete({0, 1}, true));
+    AddTexts(u"a");
     EXPECT_TRUE(Queue.Undo());
-    ASSERT_EQ(Queue.GetCount(), 2U);
-    EXPECT_NE(Queue.GetItem(0)->key, Queue.GetItem(1)->key);
-    EXPECT_NE(Queue.GetItem(0)->id, Queue.GetItem(1)->id);
+    EXPECT_EQ(Texts(), u"a b!");
+    EXPECT_TRUE(Queue.Clear());
+    AddTexts(u"a");
+    EXPECT_TRUE(Queue.Undo());
+    EXPECT_EQ(Texts(), u"a b!");
 }
 
 TEST_F(HistoryQueue, AnIdFindsItsItemWhereverItMovedUntilItIsGone) {
@@ -134,17 +137,32 @@ TEST_F(HistoryQueue, NothingToDeleteMakesNoUndo) {
     EXPECT_FALSE(Queue.HasUndo());
 }
 
-TEST_F(HistoryQueue, MergeSortsByTimeAndKeepsTheNewest) {
+TEST_F(HistoryQueue, MergeSortsByTimeAndKeepsTheNewestAndTheProtected) {
     Add(TextItem(u"now", 5));
-    CCHQueue loaded(Folder);
+    CCHQueue loaded;
+    loaded.Add(TextItem(u"first", 1), kNoItemLimit);
+    loaded.Add(TextItem(u"second", 2), kNoItemLimit);
     loaded.Add(TextItem(u"older", 3), kNoItemLimit);
-    loaded.Add(TextItem(u"oldest", 1), kNoItemLimit);
     loaded.Add(TextItem(u"now", 4), kNoItemLimit);
-    Queue.Merge(loaded, 3);
-    EXPECT_EQ(Texts(), u"now now older");
+    loaded.SetProtected(0, true);
+    loaded.SetProtected(3, true);
+    Queue.Merge(loaded, 2);
+    EXPECT_EQ(Texts(), u"now! older first!");
     EXPECT_EQ(loaded.GetCount(), 0U);
     Add(TextItem(u"older", 6), 3);
-    EXPECT_EQ(Texts(), u"older now now");
+    EXPECT_EQ(Texts(), u"older now! first!");
+}
+
+TEST_F(HistoryQueue, WhatWasClearedWhileItWasLoadedComesBackByUndoAlone) {
+    CCHQueue loaded;
+    for (const char16_t* text : {u"a", u"b", u"c"}) {
+        loaded.Add(TextItem(text), kNoItemLimit);
+    }
+    loaded.SetProtected(1, true);
+    Queue.MergeCleared(loaded);
+    EXPECT_EQ(Texts(), u"b!");
+    EXPECT_TRUE(Queue.Undo());
+    EXPECT_EQ(Texts(), u"c a b!");
 }
 
 TEST_F(HistoryQueue, CopiesShareNothingThatChanges) {

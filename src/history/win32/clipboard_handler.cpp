@@ -34,7 +34,6 @@ CVBRWndClipboardHandler::CVBRWndClipboardHandler(Collaborators with)
       addItem_(Registered(kMessageAddItem)),
       itemStored_(Registered(kMessageItemStored)),
       folder_(with_.Folder, with_.Store, with_.Files, with_.Log),
-      queue_(folder_),
       spy_(with_.Log),
       capture_({.Access = with_.Access,
                 .Windows = with_.Windows,
@@ -47,16 +46,13 @@ CVBRWndClipboardHandler::CVBRWndClipboardHandler(Collaborators with)
       saver_({.Queue = queue_,
               .Worker = worker_,
               .IsOn = with_.Settings.SaveClipboardHistory,
+              .MaxItems = with_.Settings.ClipboardHistoryMax,
+              .TellLoaded = [this](CCHQueue& queue) { return TellLoaded(queue); },
               .TellSaved =
                   [this](const CCHItem& item) {
                       return SendFromWorker(reportTo_, saved_, &item) == kTaken;
                   },
-              .AskForSave =
-                  [this] {
-                      if (const HWND window = reportTo_) {
-                          PostMessageW(window, WM_SAVE_HISTORY, 0, 0);
-                      }
-                  }}),
+              .TellEnded = with_.SaveEnded}),
       worker_(folder_, OpenSaveLoadGuard()) {}
 
 CVBRWndClipboardHandler::~CVBRWndClipboardHandler() {
@@ -123,13 +119,13 @@ LRESULT CVBRWndClipboardHandler::OnCreate(WPARAM, LPARAM) {
         lastError_ = GetLastError();
         return -1;
     }
+    reportTo_ = Handle();
     if (with_.Settings.SaveClipboardHistory) {
-        StartLoad();
+        saver_.Load();
     }
     if (captureOnCreate_) {
         Capture(0, HistoryChange::AtCreation);
     }
-    reportTo_ = Handle();
     return 0;
 }
 
@@ -175,7 +171,6 @@ void CVBRWndClipboardHandler::Capture(WindowHandle owner, HistoryChange change) 
         return;
     }
     queue_.Add(std::move(item), with_.Settings.ClipboardHistoryMax);
-    saver_.NoteChange();
     Notify(kNoticeHistoryChanged, change);
     PostMessageW(Handle(), WM_SAVE_HISTORY, 0, 0);
 }
@@ -196,6 +191,8 @@ void CVBRWndClipboardHandler::RequestSave() {
     saver_.RequestSave(with_.Clock.TickCount());
     if (IsKeeping()) {
         SetTimer(Handle(), kTimerSave, kSaveTimerMs, nullptr);
+    } else {
+        Save();
     }
 }
 
@@ -212,12 +209,15 @@ LRESULT CVBRWndClipboardHandler::OnSaveHistory(WPARAM, LPARAM) {
     return 0;
 }
 
-void CVBRWndClipboardHandler::StartLoad() {
-    worker_.Load([this, window = Handle()](CCHQueue& queue) {
-        while (SendFromWorker(window, loaded_, &queue) == kLater &&
-               with_.ProgramEnd.Wait(kLaterMs) == WaitResult::TimedOut) {
+bool CVBRWndClipboardHandler::TellLoaded(CCHQueue& queue) {
+    LRESULT answer = kLater;
+    while (answer == kLater) {
+        answer = SendFromWorker(reportTo_, loaded_, &queue);
+        if (answer == kLater && with_.ProgramEnd.Wait(kLaterMs) != WaitResult::TimedOut) {
+            break;
         }
-    });
+    }
+    return answer == kTaken;
 }
 
 LRESULT CVBRWndClipboardHandler::SendFromWorker(HWND window, UINT message, const void* sent) {
@@ -235,7 +235,7 @@ LRESULT CVBRWndClipboardHandler::OnLoaded(LPARAM queue) {
     if (queue_.IsLocked()) {
         return kLater;
     }
-    queue_.Merge(*reinterpret_cast<CCHQueue*>(queue), with_.Settings.ClipboardHistoryMax);
+    saver_.Merge(*reinterpret_cast<CCHQueue*>(queue));
     Notify(kNoticeHistoryLoaded, HistoryChange::Captured);
     return kTaken;
 }

@@ -56,7 +56,8 @@ class CVBRWndClipboardHandler : public WindowBase, private ClipboardObserver {
         ClipboardAccess& Access;
         FaultCatcher& Faults;
         MyCopyGuard& MyCopy;
-        NamedEvent& ProgramEnd;  // set when the program ends
+        NamedEvent& ProgramEnd;           // set when the program ends
+        std::function<void()> SaveEnded;  // on another thread: Saving has changed
         vbr::Log& Log;
     };
 
@@ -75,16 +76,14 @@ class CVBRWndClipboardHandler : public WindowBase, private ClipboardObserver {
     const CCHItem* GetItem(std::size_t index) const { return queue_.GetItem(index); }
     bool IsEmpty() const { return queue_.GetCount() == 0; }
 
-    void Save() {
-        if (IsKeeping()) {
-            PostMessageW(Handle(), WM_SAVE_HISTORY, 0, 0);
-        }
-    }
+    // Saves what is unsaved, also while nothing is captured.
+    void Save() { saver_.Save(); }
+    SaveState Saving() const { return saver_.State(); }
     // Saves within two seconds, once for several calls.
     void RequestSave();
-    // The end of the program: begins a last save if one is needed. It may send messages to the
-    // caller's thread while it is Busy.
-    void SaveRest() { saver_.SaveRest(); }
+    // The end of the program: begins a last save if one is needed, and tells whether it was. It may
+    // send messages to the caller's thread while it is Busy.
+    bool SaveRest() { return saver_.SaveRest(); }
     SerialWorker::BusyFlag Busy() const { return worker_.Busy(); }
     // The same for a thread that hangs, and from another one; complete when it returns.
     void SaveForHangingThread() { saver_.SaveForHangingThread(); }
@@ -115,7 +114,7 @@ class CVBRWndClipboardHandler : public WindowBase, private ClipboardObserver {
 
     bool InstallSpy();
     void Capture(WindowHandle owner, HistoryChange change);
-    void StartLoad();
+    bool TellLoaded(CCHQueue& queue);
     LRESULT SendFromWorker(HWND window, UINT message, const void* sent);
     void Notify(std::uint32_t code, HistoryChange change);
     const CCHItem* ItemAt(LPARAM address);

@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "platform/win32/win_file_store.h"
 
-#include <atomic>
 #include <cstdint>
 
 #include "base/text.h"
+#include "platform/stamped_files.h"
 #include "platform/win32/handle.h"
+#include "platform/win32/new_file.h"
 #include "platform/win32/verbatim_path.h"
 #include "platform/win32/wide.h"
 #include "platform/win32/win_system_error.h"
@@ -15,11 +16,6 @@ namespace vbr {
 namespace {
 
 namespace fs = std::filesystem;
-
-// Names of files on their way in: not an extension of ours, so that a half-written file is never
-// taken for a phrase, and short, so that any name can be replaced.
-constexpr std::u16string_view kNewPrefix = u"~vbr";
-constexpr std::u16string_view kNewSuffix = u".new";
 
 // A file on its way in that is older was left by a process that ended while it wrote.
 constexpr std::uint64_t kStaleAfter = 3600ULL * 10'000'000;  // in units of 100 ns
@@ -82,52 +78,14 @@ fs::path FollowLink(const fs::path& path) {
     }
 }
 
-// No other process, and no other call in this one, has the same.
-fs::path NewFileIn(const fs::path& folder) {
-    static std::atomic<std::uint32_t> calls;
-    return folder /
-           Concat(kNewPrefix, GetCurrentProcessId(), u"-", std::uint32_t{++calls}, kNewSuffix);
-}
-
 void DeleteStaleIn(const fs::path& folder) {
     FILETIME now{};
     GetSystemTimeAsFileTime(&now);
-    ForEachEntry(folder / Concat(kNewPrefix, u"*", kNewSuffix), [&](const WIN32_FIND_DATAW& entry) {
+    ForEachEntry(folder / Concat(kNewFilePrefix, u"*", kNewFileSuffix), [&](const WIN32_FIND_DATAW& entry) {
         if (Ticks(entry.ftLastWriteTime) + kStaleAfter < Ticks(now)) {
             DeleteFileW(ReachablePath(folder / entry.cFileName).c_str());
         }
     });
-}
-
-bool WriteWhole(const fs::path& path, std::string_view bytes) {
-    const UniqueHandle file(CreateFileW(path.c_str(), GENERIC_WRITE, 0, WorldSecurity(),
-                                        CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
-    DWORD written = 0;
-    return IsValid(file) &&
-           WriteFile(file.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &written,
-                     nullptr) &&
-           written == bytes.size() && FlushFileBuffers(file.get());
-}
-
-// Swaps the new file in. A read-only mark of the old one would forbid that, so it goes first and
-// comes back if the swap fails all the same.
-bool SwapIn(const fs::path& fresh, const fs::path& path) {
-    const DWORD attributes = GetFileAttributesW(path.c_str());
-    const bool readOnly =
-        attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0;
-    if (readOnly) {
-        SetFileAttributesW(path.c_str(), attributes & ~DWORD{FILE_ATTRIBUTE_READONLY});
-    }
-    if (MoveFileExW(fresh.c_str(), path.c_str(),
-                    MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH)) {
-        return true;
-    }
-    if (readOnly) {
-        const DWORD error = GetLastError();
-        SetFileAttributesW(path.c_str(), attributes);
-        SetLastError(error);
-    }
-    return false;
 }
 
 }  // namespace
@@ -160,13 +118,20 @@ std::optional<std::string> WinFileStore::Read(const fs::path& path) {
 std::optional<SystemError> WinFileStore::Replace(const fs::path& path, std::string_view bytes) {
     const fs::path target = FollowLink(ReachablePath(path));
     const fs::path fresh = ReachablePath(NewFileIn(target.parent_path()));
-    if (WriteWhole(fresh, bytes) && SwapIn(fresh, target)) {
-        DeleteStaleIn(target.parent_path());
+    if (WriteWhole(fresh, bytes, WorldSecurity()) && SwapIn(fresh, target, true)) {
+        if (IsFirstIn(target.parent_path())) {
+            DeleteStaleIn(target.parent_path());
+        }
         return std::nullopt;
     }
     const SystemError error = SystemErrorOf(GetLastError());
     DeleteFileW(fresh.c_str());
     return error;
+}
+
+bool WinFileStore::IsFirstIn(const fs::path& folder) {
+    const std::lock_guard lock(mutex_);
+    return swept_.insert(folder).second;
 }
 
 PathKind WinFileStore::KindOf(const fs::path& path) {

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <mutex>
+#include <set>
+
 #include "platform/file_store.h"
 
 namespace vbr {
@@ -15,6 +18,13 @@ class WinFileStore : public FileStore {
     std::optional<SystemError> List(const std::filesystem::path& folder,
                                     std::vector<FolderEntry>& entries) override;
     std::u16string FolderIdentity(const std::filesystem::path& folder) override;
+
+  private:
+    // Whether the folder hasn't been asked for before: what a crash left there goes once.
+    bool IsFirstIn(const std::filesystem::path& folder);
+
+    std::mutex mutex_;
+    std::set<std::filesystem::path> swept_;
 };
 
 }  // namespace vbr

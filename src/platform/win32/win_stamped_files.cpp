@@ -5,6 +5,7 @@
 #include <new>
 
 #include "platform/win32/handle.h"
+#include "platform/win32/new_file.h"
 #include "platform/win32/verbatim_path.h"
 #include "platform/win32/win_system_error.h"
 
@@ -15,8 +16,11 @@ namespace fs = std::filesystem;
 
 static_assert(kErrorFileExists == ERROR_FILE_EXISTS);
 
-constexpr LONGLONG kMaxRead = 256LL * 1024 * 1024;
 constexpr std::size_t kMaxWrite = 16 * 1024 * 1024;
+
+// Another process holds a file for one save.
+constexpr DWORD kHoldPatienceMs = 500;
+constexpr DWORD kHoldStepMs = 10;
 
 std::optional<SystemError> LastError() {
     const DWORD code = GetLastError();
@@ -54,6 +58,14 @@ bool SetReadOnly(const fs::path& path, bool on) {
            SetFileAttributesW(path.c_str(), attributes ^ DWORD{FILE_ATTRIBUTE_READONLY});
 }
 
+class WinHeldFile : public HeldFile {
+  public:
+    explicit WinHeldFile(UniqueHandle file) : file_(std::move(file)) {}
+
+  private:
+    UniqueHandle file_;
+};
+
 }  // namespace
 
 std::optional<SystemError> WinStampedFiles::CreateNew(
@@ -81,6 +93,23 @@ std::optional<SystemError> WinStampedFiles::CreateNew(
     return std::nullopt;
 }
 
+std::optional<SystemError> WinStampedFiles::MoveIn(const fs::path& path, std::string_view bytes,
+                                                   const FileStamp& stamp, bool replace) {
+    const fs::path target = ReachablePath(path);
+    const fs::path fresh = ReachablePath(NewFileIn(path.parent_path()));
+    if (!WriteWhole(fresh, bytes, nullptr) || !SwapIn(fresh, target, replace)) {
+        auto error = LastError();
+        DeleteFileW(fresh.c_str());
+        if (error->Code == ERROR_ALREADY_EXISTS) {
+            error->Code = kErrorFileExists;
+        }
+        return error;
+    }
+    // Only now: a file that takes the name of one just gone gets that one's creation time.
+    SetStamp(path, stamp);
+    return std::nullopt;
+}
+
 std::optional<SystemError> WinStampedFiles::SetStamp(const fs::path& path, const FileStamp& stamp) {
     const fs::path target = ReachablePath(path);
     if (stamp.Created != 0) {
@@ -103,7 +132,7 @@ std::optional<StampedFiles::Content> WinStampedFiles::Read(const fs::path& path)
     LARGE_INTEGER size{};
     FILETIME created{};
     if (!IsValid(file) || GetFileType(file.get()) != FILE_TYPE_DISK ||
-        !GetFileSizeEx(file.get(), &size) || size.QuadPart > kMaxRead ||
+        !GetFileSizeEx(file.get(), &size) || size.QuadPart > LONGLONG{kMaxStampedFile} ||
         !GetFileTime(file.get(), &created, nullptr, nullptr)) {
         return std::nullopt;
     }
@@ -129,6 +158,25 @@ std::optional<SystemError> WinStampedFiles::Delete(const fs::path& path) {
         return std::nullopt;
     }
     return LastError();
+}
+
+std::unique_ptr<HeldFile> WinStampedFiles::Hold(const fs::path& path) {
+    const fs::path target = ReachablePath(path);
+    const ULONGLONG start = GetTickCount64();
+    for (;;) {
+        UniqueHandle file(CreateFileW(target.c_str(), GENERIC_WRITE | DELETE, 0, nullptr,
+                                      OPEN_ALWAYS, FILE_FLAG_DELETE_ON_CLOSE, nullptr));
+        if (IsValid(file)) {
+            return std::make_unique<WinHeldFile>(std::move(file));
+        }
+        // One that is just going may not be opened either.
+        const DWORD error = GetLastError();
+        const bool isHeld = error == ERROR_SHARING_VIOLATION || error == ERROR_ACCESS_DENIED;
+        if (!isHeld || GetTickCount64() - start >= kHoldPatienceMs) {
+            return nullptr;
+        }
+        Sleep(kHoldStepMs);
+    }
 }
 
 }  // namespace vbr

@@ -13,6 +13,8 @@ namespace {
 
 constexpr std::u16string_view kHistoryFolderName = u"ClipboardHistory";
 constexpr DWORD kSavingMs = 3000;
+constexpr DWORD kTryingMs = 1000;  // within them
+constexpr DWORD kTryEveryMs = 100;
 constexpr DWORD kAskEveryMs = 5;
 
 constexpr WatchedEvent kEvents[] = {
@@ -140,6 +142,7 @@ Program::Program(const ProcessContext& process, HWND window, TrayView& view)
                 .Faults = process.Faults,
                 .MyCopy = ownCopy_,
                 .ProgramEnd = process.Stop,
+                .SaveEnded = [window] { PostMessageW(window, kMsgHistorySaveEnded, 0, 0); },
                 .Log = process.Log}),
       itemTexts_(ansi_, richText_, process.Log),
       menuHistory_(handler_.Queue(), itemTexts_),
@@ -240,7 +243,12 @@ Program::Program(const ProcessContext& process, HWND window, TrayView& view)
                 .QueryMessage = queryMessage_,
                 .Route = RouteOfLibrary(process.ForcedRoute)}),
       display_({.View = view,
-                .State = [this] { return service_.State(elevated_); },
+                .State =
+                    [this] {
+                        TrayState state = service_.State(elevated_);
+                        state.HistoryNotSaved = history_.IsSavingFailing();
+                        return state;
+                    },
                 .Settings = process.Settings,
                 .Texts = process.Texts,
                 .Sounds = sounds_,
@@ -251,6 +259,7 @@ Program::Program(const ProcessContext& process, HWND window, TrayView& view)
                 .Queue = handler_.Queue(),
                 .View = view,
                 .Display = display_,
+                .Texts = process.Texts,
                 .Sounds = sounds_,
                 .Log = process.Log}),
       flow_({.Settings = process.Settings,
@@ -370,11 +379,18 @@ void Program::BeginEnd() {
 
 // A thread that saves may be sending a message to this one.
 void Program::WaitUntilSaved() {
-    while ((*handler_.Busy() || *saver_.Busy()) && GetTickCount() - endBegan_ < kSavingMs) {
-        MsgWaitForMultipleObjects(0, nullptr, FALSE, kAskEveryMs, QS_SENDMESSAGE);
+    const auto elapsed = [this] { return GetTickCount() - endBegan_; };
+    const auto wait = [](DWORD milliseconds) {
+        MsgWaitForMultipleObjects(0, nullptr, FALSE, milliseconds, QS_SENDMESSAGE);
         MSG ignored;
         PeekMessageW(&ignored, nullptr, 0, 0, PM_NOREMOVE | PM_QS_SENDMESSAGE);
-    }
+    };
+    do {
+        while ((*handler_.Busy() || *saver_.Busy()) && elapsed() < kSavingMs) {
+            wait(kAskEveryMs);
+        }
+        // Another program may hold a file for a moment.
+    } while (elapsed() < kTryingMs && handler_.SaveRest() && (wait(kTryEveryMs), true));
 }
 
 void Program::Stop() {

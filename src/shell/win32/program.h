@@ -91,6 +91,7 @@ class HandlerCapture : public HistoryCapture {
     bool Start() override;
     bool Stop() override { return handler_.Destroy(); }
     void Save() override { handler_.Save(); }
+    SaveState Saving() const override { return handler_.Saving(); }
     void NotifyChanged() override { handler_.NotifyChanged(); }
 
   private:

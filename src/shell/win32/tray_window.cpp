@@ -88,6 +88,7 @@ std::optional<LRESULT> CVBRTrayWnd::OnMessage(UINT message, WPARAM wParam, LPARA
         {kMsgRightMenuCommand, &CVBRTrayWnd::OnRightMenuCommand},
         {kMsgLanguageChanged, &CVBRTrayWnd::OnLanguageChanged},
         {kMsgPhraseChanged, &CVBRTrayWnd::OnPhraseChanged},
+        {kMsgHistorySaveEnded, &CVBRTrayWnd::OnHistorySaveEnded},
     };
     if (message == WM_CREATE) {
         program_ = std::make_unique<Program>(process_, Handle(), static_cast<TrayView&>(*this));
@@ -280,6 +281,11 @@ LRESULT CVBRTrayWnd::OnLanguageChanged(WPARAM, LPARAM) {
 
 LRESULT CVBRTrayWnd::OnPhraseChanged(WPARAM, LPARAM) {
     program_->Commands().RereadPhrases(false);
+    return 0;
+}
+
+LRESULT CVBRTrayWnd::OnHistorySaveEnded(WPARAM, LPARAM) {
+    program_->History().OnSaveEnded();
     return 0;
 }
 

@@ -56,6 +56,7 @@ class CVBRTrayWnd : public WindowBase, private TrayView {
     LRESULT OnRightMenuCommand(WPARAM code, LPARAM item);
     LRESULT OnLanguageChanged(WPARAM, LPARAM);
     LRESULT OnPhraseChanged(WPARAM, LPARAM);
+    LRESULT OnHistorySaveEnded(WPARAM, LPARAM);
     LRESULT OnAddMessage(LPARAM text);
     bool CopyToSender(LPARAM buffer, const std::u16string& text);
 
