@@ -22,6 +22,9 @@ class NamedEvent {
   public:
     virtual ~NamedEvent() = default;
 
+    // Another process had made it before this one opened it.
+    virtual bool WasThere() const = 0;
+
     virtual void Set() = 0;
     virtual void Reset() = 0;
     virtual WaitResult Wait(std::uint32_t milliseconds) = 0;

@@ -45,6 +45,12 @@ std::optional<int> InstanceControl::Settle(const CVBRCmdLine& cmdLine, std::uint
     if (!instance_) {
         return kExitNoInstanceEvent;
     }
+    // Another start in the same instant was the first to make it.
+    if (instance_->WasThere()) {
+        instance_.reset();
+        SignalRunning(cmdLine);
+        return kExitSignalled;
+    }
     instance_->ProtectFromClose(true);
     return std::nullopt;
 }

@@ -26,8 +26,10 @@ class FakeNamedObjects : public NamedObjects {
     std::set<Name> SetByOwner;
     std::map<Name, std::pair<EventReset, ObjectAccess>> Made;
     std::function<WaitResult(Name, std::uint32_t milliseconds)> OnWait;
+    std::function<void(Name)> BeforeCreate = [](Name) {};
 
     std::unique_ptr<NamedEvent> Create(Name name, EventReset reset, ObjectAccess access) override {
+        BeforeCreate(name);
         if (Refused.contains(name)) {
             return nullptr;
         }
@@ -48,7 +50,8 @@ class FakeNamedObjects : public NamedObjects {
   private:
     class Event : public NamedEvent {
       public:
-        Event(FakeNamedObjects& session, Name name) : session_(session), name_(name) {
+        Event(FakeNamedObjects& session, Name name)
+            : session_(session), name_(name), wasThere_(session.Exists(name)) {
             session_.Owned.insert(name_);
         }
         ~Event() override {
@@ -56,6 +59,7 @@ class FakeNamedObjects : public NamedObjects {
                 session_.Owned.erase(session_.Owned.find(name_));
             }
         }
+        bool WasThere() const override { return wasThere_; }
         void Set() override { session_.SetByOwner.insert(name_); }
         void Reset() override { session_.SetByOwner.erase(name_); }
         WaitResult Wait(std::uint32_t ms) override { return session_.OnWait(name_, ms); }
@@ -64,6 +68,7 @@ class FakeNamedObjects : public NamedObjects {
       private:
         FakeNamedObjects& session_;
         Name name_;
+        bool wasThere_;
         bool guarded_ = false;
     };
 

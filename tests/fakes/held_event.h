@@ -14,6 +14,7 @@ class HeldEvent : public NamedEvent {
     std::atomic<bool> IsSet = true;
     std::atomic<bool> WasWaitedFor = false;  // in vain
 
+    bool WasThere() const override { return false; }
     void Set() override { IsSet = true; }
     void Reset() override { IsSet = false; }
     WaitResult Wait(std::uint32_t) override {

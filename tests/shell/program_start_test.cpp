@@ -115,6 +115,22 @@ TEST_F(InstanceStart, WithoutARunningInstanceItBecomesTheResidentOneUntilRelease
     EXPECT_EQ(objects_.Made[kEventInstance], std::pair(EventReset::Manual, ObjectAccess::World));
 }
 
+TEST_F(InstanceStart, OfTwoStartsInOneInstantTheLaterOneSignalsTheOther) {
+    objects_.BeforeCreate = [this](std::u16string_view name) {
+        if (name == kEventInstance) {
+            RunAnother();
+        }
+    };
+    for (const auto& [text, signal] :
+         {std::pair(u"", kEventAlreadyWork), {u"/showmenu", kEventShowMenu}}) {
+        objects_.Others.clear();
+        EXPECT_EQ(Settle(text), 1);
+        EXPECT_EQ(objects_.Signals, Names{signal});
+        EXPECT_EQ(control_.StopEvent(), nullptr);
+        EXPECT_FALSE(objects_.Owned.contains(kEventInstance));
+    }
+}
+
 TEST_F(InstanceStart, TheInstanceEventIsGuardedAgainstClosing) {
     {
         InstanceControl forgotten(objects_, autostart_, log_);

@@ -56,6 +56,17 @@ TEST_F(WinNamedObjectsTest, SignalSaysWhetherSomebodyListens) {
     EXPECT_FALSE(objects_.Signal(kName));
 }
 
+TEST_F(WinNamedObjectsTest, OnlyTheFirstToCreateAnEventMadeIt) {
+    auto first = CreateEvent(EventReset::Manual);
+    auto second = CreateEvent(EventReset::Manual);
+    ASSERT_TRUE(first && second);
+    EXPECT_FALSE(first->WasThere());
+    EXPECT_TRUE(second->WasThere());
+    first.reset();
+    second.reset();
+    EXPECT_FALSE(CreateEvent(EventReset::Manual)->WasThere());
+}
+
 TEST_F(WinNamedObjectsTest, ANameOfAnotherKindOfObjectGivesNothing) {
     const UniqueHandle mutex(CreateMutexW(nullptr, FALSE, Wide(kName.data())));
     ASSERT_TRUE(mutex);

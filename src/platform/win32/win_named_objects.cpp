@@ -95,7 +95,8 @@ std::unique_ptr<NamedEvent> WinNamedObjects::Create(std::u16string_view name, Ev
     UniqueHandle handle(CreateEventW(access == ObjectAccess::World ? WorldSecurity() : nullptr,
                                      reset == EventReset::Manual, FALSE,
                                      owned.empty() ? nullptr : Wide(owned)));
-    return handle ? std::make_unique<WinNamedEvent>(std::move(handle)) : nullptr;
+    const bool wasThere = GetLastError() == ERROR_ALREADY_EXISTS;
+    return handle ? std::make_unique<WinNamedEvent>(std::move(handle), wasThere) : nullptr;
 }
 
 std::optional<SystemError> WinNamedObjects::WaitFor(std::u16string_view name,

@@ -10,8 +10,10 @@ namespace vbr {
 // An event of the kernel.
 class WinNamedEvent : public NamedEvent {
   public:
-    explicit WinNamedEvent(UniqueHandle handle) : handle_(std::move(handle)) {}
+    explicit WinNamedEvent(UniqueHandle handle, bool wasThere = false)
+        : handle_(std::move(handle)), wasThere_(wasThere) {}
 
+    bool WasThere() const override { return wasThere_; }
     void Set() override;
     void Reset() override;
     WaitResult Wait(std::uint32_t milliseconds) override;
@@ -22,6 +24,7 @@ class WinNamedEvent : public NamedEvent {
 
   private:
     UniqueHandle handle_;
+    bool wasThere_;
 };
 
 class WinNamedObjects : public NamedObjects, public SharedMemory {
