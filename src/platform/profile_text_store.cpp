@@ -41,11 +41,18 @@ ProfileFile InspectProfile(const std::filesystem::path& path) {
     return file;
 }
 
-std::optional<std::u16string> ProfileTextStore::ReadString(const std::filesystem::path& file,
-                                                           std::u16string_view section,
-                                                           std::u16string_view key) const {
-    const ProfileFile found = InspectProfile(file);
-    return found.Bytes ? ProfileText(*found.Bytes).Get(section, key) : std::nullopt;
+ProfileValue ReadProfile(const ProfileFile& file, std::u16string_view section,
+                         std::u16string_view key) {
+    if (!file.Bytes) {
+        return {file.Exists ? ProfileRead::Failed : ProfileRead::Missing, {}};
+    }
+    auto value = ProfileText(*file.Bytes).Get(section, key);
+    return value ? ProfileValue{ProfileRead::Found, *std::move(value)} : ProfileValue{};
+}
+
+ProfileValue ProfileTextStore::Read(const std::filesystem::path& file, std::u16string_view section,
+                                    std::u16string_view key) const {
+    return ReadProfile(InspectProfile(file), section, key);
 }
 
 bool ProfileTextStore::WriteString(const std::filesystem::path& file, std::u16string_view section,

@@ -18,14 +18,17 @@ inline constexpr std::uintmax_t kProfileMaxBytes = 1 << 20;
 
 ProfileFile InspectProfile(const std::filesystem::path& path);
 
+// Of the file's bytes as they are.
+ProfileValue ReadProfile(const ProfileFile& file, std::u16string_view section,
+                         std::u16string_view key);
+
 // INI files read and written as ProfileText, without the platform's profile functions.
 class ProfileTextStore : public ProfileStore {
   public:
     explicit ProfileTextStore(FileStore& files) : files_(files) {}
 
-    std::optional<std::u16string> ReadString(const std::filesystem::path& file,
-                                             std::u16string_view section,
-                                             std::u16string_view key) const override;
+    ProfileValue Read(const std::filesystem::path& file, std::u16string_view section,
+                      std::u16string_view key) const override;
     bool WriteString(const std::filesystem::path& file, std::u16string_view section,
                      std::u16string_view key, std::u16string_view value) override;
 

@@ -76,7 +76,7 @@ struct CVBRSettings::Table {
         std::u16string_view Name;
         void (*Reset)(S&, const Row&);
         void (*Load)(S&, const Row&);
-        void (*Save)(S&, const Row&);
+        bool (*Save)(S&, const Row&);
         // Rows of numbers only.
         std::int64_t (*Get)(const S&) = nullptr;
         void (*Set)(S&, std::int64_t) = nullptr;
@@ -98,8 +98,8 @@ struct CVBRSettings::Table {
         }
     }
 
-    static void SaveNumber(S& settings, const Row& row) {
-        settings.SetInt(row.Name, row.Get(settings));
+    static bool SaveNumber(S& settings, const Row& row) {
+        return settings.SetInt(row.Name, row.Get(settings));
     }
 
     template <auto Field>
@@ -155,24 +155,27 @@ struct CVBRSettings::Table {
         return {kKeyPhrases, [](S& s, const Row&) { s.PhrasesDirectory.clear(); },
                 [](S& s, const Row&) { s.ReadPhrasesDirectory(); },
                 [](S& s, const Row& row) {
-                    s.SetString(row.Name,
-                                StoredPhrasesFolder(s.PhrasesDirectory, s.files_.ProgramFolder));
+                    return s.SetString(
+                        row.Name, StoredPhrasesFolder(s.PhrasesDirectory, s.files_.ProgramFolder));
                 }};
     }
 
     static constexpr Row LanguageRow() {
         return {kKeyLanguage, [](S& s, const Row&) { s.SetLanguage(s.system_.Language); },
                 [](S& s, const Row&) { s.ReadLanguage(); },
-                [](S& s, const Row&) { s.WriteLanguage(s.Language); }};
+                [](S& s, const Row&) { return s.WriteLanguage(s.Language); }};
     }
 
     static constexpr Row FontRow() {
         return {kKeyFont, [](S& s, const Row&) { s.FontForMenu = s.system_.MenuFont; },
                 [](S& s, const Row& row) {
-                    s.profile_.ReadStruct(s.files_.Chosen, kSection, row.Name, s.FontForMenu);
+                    if (const auto text = s.Read(s.files_.Chosen, kSection, row.Name)) {
+                        DecodeProfileStruct(*text, s.FontForMenu);
+                    }
                 },
                 [](S& s, const Row& row) {
-                    s.profile_.WriteStruct(s.files_.Chosen, kSection, row.Name, s.FontForMenu);
+                    return s.profile_.WriteStruct(s.files_.Chosen, kSection, row.Name,
+                                                  s.FontForMenu);
                 }};
     }
 
@@ -181,7 +184,7 @@ struct CVBRSettings::Table {
                 [](S& s, const Row& row) {
                     s.TerminalClasses = s.GetString(row.Name, s.TerminalClasses);
                 },
-                [](S& s, const Row& row) { s.SetString(row.Name, s.TerminalClasses); }};
+                [](S& s, const Row& row) { return s.SetString(row.Name, s.TerminalClasses); }};
     }
 
     static constexpr Row LayoutCommandRow() {
@@ -239,29 +242,48 @@ const CVBRSettings::Table::Row CVBRSettings::Table::kRows[] = {
 };
 
 CVBRSettings::CVBRSettings(ProfileStore& profile, SettingsFiles files, SystemDefaults system)
-    : profile_(profile),
-      files_(std::move(files)),
-      system_(std::move(system)),
-      isNewVersion_(IsVersionUnknown()) {
+    : profile_(profile), files_(std::move(files)), system_(std::move(system)) {
     for (const Table::Row& row : Table::kRows) {
         row.Reset(*this, row);
     }
+    const bool isNew = IsVersionUnknown();
+    if (!readFailed_) {
+        isNewVersion_ = isNew;
+    }
 }
 
-void CVBRSettings::Load() {
+bool CVBRSettings::Load() {
+    const SettingsValues before = *this;
+    readFailed_ = false;
+    const bool isNew = IsVersionUnknown();
     for (const Table::Row& row : Table::kRows) {
+        if (readFailed_) {
+            break;
+        }
         row.Load(*this, row);
     }
+    wasRead_ = !readFailed_;
+    if (wasRead_) {
+        isNewVersion_ = isNewVersion_.value_or(isNew);
+    } else {
+        static_cast<SettingsValues&>(*this) = before;
+    }
+    return wasRead_;
 }
 
-void CVBRSettings::Save() {
-    Write(kSectionStamps, u"WRITED_TO", files_.Chosen.u16string());
-    Write(kSectionStamps, u"WRITED_WHO", files_.ProgramName);
-    Write(kSectionStamps, u"WRITED_WHEN", system_.DateAndTime ? system_.DateAndTime() : u"");
-    Write(kSection, kKeyVersion, kVersion);
-    for (const Table::Row& row : Table::kRows) {
-        row.Save(*this, row);
+bool CVBRSettings::Save() {
+    if (!wasRead_) {
+        return false;
     }
+    bool saved = Write(kSectionStamps, u"WRITED_TO", files_.Chosen.u16string());
+    saved &= Write(kSectionStamps, u"WRITED_WHO", files_.ProgramName);
+    saved &=
+        Write(kSectionStamps, u"WRITED_WHEN", system_.DateAndTime ? system_.DateAndTime() : u"");
+    saved &= Write(kSection, kKeyVersion, kVersion);
+    for (const Table::Row& row : Table::kRows) {
+        saved &= row.Save(*this, row);
+    }
+    return saved;
 }
 
 std::int64_t CVBRSettings::GetInt(std::u16string_view key, std::int64_t fallback) const {
@@ -271,7 +293,7 @@ std::int64_t CVBRSettings::GetInt(std::u16string_view key, std::int64_t fallback
 std::u16string CVBRSettings::GetString(std::u16string_view key,
                                        std::u16string_view fallback) const {
     for (const std::filesystem::path& file : {files_.Local, files_.User}) {
-        const auto value = profile_.ReadString(file, kSection, key);
+        const auto value = Read(file, kSection, key);
         if (Counts(value)) {
             return *value;
         }
@@ -279,19 +301,17 @@ std::u16string CVBRSettings::GetString(std::u16string_view key,
     return std::u16string(fallback);
 }
 
-void CVBRSettings::SetInt(std::u16string_view key, std::int64_t value) {
-    Write(kSection, key, ToDecimal(value));
+bool CVBRSettings::SetInt(std::u16string_view key, std::int64_t value) {
+    return Write(kSection, key, ToDecimal(value));
 }
 
-void CVBRSettings::SetString(std::u16string_view key, std::u16string_view value) {
-    if (value.size() <= kStringMax) {
-        Write(kSection, key, value);
-    }
+bool CVBRSettings::SetString(std::u16string_view key, std::u16string_view value) {
+    return value.size() <= kStringMax && Write(kSection, key, value);
 }
 
 PanePosition CVBRSettings::GetPanePosition(PanePosition fallback) const {
     const auto read = [this](std::u16string_view key, std::int32_t otherwise) {
-        const auto value = profile_.ReadString(files_.Chosen, kSectionAgent, key);
+        const auto value = Read(files_.Chosen, kSectionAgent, key);
         const auto number = value ? ParseInt(*value) : std::nullopt;
         return static_cast<std::int32_t>(number.value_or(otherwise));
     };
@@ -304,7 +324,7 @@ void CVBRSettings::SetPanePosition(PanePosition position) {
 }
 
 std::u16string CVBRSettings::GetLanguageFileName() {
-    if (const auto value = profile_.ReadString(files_.Chosen, kSection, kKeyLanguage);
+    if (const auto value = Read(files_.Chosen, kSection, kKeyLanguage);
         value && value->size() <= kStringMax) {
         SetLanguage(*value);
     }
@@ -315,8 +335,8 @@ void CVBRSettings::SetLanguage(std::u16string_view name) {
     Language = FileNameOf(name);
 }
 
-void CVBRSettings::WriteLanguage(std::u16string_view name) {
-    SetString(kKeyLanguage, FileNameOf(name));
+bool CVBRSettings::WriteLanguage(std::u16string_view name) {
+    return SetString(kKeyLanguage, FileNameOf(name));
 }
 
 std::uint32_t CVBRSettings::GetDaysCheckForUpdates() const {
@@ -332,6 +352,7 @@ std::int32_t CVBRSettings::GetMaxHistoryItemsInMenu() const {
 }
 
 SystemTime CVBRSettings::GetLastCheckForUpdates() {
+    readFailed_ = false;
     const auto low = FindInt(kKeyLastCheckLow);
     const auto high = FindInt(kKeyLastCheckHigh);
     if (low && high) {
@@ -341,7 +362,9 @@ SystemTime CVBRSettings::GetLastCheckForUpdates() {
             return *time;
         }
     }
-    SetLastCheckForUpdates(kNeverChecked);
+    if (!readFailed_) {
+        SetLastCheckForUpdates(kNeverChecked);
+    }
     return kNeverChecked;
 }
 
@@ -361,7 +384,8 @@ void CVBRSettings::SetSkippedVersion(std::u16string_view versions) {
 }
 
 std::uint32_t CVBRSettings::GetDelayInsertMilliseconds() {
-    if (!FindValue(kKeyDelayInsert)) {
+    readFailed_ = false;
+    if (!FindValue(kKeyDelayInsert) && !readFailed_) {
         SetInt(kKeyDelayInsert, kDelayInsertDefault);
     }
     const std::int64_t delay = GetInt(kKeyDelayInsert, kDelayInsertDefault);
@@ -381,8 +405,8 @@ bool CVBRSettings::IsWelcomeAlreadyStarted() const {
 }
 
 std::optional<std::u16string> CVBRSettings::FindValue(std::u16string_view key) const {
-    auto value = profile_.ReadString(files_.Local, kSection, key);
-    return value ? value : profile_.ReadString(files_.User, kSection, key);
+    auto value = Read(files_.Local, kSection, key);
+    return value ? value : Read(files_.User, kSection, key);
 }
 
 std::optional<std::int64_t> CVBRSettings::FindInt(std::u16string_view key) const {
@@ -395,9 +419,17 @@ bool CVBRSettings::IsVersionUnknown() const {
     return !version || !EqualsNoCase(*version, kVersion);
 }
 
-void CVBRSettings::Write(std::u16string_view section, std::u16string_view key,
+std::optional<std::u16string> CVBRSettings::Read(const std::filesystem::path& file,
+                                                 std::u16string_view section,
+                                                 std::u16string_view key) const {
+    ProfileValue value = profile_.Read(file, section, key);
+    readFailed_ = readFailed_ || value.Result == ProfileRead::Failed;
+    return value.Result == ProfileRead::Found ? std::optional(std::move(value.Text)) : std::nullopt;
+}
+
+bool CVBRSettings::Write(std::u16string_view section, std::u16string_view key,
                          std::u16string_view value) {
-    profile_.WriteString(files_.Chosen, section, key, value);
+    return profile_.WriteString(files_.Chosen, section, key, value);
 }
 
 // A key that stands there without a value chooses the default folder, while a missing one, or one
@@ -416,7 +448,7 @@ void CVBRSettings::ReadPhrasesDirectory() {
 void CVBRSettings::ReadLanguage() {
     bool found = false;
     for (const std::filesystem::path& file : {files_.Chosen, files_.Local, files_.User}) {
-        const auto value = profile_.ReadString(file, kSection, kKeyLanguage);
+        const auto value = Read(file, kSection, kKeyLanguage);
         found = found || (value && value->empty());
         if (Counts(value)) {
             SetLanguage(*value);

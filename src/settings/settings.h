@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -54,16 +55,8 @@ struct PanePosition {
     bool operator==(const PanePosition&) const = default;
 };
 
-// The program's settings. Load replaces the fields; the main thread does it, other threads read
-// single fields. A file that can't be read leaves the defaults, a failed write is ignored.
-class CVBRSettings {
-  public:
-    CVBRSettings(ProfileStore& profile, SettingsFiles files, SystemDefaults system = {});
-    virtual ~CVBRSettings() = default;
-
-    // Whether no program of this settings format has saved here yet, as it was at construction.
-    virtual bool IsNewVersion() const { return isNewVersion_; }
-
+// The settings that one load reads and one save writes.
+struct SettingsValues {
     std::uint32_t DaysCheckForUpdates = 0;
     std::int32_t ClipboardSpyMethod = 0;
     std::u16string PhrasesDirectory;  // as stored: empty for the default, relative or absolute
@@ -97,20 +90,36 @@ class CVBRSettings {
     std::int32_t GestureType = 0;
     bool SaveClipboardHistory = false;
     std::int32_t MaxHistoryItemsInMenu = 0;
+};
+
+// The program's settings. Load replaces the values; the main thread does it, other threads read
+// single ones.
+class CVBRSettings : public SettingsValues {
+  public:
+    CVBRSettings(ProfileStore& profile, SettingsFiles files, SystemDefaults system = {});
+    virtual ~CVBRSettings() = default;
+
+    // Whether no program of this settings format had saved here when the files were first read;
+    // false as long as they can't be.
+    virtual bool IsNewVersion() const { return isNewVersion_.value_or(false); }
 
     // Reads all keys. A missing key keeps the value in memory, or gets its default when that is
-    // fixed; one out of its limits is corrected.
-    void Load();
-    // Writes all keys and who wrote them when to the chosen file.
-    void Save();
+    // fixed; one out of its limits is corrected. False when a file can't be read: all values are
+    // then as before.
+    bool Load();
+    // Whether the last load could read the files, a missing one included.
+    bool WasRead() const { return wasRead_; }
+    // Writes all keys and who wrote them when to the chosen file. False when a key can't be
+    // written; nothing is while the files weren't read, whose values would get lost.
+    bool Save();
 
     // A key of the section "Settings": from the local file when it stands there, else from the user
     // copy. A number that can't be read gives the fallback. A string value counts when it has 1 to
-    // 260 characters, and a longer one is not written.
+    // 260 characters, and a longer one is not written. False when a value can't be written.
     std::int64_t GetInt(std::u16string_view key, std::int64_t fallback) const;
     std::u16string GetString(std::u16string_view key, std::u16string_view fallback) const;
-    void SetInt(std::u16string_view key, std::int64_t value);
-    void SetString(std::u16string_view key, std::u16string_view value);
+    bool SetInt(std::u16string_view key, std::int64_t value);
+    bool SetString(std::u16string_view key, std::u16string_view value);
 
     // The pane's top left corner in the chosen file; a missing number is that of `fallback`.
     PanePosition GetPanePosition(PanePosition fallback) const;
@@ -122,20 +131,20 @@ class CVBRSettings {
     // Takes a name, or the name out of a path, in memory alone.
     void SetLanguage(std::u16string_view name);
     // Writes the key alone.
-    void WriteLanguage(std::u16string_view name);
+    bool WriteLanguage(std::u16string_view name);
 
     std::uint32_t GetDaysCheckForUpdates() const;           // 1 to 30
     std::uint32_t GetAddLastUsedMenuToBegin_Count() const;  // 1 to 5
     std::int32_t GetMaxHistoryItemsInMenu() const;          // -1 for no limit
     bool IsDefaultPhrasesFolder() const { return PhrasesDirectory.empty(); }
 
-    // UTC. While there is no readable date, a fixed one is given and written.
+    // UTC. While there is no date, a fixed one is given and, if the files can be read, written.
     SystemTime GetLastCheckForUpdates();
     void SetLastCheckForUpdates(const SystemTime& time);
     // Numbers joined by commas.
     std::u16string GetSkippedVersion() const;
     void SetSkippedVersion(std::u16string_view versions);
-    // Writes the default while there is no value.
+    // Writes the default while there is no value, if the files can be read.
     std::uint32_t GetDelayInsertMilliseconds();
     std::u16string GetDirectoryForSave() const;
     void SetDirectoryForSave(std::u16string_view folder);
@@ -146,18 +155,23 @@ class CVBRSettings {
   private:
     struct Table;
 
+    // Notes when the file can't be read.
+    std::optional<std::u16string> Read(const std::filesystem::path& file,
+                                       std::u16string_view section, std::u16string_view key) const;
     // The value of the first of the two files that has the key.
     std::optional<std::u16string> FindValue(std::u16string_view key) const;
     std::optional<std::int64_t> FindInt(std::u16string_view key) const;
     bool IsVersionUnknown() const;
-    void Write(std::u16string_view section, std::u16string_view key, std::u16string_view value);
+    bool Write(std::u16string_view section, std::u16string_view key, std::u16string_view value);
     void ReadPhrasesDirectory();
     void ReadLanguage();
 
     ProfileStore& profile_;
     SettingsFiles files_;
     SystemDefaults system_;
-    bool isNewVersion_;
+    std::optional<bool> isNewVersion_;
+    bool wasRead_ = false;
+    mutable bool readFailed_ = false;  // since it was last cleared
 };
 
 }  // namespace vbr

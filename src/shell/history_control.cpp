@@ -14,7 +14,7 @@ constexpr std::uint32_t kFailingBalloonMs = 10'000;
 }  // namespace
 
 void HistoryControl::StartWithRetry() {
-    if (!with_.Settings.ClipboardHistory || with_.Capture.Start()) {
+    if (!MayStart() || !with_.Settings.ClipboardHistory || with_.Capture.Start()) {
         return;
     }
     with_.Log.Write(u"Start Delayed ClipboardHistory");
@@ -23,7 +23,7 @@ void HistoryControl::StartWithRetry() {
 }
 
 bool HistoryControl::OnInstallSpy() {
-    return with_.Settings.ClipboardHistory && with_.Capture.Start();
+    return MayStart() && with_.Settings.ClipboardHistory && with_.Capture.Start();
 }
 
 bool HistoryControl::OnTimer(std::uintptr_t id) {
@@ -46,6 +46,9 @@ bool HistoryControl::OnTimer(std::uintptr_t id) {
 
 void HistoryControl::ToggleKeeping(bool anew) {
     const bool ran = IsKeeping();
+    if ((!ran || anew) && !MayStart()) {
+        return;
+    }
     if (ran) {
         with_.Capture.Stop();
     }
@@ -54,6 +57,14 @@ void HistoryControl::ToggleKeeping(bool anew) {
     }
     with_.Display.UpdateTrayIcon(TrayIconMode::Modify);
     AnnounceKeep();
+}
+
+// A default limit would delete what the user's own one keeps on the disk.
+bool HistoryControl::MayStart() const {
+    if (!with_.Settings.WasRead()) {
+        with_.Log.Write(u"The clipboard history waits until the settings can be read");
+    }
+    return with_.Settings.WasRead();
 }
 
 void HistoryControl::Clear() {

@@ -55,7 +55,7 @@ class HistoryControl {
     void AnnounceKeep() { keepObservers_.Announce(IsKeeping()); }
 
     // When the settings ask for the history: starts it, or goes on trying every two seconds, 200
-    // times at most.
+    // times at most. It never starts while the settings can't be read.
     void StartWithRetry();
     // One such try; true when the history is kept afterwards.
     bool OnInstallSpy();
@@ -75,6 +75,8 @@ class HistoryControl {
     void OnNotice(std::uint32_t code, std::uint32_t parameter, std::uint32_t sequence);
 
   private:
+    bool MayStart() const;
+
     Collaborators with_;
     HistoryNotices notices_;
     Announcer<bool> keepObservers_;

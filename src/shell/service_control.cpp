@@ -4,6 +4,7 @@
 namespace vbr {
 
 std::optional<std::u16string> ServiceControl::InstallService() {
+    isWanted_ = true;
     SetLog(with_.Settings.WriteLog);
     LoadPhrases();
     return with_.Hotkey.Install({.TrayWindow = with_.Window,
@@ -13,6 +14,19 @@ std::optional<std::u16string> ServiceControl::InstallService() {
                                  .AllowWaitAnswer = with_.Menu.IsAllow_WaitAnswerFromExeAgent(),
                                  .Route = with_.Route},
                                 with_.Files.FileExists(with_.Locations.HookLibrary()));
+}
+
+void ServiceControl::StopService() {
+    isWanted_ = false;
+    with_.Hotkey.Stop();
+}
+
+void ServiceControl::Renew() {
+    SetLog(with_.Settings.WriteLog);
+    if (isWanted_) {
+        with_.Hotkey.Stop();
+        InstallService();
+    }
 }
 
 void ServiceControl::SetLog(bool on) {

@@ -41,7 +41,9 @@ class ServiceControl {
 
     // On a failure the hot key stays off, and the text tells the user why.
     std::optional<std::u16string> InstallService();
-    void StopService() { with_.Hotkey.Stop(); }
+    void StopService();
+    // After the settings were read late: the log, and the service if it is to be on, as they say.
+    void Renew();
     bool IsServiceInstalled() const { return with_.Hotkey.IsInstalled(); }
 
     void RestartQueryWait() { with_.Hotkey.RestartWait(); }
@@ -68,6 +70,7 @@ class ServiceControl {
     std::u16string PhrasesFolder() const;
 
     Collaborators with_;
+    bool isWanted_ = false;  // even if it could not be installed
 };
 
 }  // namespace vbr

@@ -100,26 +100,41 @@ void TrayCommands::RereadPhrases(bool balloon) {
     });
 }
 
+void TrayCommands::Toggle(bool CVBRSettings::*setting) {
+    const bool wanted = !(with_.Settings.*setting);
+    with_.Reader.ReadMissing();
+    with_.Settings.*setting = wanted;
+    with_.Reader.Save();
+}
+
 void TrayCommands::ToggleSounds() {
-    with_.Settings.SoundOnEvents = !with_.Settings.SoundOnEvents;
-    with_.Settings.Save();
+    Toggle(&CVBRSettings::SoundOnEvents);
     with_.Sounds.PlayNotification();
 }
 
 void TrayCommands::ToggleLog() {
-    with_.Settings.WriteLog = !with_.Log.IsLogOn();
-    with_.Service.SetLog(with_.Settings.WriteLog);
-    with_.Settings.Save();
+    const bool wanted = !with_.Log.IsLogOn();
+    with_.Reader.ReadMissing();
+    with_.Settings.WriteLog = wanted;
+    with_.Service.SetLog(wanted);
+    with_.Reader.Save();
 }
 
 void TrayCommands::TogglePaneOnStart() {
-    with_.Settings.ShowHistoryPaneOnStart = !with_.Settings.ShowHistoryPaneOnStart;
-    with_.Settings.Save();
+    Toggle(&CVBRSettings::ShowHistoryPaneOnStart);
+}
+
+void TrayCommands::ToggleKeeping() {
+    const bool wanted = !IsKeeping();
+    // May start it.
+    with_.Reader.ReadMissing();
+    if (IsKeeping() != wanted) {
+        with_.History.ToggleKeeping(false);
+    }
 }
 
 void TrayCommands::ToggleSavingHistory() {
-    with_.Settings.SaveClipboardHistory = !with_.Settings.SaveClipboardHistory;
-    with_.Settings.Save();
+    Toggle(&CVBRSettings::SaveClipboardHistory);
     with_.History.Save();
 }
 

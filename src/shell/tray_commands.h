@@ -11,6 +11,7 @@
 #include "shell/history_control.h"
 #include "shell/query_flow.h"
 #include "shell/service_control.h"
+#include "shell/settings_reader.h"
 #include "shell/tray_display.h"
 #include "shell/tray_view.h"
 #include "web/vbr_url.h"
@@ -22,6 +23,7 @@ class TrayCommands {
   public:
     struct Collaborators {
         CVBRSettings& Settings;
+        SettingsReader& Reader;
         ServiceControl& Service;
         HistoryControl& History;
         QueryFlow& Flow;
@@ -64,12 +66,14 @@ class TrayCommands {
     bool HasHistory() const { return with_.History.GetCount() > 0; }
     bool IsHistorySaved() const { return with_.Settings.SaveClipboardHistory; }
 
+    // What the user sees is inverted and saved, whatever a file says that is read only now.
+    void Toggle(bool CVBRSettings::*setting);
     void ToggleService();
     void Reread() { RereadPhrases(true); }
     void ToggleSounds();
     void ToggleLog();
     void TogglePaneOnStart();
-    void ToggleKeeping() { with_.History.ToggleKeeping(false); }
+    void ToggleKeeping();
     void KeepAnew() { with_.History.ToggleKeeping(true); }
     void ClearHistory() { with_.History.Clear(); }
     void ToggleSavingHistory();

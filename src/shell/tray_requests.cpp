@@ -57,16 +57,29 @@ void TrayRequests::WatchHotkey() {
 void TrayRequests::OnEditorEnded() {
     with_.Log.Write(u"Detected event: PhraseEditor closed");
     with_.Flow.WhenIdle([this] {
-        with_.Settings.Load();
-        with_.Service.ClearMenuFonts();
-        ApplyLanguage();
-        with_.Commands.RereadPhrases(false);
-        if (with_.Settings.ClipboardHistory && !with_.History.IsKeeping()) {
-            with_.History.OnInstallSpy();
-            with_.History.AnnounceKeep();
-        }
-        with_.Display.UpdateTrayIcon(TrayIconMode::Modify);
+        with_.Reader.Read();
+        ApplySettings();
     });
+}
+
+void TrayRequests::OnSettingsReadLate() {
+    with_.Flow.WhenIdle([this] {
+        with_.Service.Renew();
+        with_.Log.Write(u"Settings were read late, they take effect now");
+        with_.History.StartWithRetry();
+        ApplySettings();
+    });
+}
+
+void TrayRequests::ApplySettings() {
+    with_.Service.ClearMenuFonts();
+    ApplyLanguage();
+    with_.Commands.RereadPhrases(false);
+    if (with_.Settings.ClipboardHistory && !with_.History.IsKeeping()) {
+        with_.History.OnInstallSpy();
+        with_.History.AnnounceKeep();
+    }
+    with_.Display.UpdateTrayIcon(TrayIconMode::Modify);
 }
 
 void TrayRequests::OnLanguageChanged() {
@@ -91,7 +104,7 @@ void TrayRequests::OnTimer(std::uintptr_t id) {
         with_.Flow.OnMenuWanted();
     } else if (id == kTimerHeldHotkey) {
         WatchHotkey();
-    } else if (!with_.Display.OnTimer(id)) {
+    } else if (!with_.Display.OnTimer(id) && !with_.Reader.OnTimer(id)) {
         with_.History.OnTimer(id);
     }
 }

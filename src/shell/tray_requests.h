@@ -16,6 +16,7 @@
 #include "shell/history_control.h"
 #include "shell/query_flow.h"
 #include "shell/service_control.h"
+#include "shell/settings_reader.h"
 #include "shell/tray_commands.h"
 #include "shell/tray_display.h"
 
@@ -32,6 +33,7 @@ class TrayRequests {
   public:
     struct Collaborators {
         CVBRSettings& Settings;
+        SettingsReader& Reader;
         const ProfileStore& Profile;
         const Strings& Texts;
         vbr::Clock& Clock;
@@ -58,6 +60,8 @@ class TrayRequests {
     void OnHotKey(std::uint32_t tick);
     // The editor has changed settings and phrases.
     void OnEditorEnded();
+    // The settings were read later than they were needed.
+    void OnSettingsReadLate();
     void OnLanguageChanged();
     // Texts and links come in the language of the settings from now on.
     void ApplyLanguage();
@@ -66,6 +70,8 @@ class TrayRequests {
     std::u16string PaneTitle() const;
 
   private:
+    // Phrases, texts, history and icon become as the settings say.
+    void ApplySettings();
     // Looks whether the hot key was let go, and goes on looking until it is.
     void WatchHotkey();
 

@@ -26,6 +26,7 @@ class FakeTrayView : public TrayView {
     std::vector<bool> Blinks;
     std::u16string Balloon;  // empty when none shows
     std::set<std::uintptr_t> Timers;
+    std::vector<std::uint32_t> Pauses;  // of all timers
     std::vector<std::u16string> Messages;
     int MenusShown = 0;
     bool IsClosed = false;
@@ -40,8 +41,9 @@ class FakeTrayView : public TrayView {
         Balloon = text;
         return true;
     }
-    bool StartTimer(std::uintptr_t id, std::uint32_t) override {
+    bool StartTimer(std::uintptr_t id, std::uint32_t milliseconds) override {
         Timers.insert(id);
+        Pauses.push_back(milliseconds);
         return true;
     }
     void ShowError(std::u16string_view text) override { Messages.emplace_back(text); }
@@ -154,6 +156,10 @@ struct ShellFixture : MenuFixture {
                             .Tree = Phrases.Tree,
                             .Menu = Menu,
                             .Hotkey = Hotkey}};
+    SettingsReader SettingsFile{
+        {.Settings = Settings, .View = View, .Log = Macros.Log, .OnReadLate = [this] {
+             Requests.OnSettingsReadLate();
+         }}};
     TrayDisplay Display{{.View = View,
                          .State = [this] { return Service.State(false); },
                          .Settings = Settings,
@@ -188,6 +194,7 @@ struct ShellFixture : MenuFixture {
                     .Log = Macros.Log,
                     .RunCommand = [this](int command) { Commands.Run(command); }}};
     TrayCommands Commands{{.Settings = Settings,
+                           .Reader = SettingsFile,
                            .Service = Service,
                            .History = History,
                            .Flow = Flow,
@@ -197,6 +204,7 @@ struct ShellFixture : MenuFixture {
                            .Opener = Opener,
                            .Log = Macros.Log}};
     TrayRequests Requests{{.Settings = Settings,
+                           .Reader = SettingsFile,
                            .Profile = Profile,
                            .Texts = Macros.Texts,
                            .Clock = Macros.Clock,

@@ -70,7 +70,7 @@ class SettingsTest : public testing::Test {
 
 TEST_F(SettingsTest, AFirstSaveWritesStampsVersionAndTheDefaultOfEveryKey) {
     folder_.Write("local.ini", "\xEF\xBB\xBF");
-    Make().Save();
+    EXPECT_TRUE(Loaded().Save());
     EXPECT_EQ(folder_.Read("local.ini"), "\xEF\xBB\xBF" + WithStamps(kDefaults));
 }
 
@@ -159,10 +159,69 @@ TEST_F(SettingsTest, TheLocalFileComesBeforeTheUserCopyKeyByKeyAndTheChosenOneIs
     EXPECT_EQ(folder_.Read("local.ini"), local);
 }
 
-TEST_F(SettingsTest, AFileThatCannotBeReadLeavesTheDefaultsAndIsKept) {
+TEST_F(SettingsTest, AFileHeldAtAnyMomentOfLoadingChangesNothingUntilItIsRead) {
+    WriteLocal("VBRVersion=VBR_150\r\nHotkey=131109\r\nSaveClipboardHistory_v198=0\r\n");
+    WriteUser("ClipboardHistoryMax=7\r\n");
+    const std::string local = folder_.Read("local.ini");
+    CVBRSettings settings = Make();
+    settings.PrintLTChars = 50;
+    EXPECT_FALSE(settings.Save());
+    int reads = 0;
+    int free = 0;
+    profile_.IsHeld = [&](const auto&) { return reads++ == free; };
+    for (; !settings.Load(); reads = 0, ++free) {
+        ASSERT_GT(reads, free);
+        EXPECT_EQ(settings.HotkeyVk, 13);
+        EXPECT_TRUE(settings.SaveClipboardHistory);
+        EXPECT_EQ(settings.ClipboardHistoryMax, 30u);
+        EXPECT_EQ(settings.PrintLTChars, 50u);
+        EXPECT_FALSE(settings.Save());
+        ASSERT_EQ(folder_.Read("local.ini"), local);
+    }
+    EXPECT_EQ(reads, free);
+    EXPECT_GT(free, 60);  // nearly all keys, in both files
+    EXPECT_EQ(settings.HotkeyVk, 0x25);
+    profile_.IsHeld = [](const auto&) { return false; };
+    EXPECT_TRUE(settings.Save());
+    EXPECT_EQ(Stored(u"SaveClipboardHistory_v198"), u"0");
+    EXPECT_EQ(Stored(u"ClipboardHistoryMax"), u"7");
+    // What was read once does not go over what may have come since.
+    reads = free = 0;
+    profile_.IsHeld = [&](const auto&) { return reads++ == 0; };
+    EXPECT_FALSE(settings.Load());
+    EXPECT_FALSE(settings.Save());
+}
+
+TEST_F(SettingsTest, WhatAHeldFileMaySayIsNotTakenForMissing) {
+    for (const std::filesystem::path& held : {local_, user_}) {
+        WriteLocal("");
+        WriteUser("VBRVersion=VBR_149\r\n");
+        const std::string local = folder_.Read("local.ini");
+        profile_.IsHeld = [&](const auto& file) { return file == held; };
+        CVBRSettings settings = Make();
+        EXPECT_FALSE(settings.Load());
+        EXPECT_FALSE(settings.IsNewVersion());
+        EXPECT_EQ(settings.GetDelayInsertMilliseconds(), 400u);
+        EXPECT_EQ(settings.GetLastCheckForUpdates().Year, 2013);
+        profile_.IsHeld = [](const auto&) { return false; };
+        EXPECT_EQ(folder_.Read("local.ini"), local);
+        EXPECT_TRUE(settings.Load());
+        EXPECT_TRUE(settings.IsNewVersion());
+    }
+}
+
+TEST_F(SettingsTest, ASaveThatCannotWriteAKeySaysSo) {
+    CVBRSettings settings = Loaded();
+    int writes = 0;
+    profile_.IsHeld = [&](const auto&) { return writes++ == 20; };
+    EXPECT_FALSE(settings.Save());
+    EXPECT_TRUE(settings.Save());
+}
+
+TEST_F(SettingsTest, AFolderInTheFilesPlaceLeavesTheDefaultsAndIsKept) {
     folder_.Write("local.ini/inner.txt", "x");
     CVBRSettings settings = Loaded();
-    settings.Save();
+    EXPECT_FALSE(settings.Save());
     EXPECT_EQ(settings.ClipboardHistoryMax, 30u);
     EXPECT_EQ(folder_.Read("local.ini/inner.txt"), "x");
 }
@@ -171,7 +230,7 @@ TEST_F(SettingsTest, AVersionStampOfThisFormatIsNotNew) {
     for (const auto& [version, isNew] :
          {std::pair{"VBRVersion=VBR_149\r\n", true}, {"VBRVersion=vbr_150\r\n", false}}) {
         WriteLocal(version);
-        CVBRSettings settings = Make();
+        CVBRSettings settings = Loaded();
         settings.Save();
         EXPECT_EQ(settings.IsNewVersion(), isNew) << version;
     }

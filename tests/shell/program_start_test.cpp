@@ -3,12 +3,16 @@
 #include <gtest/gtest.h>
 
 #include "base/text.h"
+#include "fakes/fake_clock.h"
 #include "fakes/fake_named_objects.h"
 #include "fakes/journal.h"
 #include "fakes/memory_log.h"
+#include "fakes/native_profile_store.h"
+#include "fakes/temp_folder.h"
 #include "platform/object_names.h"
 #include "shell/command_line.h"
 #include "shell/instance_control.h"
+#include "shell/settings_reader.h"
 
 namespace vbr {
 namespace {
@@ -44,6 +48,22 @@ TEST(CommandLine, KeysSetTheirFlags) {
         {u"/editor -edit", "edit "}};
     for (const auto& [text, flags] : cases) {
         EXPECT_EQ(FlagsOf(CVBRCmdLine(text)), flags) << Utf16ToUtf8(text);
+    }
+}
+
+TEST(SettingsStart, AHeldFileIsTriedForTwoSecondsAtMost) {
+    const TempFolder folder;
+    const auto file = folder.Path() / "Settings.ini";
+    folder.Write("Settings.ini", "[Settings]\r\nWriteLog=1\r\n");
+    for (const auto& [heldMs, read] : {std::pair(0U, true), {1700U, true}, {60'000U, false}}) {
+        NativeProfileStore profile;
+        FakeClock clock;
+        profile.IsHeld = [&, ms = heldMs](const auto&) { return clock.Tick < ms; };
+        CVBRSettings settings(profile, {file, file, {}, u"", u""});
+        EXPECT_EQ(ReadSettingsAtStart(settings, clock), read) << heldMs;
+        EXPECT_EQ(settings.WriteLog, read);
+        EXPECT_GE(clock.Tick, std::min(heldMs, 2000U));
+        EXPECT_LE(clock.Tick, std::min(heldMs + 100, 2000U));
     }
 }
 

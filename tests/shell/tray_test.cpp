@@ -237,6 +237,86 @@ TEST_F(Tray, TheEditorsEndRereadsSettingsAndPhrasesAndBlinksFourTimes) {
     EXPECT_EQ(View.Blinks, (std::vector{true, false, true, false, true, false, true, false}));
 }
 
+class HeldSettings : public Tray {
+  protected:
+    HeldSettings() {
+        Phrases.Folder.Write("settings.txt", "[Settings]\r\n" + kUsersOwn);
+        Profile.IsHeld = [this](const auto&) { return isHeld_; };
+        Settings.Load();
+        SettingsFile.TryAgainLater();
+        Calls.clear();
+    }
+    std::string File() const { return Phrases.Folder.Read("settings.txt"); }
+
+    const std::string kUsersOwn =
+        "Hotkey=131109\r\nSoundOnEventsV094=0\r\nWriteLog=1\r\nClipboardHistoryMax=500\r\n";
+    bool isHeld_ = true;
+};
+
+TEST_F(HeldSettings, AreTriedWithGrowingPausesAndTakeEffectWhenTheyAreRead) {
+    for (int i = 0; i < 8; ++i) {
+        Expire(kTimerReadSettings);
+    }
+    EXPECT_THAT(View.Pauses,
+                ElementsAre(1000, 2000, 4000, 8000, 16'000, 32'000, 64'000, 64'000, 64'000));
+    // Its limit is a default: it would delete what the user keeps.
+    History.StartWithRetry();
+    Commands.Run(kCmdKeepHistory);
+    EXPECT_EQ(Capture.Starts, 0);
+    Phrases.Write("p.vellumbridge");
+    isHeld_ = false;
+    Calls.clear();
+    Expire(kTimerReadSettings);
+    EXPECT_THAT(Calls, testing::IsSupersetOf({"unregister", "register 2+37"}));
+    EXPECT_TRUE(Service.IsServiceInstalled());
+    EXPECT_EQ(LogOfUser.Running, u"log.txt");
+    EXPECT_EQ(PhraseCount(), 1U);
+    EXPECT_TRUE(History.IsKeeping());
+    EXPECT_FALSE(View.Timers.contains(kTimerReadSettings));
+}
+
+TEST_F(HeldSettings, AreNeverOverwrittenByACommand) {
+    const std::string before = File();
+    for (const int command :
+         {kCmdSounds, kCmdWriteLog, kCmdHistoryPaneOnStart, kCmdSaveHistoryOnExit}) {
+        const bool was = IsOn(command);
+        Commands.Run(command);
+        Macros.Log.On = !LogOfUser.Running.empty();
+        EXPECT_NE(IsOn(command), was) << command;
+    }
+    isHeld_ = false;
+    EXPECT_EQ(File(), before);
+    EXPECT_TRUE(Told(u"Settings not saved"));
+}
+
+TEST_F(HeldSettings, AreReadFirstByACommandWhenTheyCanBe) {
+    isHeld_ = false;
+    // The user sees sounds that are on.
+    ASSERT_TRUE(IsOn(kCmdSounds));
+    Commands.Run(kCmdSounds);
+    EXPECT_FALSE(IsOn(kCmdSounds));
+    EXPECT_THAT(Calls, testing::Contains("register 2+37"));
+    EXPECT_THAT(File(), testing::AllOf(testing::HasSubstr("ClipboardHistoryMax=500\r\n"),
+                                       testing::HasSubstr("SoundOnEventsV094=0\r\n"),
+                                       testing::HasSubstr("PrintLTChars=100\r\n")));
+    Expire(kTimerReadSettings);
+    EXPECT_FALSE(View.Timers.contains(kTimerReadSettings));
+}
+
+TEST_F(HeldSettings, GiveTheHistoryThatTheUserAsksForWhenTheyCanBeRead) {
+    isHeld_ = false;
+    Commands.Run(kCmdKeepHistory);
+    EXPECT_TRUE(History.IsKeeping());
+}
+
+TEST_F(HeldSettings, LeaveAServiceOffThatTheUserTurnedOff) {
+    Commands.Run(kCmdEnableService);
+    isHeld_ = false;
+    Requests.OnEditorEnded();
+    EXPECT_EQ(Settings.ClipboardHistoryMax, 500U);
+    EXPECT_FALSE(Service.IsServiceInstalled());
+}
+
 TEST_F(Tray, AHistoryThatCannotStartIsTriedAgainUntilItDoes) {
     Settings.ClipboardHistory = true;
     Capture.Keeping = Capture.CanStart = false;

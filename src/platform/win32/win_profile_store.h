@@ -10,9 +10,8 @@ namespace vbr {
 // with a UTF-8 mark or with zero bytes, goes through ProfileText instead.
 class WinProfileStore : public ProfileStore {
   public:
-    std::optional<std::u16string> ReadString(const std::filesystem::path& file,
-                                             std::u16string_view section,
-                                             std::u16string_view key) const override;
+    ProfileValue Read(const std::filesystem::path& file, std::u16string_view section,
+                      std::u16string_view key) const override;
     bool WriteString(const std::filesystem::path& file, std::u16string_view section,
                      std::u16string_view key, std::u16string_view value) override;
 

@@ -14,6 +14,7 @@
 #include "platform/win32/win_menu_font.h"
 #include "resources/resource_ids.h"
 #include "settings/system_defaults.h"
+#include "shell/settings_reader.h"
 #include "shell/tray_messages.h"
 #include "shell/win32/tray_window.h"
 
@@ -89,14 +90,11 @@ Application::Application()
       log_(clock_),
       report_(log_, strings_, alerts_),
       guard_(faults_, report_),
-      instance_(objects_, autostart_, log_) {
-    settings_.Load();
-}
+      instance_(objects_, autostart_, log_) {}
 
 int Application::Main(std::u16string_view rawCmdLine) {
-    if (settings_.WriteLog) {
-        log_.StartLog(locations_.LogFile);
-    }
+    ReadSettingsAtStart(settings_, clock_);
+    StartLogIfWanted();
     const CVBRCmdLine cmdLine(rawCmdLine);
     log_.Write(Concat(u"Start Vellumbridge ", VersionText(), u" with cmdline [", rawCmdLine,
                       u"] on ", DateAndTime()));
@@ -105,11 +103,21 @@ int Application::Main(std::u16string_view rawCmdLine) {
     if (exitCode) {
         return *exitCode;
     }
+    // It may have waited.
+    if (!settings_.WasRead() && settings_.Load()) {
+        StartLogIfWanted();
+    }
     const int result = RunResident(cmdLine);
     instance_.Release();
     tempFiles_.DeleteAll(log_);
     WriteBanner(u"===End Vellum Bridge===");
     return result;
+}
+
+void Application::StartLogIfWanted() {
+    if (settings_.WriteLog) {
+        log_.StartLog(locations_.LogFile);
+    }
 }
 
 int Application::RunResident(const CVBRCmdLine& cmdLine) {

@@ -36,6 +36,7 @@ class Application {
     int Main(std::u16string_view cmdLine);
 
   private:
+    void StartLogIfWanted();
     int RunResident(const CVBRCmdLine& cmdLine);
     void ShowHelp();
     // A line that parts off a run of the program, with the time behind it.

@@ -242,6 +242,10 @@ Program::Program(const ProcessContext& process, HWND window, TrayView& view)
                 .Window = NumberOf(window),
                 .QueryMessage = queryMessage_,
                 .Route = RouteOfLibrary(process.ForcedRoute)}),
+      settingsReader_({.Settings = process.Settings,
+                       .View = view,
+                       .Log = process.Log,
+                       .OnReadLate = [this] { requests_.OnSettingsReadLate(); }}),
       display_({.View = view,
                 .State =
                     [this] {
@@ -282,6 +286,7 @@ Program::Program(const ProcessContext& process, HWND window, TrayView& view)
              .Log = process.Log,
              .RunCommand = [this](int command) { commands_.Run(command); }}),
       commands_({.Settings = process.Settings,
+                 .Reader = settingsReader_,
                  .Service = service_,
                  .History = history_,
                  .Flow = flow_,
@@ -292,6 +297,7 @@ Program::Program(const ProcessContext& process, HWND window, TrayView& view)
                  .Window = NumberOf(window),
                  .Log = process.Log}),
       requests_({.Settings = process.Settings,
+                 .Reader = settingsReader_,
                  .Profile = process.Profile,
                  .Texts = process.Texts,
                  .Clock = process.Clock,
@@ -333,6 +339,7 @@ void Program::Start() {
     } else {
         requests_.InstallAtStart();
     }
+    settingsReader_.TryAgainLater();
     display_.InstallWithRetry();
     BeginSessionNotices(sessionNotify_, NumberOf(window_), process_.Log);
     if (process_.CmdLine.Edit()) {

@@ -51,6 +51,7 @@
 #include "shell/hotkey_service.h"
 #include "shell/query_flow.h"
 #include "shell/service_control.h"
+#include "shell/settings_reader.h"
 #include "shell/tray_commands.h"
 #include "shell/tray_display.h"
 #include "shell/tray_requests.h"
@@ -212,6 +213,7 @@ class Program {
     IDataNeededHander_MenuSelf menu_;
     RightMenuCommands rightMenu_;
     ServiceControl service_;
+    SettingsReader settingsReader_;
     TrayDisplay display_;
     HandlerCapture capture_;
     HistoryControl history_;
