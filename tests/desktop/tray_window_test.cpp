@@ -133,6 +133,25 @@ TEST_F(TrayWindowTest, TheServiceGivesUpAllWhenTurnedOffAndServesTheHotKeyWhenTu
     CloseMenu();
 }
 
+TEST_F(TrayWindowTest, SettingsHeldAtTheStartAreKeptAndTakeEffectWhenTheyAreFree) {
+    const auto file = program_.Folder() / L"Settings.ini";
+    const int ctrlF9 = MOD_CONTROL << 16 | VK_F9;
+    program_.WriteSettings("WriteLog=1\nHotkey=" + std::to_string(ctrlF9));
+    const std::string before = FileBytes(file);
+    UniqueHandle holder(CreateFileW(file.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING,
+                                    FILE_ATTRIBUTE_NORMAL, nullptr));
+    ASSERT_TRUE(IsValid(holder));
+    ASSERT_TRUE(program_.StartResident());
+    Send(WM_COMMAND, kCmdSaveHistoryOnExit);
+    EXPECT_FALSE(RegisterHotKey(nullptr, 7, MOD_CONTROL | MOD_ALT, VK_RETURN));
+    holder.reset();
+    EXPECT_EQ(FileBytes(file), before);
+    EXPECT_TRUE(WaitForLog(u"Settings were read late"));
+    EXPECT_TRUE(RegisterHotKey(nullptr, 7, MOD_CONTROL | MOD_ALT, VK_RETURN));
+    UnregisterHotKey(nullptr, 7);
+    EXPECT_FALSE(RegisterHotKey(nullptr, 7, MOD_CONTROL, VK_F9));
+}
+
 TEST_F(TrayWindowTest, TheEditorIsToldTheHotKeyAndExitLeavesNoEventAreaOrFile) {
     program_.WriteSettings("Hotkey_Doubled=1");
     program_.AddPhrase("Only", 1, "x");
