@@ -47,13 +47,7 @@ class ProfileStore {
     virtual bool WriteString(const std::filesystem::path& file, std::u16string_view section,
                              std::u16string_view key, std::u16string_view value) = 0;
 
-    // Bytes in the form of the platform's struct values. Reading fails, with nothing changed,
-    // unless the key holds exactly that many bytes and their right sum.
-    bool ReadStruct(const std::filesystem::path& file, std::u16string_view section,
-                    std::u16string_view key, std::span<std::uint8_t> bytes) const {
-        const std::optional<std::u16string> text = ReadString(file, section, key);
-        return text && DecodeProfileStruct(*text, bytes);
-    }
+    // Bytes in the form of the platform's struct values, which DecodeProfileStruct reads.
     bool WriteStruct(const std::filesystem::path& file, std::u16string_view section,
                      std::u16string_view key, std::span<const std::uint8_t> bytes) {
         return WriteString(file, section, key, EncodeProfileStruct(bytes));

@@ -38,7 +38,7 @@ TEST_F(WinSettingsTest, StructValuesAreThoseOfTheSystem) {
     EXPECT_EQ(read, bytes);
     read = {};
     EXPECT_TRUE(WritePrivateProfileStructW(L"S", L"Theirs", bytes.data(), 5, file_.c_str()));
-    EXPECT_TRUE(profile_.ReadStruct(file_, u"S", u"Theirs", read));
+    EXPECT_TRUE(DecodeProfileStruct(profile_.Read(file_, u"S", u"Theirs").Text, read));
     EXPECT_EQ(read, bytes);
 }
 
