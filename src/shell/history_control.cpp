@@ -86,6 +86,7 @@ void HistoryControl::OnSaveEnded() {
     isFailing_ = state.IsFailing;
     with_.Log.Write(Concat(u"Saving of the clipboard history fails again and again: ",
                            int{isFailing_}));
+    with_.Display.SetHistoryNotSaved(isFailing_);
     with_.Display.UpdateTrayIcon(TrayIconMode::Modify);
     if (isFailing_) {
         with_.Display.ShowTrayBalloon(with_.Texts.LoadString(kStrHistoryNotSaved),

@@ -68,7 +68,6 @@ class HistoryControl {
     // A save has ended: begins the next one that is wanted, tries again later what failed, and tells
     // the user when it goes on failing.
     void OnSaveEnded();
-    bool IsSavingFailing() const { return isFailing_; }
     void OnLanguageChanged() { with_.Queue.ClearTips(); }
 
     // A notice of the capturing window, with the clipboard's number now.

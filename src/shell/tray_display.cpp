@@ -40,8 +40,10 @@ void TrayDisplay::OnRetry() {
 }
 
 bool TrayDisplay::UpdateTrayIcon(TrayIconMode mode, std::u16string_view balloonText, bool warning) {
-    return with_.View.ChangeIcon(
-        mode, MakeTrayIconContent(with_.State(), balloonText, warning, with_.Texts));
+    TrayState state = with_.State();
+    state.HistoryNotSaved = historyNotSaved_;
+    return with_.View.ChangeIcon(mode,
+                                 MakeTrayIconContent(state, balloonText, warning, with_.Texts));
 }
 
 void TrayDisplay::ShowTrayBalloon(std::u16string_view text, std::uint32_t milliseconds) {

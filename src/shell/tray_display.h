@@ -37,6 +37,9 @@ class TrayDisplay {
     // What the first balloon tells; empty for none.
     void SetStartError(std::u16string text) { startError_ = std::move(text); }
 
+    // What the icon tells from its next update on.
+    void SetHistoryNotSaved(bool value) { historyNotSaved_ = value; }
+
     bool UpdateTrayIcon(TrayIconMode mode, std::u16string_view balloonText = {},
                         bool warning = false);
     void ShowTrayBalloon(std::u16string_view text, std::uint32_t milliseconds);
@@ -54,6 +57,7 @@ class TrayDisplay {
 
     Collaborators with_;
     std::u16string startError_;
+    bool historyNotSaved_ = false;
     int triesLeft_ = 0;
     int blinksLeft_ = 0;  // changes of the image
 };

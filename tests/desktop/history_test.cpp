@@ -3,13 +3,17 @@
 
 #include "platform/win32/windows.h"
 
+#include <algorithm>
 #include <fstream>
 #include <psapi.h>
+#include <random>
+#include <thread>
 #include <wtsapi32.h>
 
 #include "desktop/driver/clipboard.h"
 #include "desktop/program_test.h"
 #include "platform/win32/handle.h"
+#include "resources/resource_ids.h"
 #include "shell/tray_messages.h"
 
 namespace vbr::desktop {
@@ -197,18 +201,150 @@ TEST_F(History, CopiesAtFullSpeedLeaveItResponsiveWithTheLastOne) {
     EXPECT_TRUE(WaitForNewest({u"fast 999"}));
 }
 
-TEST_F(History, WhatCouldNotBeSavedIsSavedWhenTheProgramEnds) {
-    const std::filesystem::path folder = program_.Folder() / L"ClipboardHistory";
-    std::ofstream(folder) << "a file in the way";
+// Something stands where the history's folder should, for as long as this lives.
+class BlockedFolder {
+  public:
+    explicit BlockedFolder(const Program& program) : path_(program.Folder() / L"ClipboardHistory") {
+        std::ofstream(path_) << "a file in the way";
+    }
+    ~BlockedFolder() { Remove(); }
+    void Remove() { std::filesystem::remove(path_); }
+
+  private:
+    std::filesystem::path path_;
+};
+
+TEST_F(History, WhatCouldNotBeSavedIsSavedAsSoonAsItCanBe) {
+    BlockedFolder blocked(program_);
     copier_.Copy({});
     ProgramTest::Start();
     ASSERT_TRUE(copier_.CopyUntilTaken(u"kept"));
-    // Neither the load nor the save got at it.
     ASSERT_TRUE(copier_.WaitUntil(
-        [this] { return CountInLog(u"No folder for the clipboard history") == 2; }));
-    std::filesystem::remove(folder);
+        [this] { return CountInLog(u"No folder for the clipboard history") > 2; }));
+    blocked.Remove();
+    EXPECT_TRUE(WaitForNewest({u"kept"}));
+}
+
+TEST_F(History, WhatCouldNotBeSavedIsSavedAtTheEndEvenIfThatTakesAMoment) {
+    BlockedFolder blocked(program_);
+    copier_.Copy({});
+    ProgramTest::Start();
+    ASSERT_TRUE(copier_.CopyUntilTaken(u"kept"));
+    // The pauses between the tries are long by now.
+    ASSERT_TRUE(copier_.WaitUntil([this] { return CountInLog(u"fails again and again: 1") == 1; }));
+    std::thread later([&blocked] {
+        // The end takes half a second to show its balloon.
+        Sleep(900);
+        blocked.Remove();
+    });
     EXPECT_EQ(program_.End(), 0U);
+    later.join();
     EXPECT_EQ(Newest(99), Texts{u"kept"});
+}
+
+// What a user copies, repeats and clears, and what of it must be found after the program was
+// killed.
+class HastyUser {
+  public:
+    HastyUser(Copier& copier, const std::filesystem::path& folder, std::uint32_t seed)
+        : copier_(copier), folder_(folder), chance_(seed) {}
+
+    static constexpr std::size_t kLimit = 6;
+
+    void Act() {
+        const auto chance = chance_() % 30;
+        if (chance == 0 && !copied_.empty()) {
+            Clear();
+            return;
+        }
+        if (chance < 8 && !copied_.empty()) {
+            Copy(copied_[chance_() % copied_.size()]);
+        } else {
+            Copy(Concat(u"text ", ++texts_));
+        }
+        if (chance < 20) {
+            Look();
+        }
+    }
+    std::uint32_t Chance() { return static_cast<std::uint32_t>(chance_()); }
+
+    // After the kill; the texts that the folder holds stay those that were copied.
+    void Check() {
+        Texts found = NewestTexts(folder_, 99);
+        for (const std::u16string& text : found) {
+            EXPECT_EQ(std::ranges::count(copied_, text) + std::ranges::count(past_, text), 1)
+                << Utf16ToUtf8(text);
+        }
+        for (const std::u16string& text : saved_) {
+            EXPECT_TRUE(std::ranges::count(found, text) == 1) << Utf16ToUtf8(text);
+        }
+        std::reverse(found.begin(), found.end());
+        copied_ = saved_ = found;
+        past_.clear();
+    }
+
+  private:
+    void Copy(const std::u16string& text) {
+        copier_.CopyText(text);
+        std::erase(copied_, text);
+        std::erase(past_, text);
+        copied_.push_back(text);
+        // What the limit takes away need not be there any more.
+        while (copied_.size() > kLimit) {
+            past_.push_back(copied_.front());
+            std::erase(saved_, copied_.front());
+            copied_.erase(copied_.begin());
+        }
+        Pump();
+    }
+    void Look() {
+        const Texts found = NewestTexts(folder_, 99);
+        std::erase_if(past_, [&](const auto& text) { return std::ranges::count(found, text) == 0; });
+        for (const std::u16string& text : found) {
+            if (std::ranges::count(copied_, text) == 1 && std::ranges::count(saved_, text) == 0) {
+                saved_.push_back(text);
+            }
+        }
+    }
+    void Clear() {
+        // Else it could be taken after the clear.
+        copier_.WaitUntil([this] { return NewestTexts(folder_, 1) == Texts{copied_.back()}; });
+        SendMessageW(TrayWindow(), WM_COMMAND, kCmdClearHistory, 0);
+        copied_.clear();
+        saved_.clear();
+        past_.clear();
+        copier_.WaitUntil([this] { return NewestTexts(folder_, 1).empty(); });
+    }
+
+    Copier& copier_;
+    std::filesystem::path folder_;
+    std::mt19937 chance_;
+    int texts_ = 0;
+    Texts copied_;  // the newest last
+    Texts saved_;   // of these, seen on the disk
+    Texts past_;    // beyond the limit, and not yet seen to be gone
+};
+
+TEST_F(History, KilledAHundredTimesItKeepsWhatWasSavedAndBringsNothingBack) {
+    HastyUser user(copier_, program_.Folder(), 1);
+    Start("ClipboardHistoryMax=6");
+    for (int round = 0; round < 100; ++round) {
+        const DWORD start = GetTickCount();
+        const DWORD span = 50 + user.Chance() % 300;
+        while (GetTickCount() - start < span) {
+            user.Act();
+        }
+        program_.Resident().Terminate();
+        user.Check();
+        ASSERT_FALSE(HasFailure()) << round;
+        ASSERT_TRUE(program_.StartResident());
+    }
+    EXPECT_EQ(program_.End(), 0U);
+    // What was half written and half deleted is gone.
+    const auto files = std::distance(
+        std::filesystem::directory_iterator(program_.Folder() / L"ClipboardHistory"), {});
+    EXPECT_EQ(static_cast<std::size_t>(files),
+              2 * ReadStoredHistory(program_.Folder()).size());
 }
 
 TEST_F(History, NothingIsKeptWhileTheSessionIsLocked) {

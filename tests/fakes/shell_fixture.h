@@ -30,9 +30,11 @@ class FakeTrayView : public TrayView {
     std::vector<std::u16string> Messages;
     int MenusShown = 0;
     bool IsClosed = false;
+    std::u16string Tip;
 
-    bool ChangeIcon(TrayIconMode mode, const TrayIconContent&) override {
+    bool ChangeIcon(TrayIconMode mode, const TrayIconContent& content) override {
         Icons.push_back(mode);
+        Tip = content.Tip;
         return TakesIcons;
     }
     void DeleteIcon() override { Icons.clear(); }

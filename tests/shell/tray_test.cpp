@@ -141,6 +141,7 @@ TEST_F(Tray, TheHistoryIsKeptKeptAnewAndCleared) {
     Commands.Run(kCmdClearHistory);
     EXPECT_EQ(Clips.Queue.GetCount(), 0U);
     EXPECT_EQ(Capture.Changes, 1);
+    EXPECT_EQ(Capture.Saves, 1);
     Commands.Run(kCmdKeepHistory);
     EXPECT_FALSE(IsOn(kCmdKeepHistory));
     EXPECT_EQ(announced, 21);
@@ -326,6 +327,28 @@ TEST_F(Tray, AHistoryThatCannotStartIsTriedAgainUntilItDoes) {
     Expire(kTimerInstallSpy);
     EXPECT_TRUE(History.IsKeeping());
     EXPECT_FALSE(View.Timers.contains(kTimerInstallSpy));
+}
+
+TEST_F(Tray, ASaveThatFailsIsTriedAgainAndToldWhenItGoesOnFailing) {
+    const std::u16string warning = Macros.Texts.LoadString(kStrHistoryNotSaved);
+    Capture.State = {.IsWanted = true};
+    History.OnSaveEnded();
+    EXPECT_EQ(Capture.Saves, 1);
+    Capture.State = {.RetryAfter = 500};
+    History.OnSaveEnded();
+    EXPECT_EQ(View.Pauses.back(), 500U);
+    Expire(kTimerSaveAgain);
+    EXPECT_EQ(Capture.Saves, 2);
+    EXPECT_TRUE(View.Icons.empty());
+    Capture.State = {.RetryAfter = 8000, .IsFailing = true};
+    History.OnSaveEnded();
+    EXPECT_EQ(std::exchange(View.Balloon, u""), warning);
+    EXPECT_NE(View.Tip.find(warning), std::u16string::npos);
+    History.OnSaveEnded();
+    EXPECT_EQ(View.Balloon, u"");
+    Capture.State = {};
+    History.OnSaveEnded();
+    EXPECT_EQ(View.Tip.find(warning), std::u16string::npos);
 }
 
 TEST_F(Tray, EachClipboardContentRefreshesTheIconOnceAndACaptureIsHeard) {

@@ -2,6 +2,7 @@
 #include "history/win32/clipboard_handler.h"
 
 #include <gtest/gtest.h>
+#include <thread>
 
 #include "fakes/memory_log.h"
 #include "fakes/native_profile_store.h"
@@ -17,6 +18,7 @@
 #include "platform/win32/win_named_objects.h"
 #include "platform/win32/win_program_windows.h"
 #include "platform/win32/win_stamped_files.h"
+#include "windows/access_list.h"
 #include "windows/message_window.h"
 #include "windows/pump.h"
 
@@ -61,6 +63,7 @@ class Handler : public testing::Test {
                                       .Faults = faults_,
                                       .MyCopy = myCopy_,
                                       .ProgramEnd = *end_,
+                                      .SaveEnded = [] {},
                                       .Log = log_}};
 };
 
@@ -105,6 +108,52 @@ TEST(StampedFiles, ANewFileIsWholeAndNoOtherIsTouched) {
     EXPECT_FALSE(files.Delete(path));
     EXPECT_FALSE(files.Read(temp.Path()));
     EXPECT_TRUE(files.CreateNew(temp.Path() / "none" / "a", pieces, {}));
+}
+
+TEST(StampedFiles, AFileIsMovedInWholeAndOverAnotherOnlyWhereThatIsWanted) {
+    TempFolder temp;
+    WinStampedFiles files;
+    const fs::path path = temp.Path() / L"жук.info";
+    EXPECT_FALSE(files.MoveIn(path, "first", {FileTicks{1} << 56, true}, false));
+    EXPECT_EQ(files.MoveIn(path, "second", {}, false)->Code, kErrorFileExists);
+    EXPECT_EQ(temp.Read(path), "first");
+    EXPECT_EQ(files.Read(path)->Created, FileTicks{1} << 56);
+    EXPECT_NE(GetFileAttributesW(path.c_str()) & FILE_ATTRIBUTE_READONLY, 0U);
+    EXPECT_FALSE(files.MoveIn(path, "third", {}, true));
+    EXPECT_EQ(temp.Read(path), "third");
+    EXPECT_TRUE(files.MoveIn(temp.Path() / "none" / "a", "x", {}, false));
+    EXPECT_EQ(std::distance(fs::directory_iterator(temp.Path()), {}), 1);
+}
+
+TEST(StampedFiles, AFileIsHeldByOneAtATimeAndGoesWhenItIsLetGo) {
+    TempFolder temp;
+    WinStampedFiles files;
+    const fs::path path = temp.Path() / "lock";
+    auto held = files.Hold(path);
+    EXPECT_TRUE(held && fs::exists(path));
+    EXPECT_FALSE(files.Hold(path));
+    std::thread([&held] {
+        Sleep(50);
+        held.reset();
+    }).detach();
+    auto next = files.Hold(path);
+    EXPECT_TRUE(next);
+    next.reset();
+    EXPECT_FALSE(fs::exists(path));
+}
+
+TEST(StampedFiles, NewFilesHaveTheRightsOfTheirFolder) {
+    TempFolder temp;
+    WinStampedFiles files;
+    temp.Write("plain", "x");
+    const ItemBytes bytes = TextBytes("abc");
+    const std::span<const std::byte> piece(bytes);
+    EXPECT_FALSE(files.CreateNew(temp.Path() / "data", std::span(&piece, 1), {}));
+    EXPECT_FALSE(files.MoveIn(temp.Path() / "description", "x", {}, false));
+    const std::wstring plain = AccessListOf(temp.Path() / "plain");
+    ASSERT_NE(plain, AccessListOfOpenFileIn(temp.Path()));
+    EXPECT_EQ(AccessListOf(temp.Path() / "data"), plain);
+    EXPECT_EQ(AccessListOf(temp.Path() / "description"), plain);
 }
 
 }  // namespace

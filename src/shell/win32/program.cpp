@@ -247,12 +247,7 @@ Program::Program(const ProcessContext& process, HWND window, TrayView& view)
                        .Log = process.Log,
                        .OnReadLate = [this] { requests_.OnSettingsReadLate(); }}),
       display_({.View = view,
-                .State =
-                    [this] {
-                        TrayState state = service_.State(elevated_);
-                        state.HistoryNotSaved = history_.IsSavingFailing();
-                        return state;
-                    },
+                .State = [this] { return service_.State(elevated_); },
                 .Settings = process.Settings,
                 .Texts = process.Texts,
                 .Sounds = sounds_,

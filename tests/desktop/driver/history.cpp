@@ -111,7 +111,7 @@ std::vector<std::u16string> NewestTexts(const std::filesystem::path& programFold
                                         std::size_t count) {
     std::vector<std::u16string> texts;
     for (const StoredItem& item : ReadStoredHistory(programFolder)) {
-        // An item that came again has left its older files, which loading takes for the same item.
+        // Of an item that has just come again the older files are about to go.
         const bool isNew = std::find(texts.begin(), texts.end(), item.Text) == texts.end();
         if (isNew && texts.size() < count) {
             texts.push_back(item.Text);
