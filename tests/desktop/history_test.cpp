@@ -208,7 +208,11 @@ class BlockedFolder {
         std::ofstream(path_) << "a file in the way";
     }
     ~BlockedFolder() { Remove(); }
-    void Remove() { std::filesystem::remove(path_); }
+    void Remove() {
+        if (std::filesystem::is_regular_file(path_)) {
+            std::filesystem::remove(path_);
+        }
+    }
 
   private:
     std::filesystem::path path_;
@@ -308,12 +312,19 @@ class HastyUser {
     }
     void Clear() {
         // Else it could be taken after the clear.
-        copier_.WaitUntil([this] { return NewestTexts(folder_, 1) == Texts{copied_.back()}; });
+        if (!copier_.WaitUntil([this] { return NewestTexts(folder_, 1) == Texts{copied_.back()}; })) {
+            for (const auto& i : ReadStoredHistory(folder_)) std::cout << "DBG " << Utf16ToUtf8(i.Text) << " " << i.Info.Time << " " << Utf16ToUtf8(i.Info.Files[0]) << "\n";
+            std::cout << "DBG last " << Utf16ToUtf8(copied_.back()) << std::endl;
+        }
         SendMessageW(TrayWindow(), WM_COMMAND, kCmdClearHistory, 0);
         copied_.clear();
         saved_.clear();
         past_.clear();
-        copier_.WaitUntil([this] { return NewestTexts(folder_, 1).empty(); });
+        if (!copier_.WaitUntil([this] { return NewestTexts(folder_, 1).empty(); })) {
+            for (const auto& i : ReadStoredHistory(folder_)) std::cout << "DBG2 " << Utf16ToUtf8(i.Text) << " " << i.Info.Time << " " << Utf16ToUtf8(i.Info.Files[0]) << "\n";
+            for (const auto& e : std::filesystem::directory_iterator(folder_ / L"ClipboardHistory")) std::cout << "DBG2 " << e.path().string() << "\n";
+            std::cout << "DBG2 title " << SendMessageW(TrayWindow(), kMsgGetPaneTitle, 0, 0) << std::endl;
+            }
     }
 
     Copier& copier_;
