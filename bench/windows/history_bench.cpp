@@ -35,7 +35,7 @@ class CaptureFixture {
     CaptureFixture& operator=(const CaptureFixture&) = delete;
 
     // What the main thread does about a clipboard change.
-    void Capture() { queue_.Add(capture_.Capture(0), 1); }
+    void Capture() { queue_.Add(capture_.Capture(0, kOwnerAnswerMs).Item, 1); }
 
     // What a bare program does that takes the text.
     void CopyOut() {
@@ -57,7 +57,7 @@ class CaptureFixture {
     WinClipboardAccess clipboard_{window_};
     WinProgramWindows windows_;
     WinClock clock_;
-    MyCopyGuard myCopy_{clock_, log_};
+    MyCopyGuard myCopy_{clipboard_, GetCurrentProcessId(), log_};
     KeptFormats kept_{true, true, true, true, true};
     WinAnsiText ansi_;
     WinBitmaps bitmaps_;

@@ -174,6 +174,7 @@ void Typing(benchmark::State& state) {
                            .Keys = desktop.Keys,
                            .Targets = desktop.Targets,
                            .Clipboard = desktop.Clipboard,
+                           .OwnCopy = desktop.OwnCopy,
                            .Snapshot = desktop.Snapshot,
                            .RichText = richText,
                            .Locale = locale,

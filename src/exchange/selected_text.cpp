@@ -27,13 +27,15 @@ Selection SelectedTextReader::ExtractSelectedText(WindowHandle target) {
     if (!with_.Snapshot.Take()) {
         return {};
     }
-    with_.OwnCopy.AsynBlockClipboardHandler();
+    const std::uint32_t process = with_.Windows.ThreadOf(target).Process;
+    const MyCopyScope ownCopy(with_.OwnCopy, with_.Clipboard);
+    with_.OwnCopy.ExpectCopyOf(process);
     std::u16string text;
     const std::uint32_t before = with_.Clipboard.SequenceNumber();
     if (LetCopy(target, isEdit, !IsTerminal(target))) {
         text = TakeCopy();
     } else {
-        late_ = LateCopy{before, with_.Windows.ThreadOf(target).Process};
+        late_ = LateCopy{before, process};
     }
     return text.empty() ? Selection()
                         : Selection{.State = kSelTextExtracted, .Text = std::move(text)};
@@ -41,6 +43,7 @@ Selection SelectedTextReader::ExtractSelectedText(WindowHandle target) {
 
 void SelectedTextReader::TakeBackLateCopy() {
     const std::lock_guard lock(mutex_);
+    const MyCopyScope ownCopy(with_.OwnCopy, with_.Clipboard);
     const std::uint32_t now = with_.Clipboard.SequenceNumber();
     // Nobody copies in the target by hand while the menu is open.
     if (late_ && now != late_->Before && with_.Clipboard.OwnerProcess() == late_->Process) {
@@ -48,6 +51,7 @@ void SelectedTextReader::TakeBackLateCopy() {
     }
     late_.reset();
     with_.Snapshot.RestoreClipboardSnapshot();
+    with_.OwnCopy.ExpectNoCopy();
 }
 
 bool SelectedTextReader::IsTerminal(WindowHandle target) const {

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <iterator>
 #include <string_view>
+#include <utility>
 
 namespace vbr {
 namespace {
@@ -54,7 +55,7 @@ void SessionWatch::OnWmWTSSessionChange(std::uint32_t reason, std::uint32_t sess
         const bool stopped = actions_.StopSpy();
         log_.Write(Concat(u"OnWmWTSSessionChange: Clipboard Spy is uninstalled=", int{stopped}));
         actions_.OnSpyChanged();
-    } else if (direction > 0 && spyOffBySession_) {
+    } else if (direction > 0 && std::exchange(spyOffBySession_, false)) {
         const bool started = actions_.StartSpy();
         log_.Write(Concat(u"OnWmWTSSessionChange: Clipboard Spy is installed=", int{started}));
         actions_.OnSpyChanged();

@@ -12,6 +12,7 @@ inline constexpr std::uint32_t WM_DELAY_UNLOCK = 32770;  // the end of a block
 
 inline constexpr std::uintptr_t kTimerSave = 2343;
 inline constexpr std::uint32_t kSaveTimerMs = 1000;
+inline constexpr std::uintptr_t kTimerLookAgain = 1;  // nobody else knows it
 
 // Notices to the parent. A change has a parameter behind the header.
 inline constexpr std::uint32_t kNoticeHistoryChanged = 2816;

@@ -21,6 +21,7 @@ bool IsUnsaved(const CCHItem& item) {
 
 bool CCHQueue::Add(std::unique_ptr<CCHItem> item, std::uint32_t max) {
     if (locked_) {
+        waiting_.emplace_back(std::move(item), max);
         return false;
     }
     if (byKey_.contains(item->key)) {
@@ -40,6 +41,19 @@ bool CCHQueue::Add(std::unique_ptr<CCHItem> item, std::uint32_t max) {
         Trim(max);
     }
     return true;
+}
+
+void CCHQueue::SetLocked(bool locked) {
+    locked_ = locked;
+    if (locked || waiting_.empty()) {
+        return;
+    }
+    for (auto& [item, max] : std::exchange(waiting_, {})) {
+        Add(std::move(item), max);
+    }
+    if (onArrived_) {
+        onArrived_();
+    }
 }
 
 void CCHQueue::Trim(std::uint32_t max) {

@@ -32,7 +32,8 @@ class CCHQueue {
     CCHQueue(const CCHQueue&) = delete;
     CCHQueue& operator=(const CCHQueue&) = delete;
 
-    // Makes the item the newest. An equal older one goes, and leaves it protection and id. False, with the item gone, while the queue is locked.
+    // Makes the item the newest. An equal older one goes, and leaves it protection and id. False
+    // while the queue is locked: the item comes in when it opens.
     bool Add(std::unique_ptr<CCHItem> item, std::uint32_t max);
     // Takes the oldest unprotected items beyond `max` away.
     void Trim(std::uint32_t max);
@@ -91,9 +92,11 @@ class CCHQueue {
     // The item of the same id takes over where this one is stored.
     void NoteStored(const CCHItem& stored);
 
-    // While set, Add refuses.
-    void SetLocked(bool locked) { locked_ = locked; }
+    // While set, no item is added, so that indices keep their items.
+    void SetLocked(bool locked);
     bool IsLocked() const { return locked_; }
+    // Called when items came in because the queue opened.
+    void OnArrived(std::function<void()> call) { onArrived_ = std::move(call); }
 
     // Tips come in the language of the user interface.
     void ClearTips();
@@ -126,6 +129,8 @@ class CCHQueue {
     std::uint32_t clears_ = 0;
     std::vector<UndoRecord> undoPool_;  // oldest first
     bool locked_ = false;
+    std::vector<std::pair<std::unique_ptr<CCHItem>, std::uint32_t>> waiting_;  // with their limits
+    std::function<void()> onArrived_;
 };
 
 }  // namespace vbr

@@ -65,7 +65,6 @@ std::optional<UndeliveredText> CommandDelivery::Run(const CVBRActionContext& con
     }
     with_.Sounds.PlayEventSound(context.DataType == kDataTypeExec ? EventSound::ProgramLaunched
                                                                   : EventSound::TextInserted);
-    const MyCopyScope ownCopy(with_.OwnCopy);
     return with_.Runner.RunActions(context, actions);
 }
 

@@ -12,7 +12,6 @@
 #include "phrases/command_tree.h"
 #include "platform/event_sounds.h"
 #include "platform/log.h"
-#include "platform/my_copy.h"
 #include "platform/window_handle.h"
 
 namespace vbr {
@@ -43,7 +42,6 @@ class CommandDelivery {
         TextDelivery& Delivery;
         LayoutSwitcher& Layouts;
         EventSounds& Sounds;
-        MyCopyGuard& OwnCopy;
         vbr::Log& Log;
     };
 

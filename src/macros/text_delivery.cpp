@@ -110,6 +110,7 @@ TextDelivery::Result TextDelivery::MoveCursorBack(WindowHandle window, std::size
 void TextDelivery::EndPastes() {
     if (std::exchange(borrows_, std::nullopt) == true) {
         with_.Clock.Sleep(kBeforeRestoreMs);
+        const MyCopyScope ownCopy(with_.OwnCopy, with_.Clipboard);
         if (!with_.Snapshot.RestoreClipboardSnapshot()) {
             with_.Snapshot.RestoreClipboardSnapshot();
         }
@@ -121,6 +122,7 @@ std::u16string TextDelivery::PlainTextOf(std::u16string_view source) const {
 }
 
 bool TextDelivery::CopyToClipboard(bool plain, std::u16string_view text, Lcid language) {
+    const MyCopyScope ownCopy(with_.OwnCopy, with_.Clipboard);
     return PutOnClipboard(plain ? PlainClipboardForm(text, with_.Locale.ThreadLocale())
                                 : RichClipboardForm(text, PlainTextOf(text), language),
                           with_.Clipboard);

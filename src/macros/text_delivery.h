@@ -15,6 +15,7 @@
 #include "platform/input_injector.h"
 #include "platform/locale.h"
 #include "platform/log.h"
+#include "platform/my_copy.h"
 #include "platform/rich_text_engine.h"
 #include "platform/target_input.h"
 #include "platform/target_windows.h"
@@ -43,6 +44,7 @@ class TextDelivery {
         TargetInput& Keys;
         const TargetWindows& Targets;
         ClipboardAccess& Clipboard;
+        MyCopyGuard& OwnCopy;
         CClipboardSnapshot& Snapshot;
         RichTextEngine& RichText;
         const vbr::Locale& Locale;

@@ -14,7 +14,7 @@ constexpr std::uint32_t kFailingBalloonMs = 10'000;
 }  // namespace
 
 void HistoryControl::StartWithRetry() {
-    if (!MayStart() || !with_.Settings.ClipboardHistory || with_.Capture.Start()) {
+    if (!with_.Settings.ClipboardHistory || isPaused_ || !MayStart() || StartByItself()) {
         return;
     }
     with_.Log.Write(u"Start Delayed ClipboardHistory");
@@ -23,7 +23,21 @@ void HistoryControl::StartWithRetry() {
 }
 
 bool HistoryControl::OnInstallSpy() {
-    return MayStart() && with_.Settings.ClipboardHistory && with_.Capture.Start();
+    return with_.Settings.ClipboardHistory && !isPaused_ && MayStart() && StartByItself();
+}
+
+bool HistoryControl::Resume() {
+    if (!isPaused_ && MayStart() && !StartByItself()) {
+        StartWithRetry();
+    }
+    return IsKeeping();
+}
+
+// What was copied while the history was off is none of its business.
+bool HistoryControl::StartByItself() {
+    const bool started = with_.Capture.Start(!wasStarted_);
+    wasStarted_ = wasStarted_ || started;
+    return started;
 }
 
 bool HistoryControl::OnTimer(std::uintptr_t id) {
@@ -33,6 +47,9 @@ bool HistoryControl::OnTimer(std::uintptr_t id) {
     }
     if (id != kTimerInstallSpy) {
         return false;
+    }
+    if (isPaused_) {
+        return true;
     }
     const bool started = OnInstallSpy();
     ++tries_;
@@ -49,11 +66,13 @@ void HistoryControl::ToggleKeeping(bool anew) {
     if ((!ran || anew) && !MayStart()) {
         return;
     }
+    isPaused_ = ran && !anew;
     if (ran) {
         with_.Capture.Stop();
     }
-    if (!ran || anew) {
-        with_.Capture.Start();
+    if (!isPaused_) {
+        wasStarted_ = true;
+        with_.Capture.Start(ran);
     }
     with_.Display.UpdateTrayIcon(TrayIconMode::Modify);
     AnnounceKeep();

@@ -21,8 +21,9 @@ class HistoryCapture {
     virtual ~HistoryCapture() = default;
 
     virtual bool IsKeeping() const = 0;
-    // Both succeed at once when that is so already.
-    virtual bool Start() = 0;
+    // Both succeed at once when that is so already. What the clipboard holds when it starts is
+    // captured only if that is wanted.
+    virtual bool Start(bool withContent) = 0;
     virtual bool Stop() = 0;
     // Writes what is not on disk, when the settings say so.
     virtual void Save() = 0;
@@ -54,11 +55,15 @@ class HistoryControl {
     Announcer<bool>& KeepObservers() { return keepObservers_; }
     void AnnounceKeep() { keepObservers_.Announce(IsKeeping()); }
 
-    // When the settings ask for the history: starts it, or goes on trying every two seconds, 200
-    // times at most. It never starts while the settings can't be read.
+    // When the settings ask for the history and the user hasn't turned it off since: starts it, or
+    // goes on trying every two seconds, 200 times at most. It never starts while the settings can't
+    // be read. The first start captures what is on the clipboard.
     void StartWithRetry();
     // One such try; true when the history is kept afterwards.
     bool OnInstallSpy();
+    // After the session stopped it: starts it again, unless the user has turned it off; true when
+    // it is kept afterwards.
+    bool Resume();
     bool OnTimer(std::uintptr_t id);
 
     // Stops what runs; starts what doesn't, or `anew` in any case.
@@ -75,12 +80,15 @@ class HistoryControl {
 
   private:
     bool MayStart() const;
+    bool StartByItself();
 
     Collaborators with_;
     HistoryNotices notices_;
     Announcer<bool> keepObservers_;
     int tries_ = 0;
     bool isFailing_ = false;
+    bool wasStarted_ = false;
+    bool isPaused_ = false;  // by the user
 };
 
 }  // namespace vbr

@@ -57,7 +57,7 @@ void QueryFlow::Begin(bool fromHotkey) {
 }
 
 void QueryFlow::Ask(bool fromHotkey) {
-    const MyCopyScope ownCopy(with_.OwnCopy);
+    with_.CaptureFirst();
     WPQuery query;
     query.GuiThreadInfo = with_.Windows.OwnGuiThread();
     switch (with_.Hooks.SendMessageToTargetWindow(fromHotkey ? 0 : 1, query)) {
@@ -107,9 +107,7 @@ void QueryFlow::Serve(const WPQuery& query, WPAnswer& answer) {
 
 void QueryFlow::CarryOut(const MenuChoice& choice, WindowHandle target) {
     with_.Log.Write(u"CVBRTrayWnd::OnWmCommandFromSelf");
-    const MyCopyScope ownCopy(with_.OwnCopy);
-    // Changes are told some time after they are made.
-    with_.OwnCopy.AsynBlockClipboardHandler();
+    with_.CaptureFirst();
     with_.Selection.TakeBackLateCopy();
     if (const auto* result = std::get_if<std::int32_t>(&choice)) {
         RunExtraCommand(*result);
@@ -120,7 +118,6 @@ void QueryFlow::CarryOut(const MenuChoice& choice, WindowHandle target) {
         with_.Display.ShowTrayBalloon(DescribeFailure(lost->Why, lost->Text, with_.Texts),
                                       kFailureBalloonMs);
     }
-    with_.OwnCopy.AsynBlockClipboardHandler();
 }
 
 std::u16string QueryFlow::ClipboardText() {

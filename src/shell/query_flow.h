@@ -22,7 +22,6 @@
 #include "platform/desktop_windows.h"
 #include "platform/event_sounds.h"
 #include "platform/log.h"
-#include "platform/my_copy.h"
 #include "platform/strings.h"
 #include "settings/settings.h"
 #include "shell/double_press.h"
@@ -44,7 +43,8 @@ class QueryFlow {
         ClipboardAccess& Clipboard;
         SelectedTextReader& Selection;
         CClipboardSnapshot& Snapshot;  // of the selection's reader
-        MyCopyGuard& OwnCopy;
+        // Has the history take what was copied just before.
+        std::function<void()> CaptureFirst;
         HotkeyService& Hotkey;
         CVBRDLLService& Hooks;
         IDataNeededHander_MenuSelf& Menu;

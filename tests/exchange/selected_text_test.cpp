@@ -40,6 +40,8 @@ TEST_F(SelectedTextTest, TheTargetCopiesByItsKeysAndTheClipboardIsBackAtOnce) {
     Macros.Clock.WhileAsleep = [this] { EXPECT_TRUE(OwnCopy.IsMyCopy()); };
     EXPECT_EQ(Extract(), u"selected");
     EXPECT_EQ(Kept(), u"mine");
+    EXPECT_TRUE(OwnCopy.IsOwnContent());
+    EXPECT_FALSE(OwnCopy.IsMyCopy());
     EXPECT_THAT(Calls, Not(Contains(kMessage)));
     EXPECT_LE(took_, 10U);
     const std::vector<KeyEvent> keys = {{17, 117, 0}, {67, 167, 0}, {67, 167, 2}, {17, 117, 2}};
@@ -208,8 +210,13 @@ TEST_F(SelectedTextTest, ACopyThatComesTooLateIsTakenBackFromItsTargetAlone) {
         EXPECT_EQ(Extract(), u"");
         Clipboard.Copy({FakeClipboardAccess::Text(u"late")});
         Clipboard.Owner = owner;
+        EXPECT_EQ(OwnCopy.IsOwnContent(), owner == 52U);
         Reader.TakeBackLateCopy();
         EXPECT_EQ(Kept(), owner == 52U ? u"mine" : u"late");
+        // From now on it is the user who copies there.
+        Clipboard.Copy({FakeClipboardAccess::Text(u"theirs")});
+        Clipboard.Owner = owner;
+        EXPECT_FALSE(OwnCopy.IsOwnContent());
     }
 }
 

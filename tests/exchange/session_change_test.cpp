@@ -58,12 +58,15 @@ TEST_F(SessionWatchTest, AHistoryThatTheUserTurnedOffStaysOff) {
     EXPECT_EQ(Change(kUnlock), Journal{"announce 8"});
 }
 
-TEST_F(SessionWatchTest, OnceStoppedBySessionEachReturnStartsTheHistory) {
+TEST_F(SessionWatchTest, WhatTheUserTurnedOffAfterHisReturnStaysOff) {
     EXPECT_EQ(Change(kLogon), Journal{"announce 5"});
     Change(kLogoff);
+    EXPECT_EQ(Change(kLock), Journal{"announce 7"});
     EXPECT_EQ(Change(9), Journal{"announce 9"});  // of no direction
-    Change(kLogon);
     EXPECT_EQ(Change(kLogon), (Journal{"start", "icon", "announce 5"}));
+    running_ = false;
+    Change(kLock);
+    EXPECT_EQ(Change(kUnlock), Journal{"announce 8"});
 }
 
 }  // namespace

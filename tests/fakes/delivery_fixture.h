@@ -116,6 +116,7 @@ struct DeliveryFixture {
     PhraseTree Phrases;
     RecordingInput Input{Macros.Clock, &Calls};
     FakeClipboardAccess Clipboard{&Calls};
+    MyCopyGuard OwnCopy{Clipboard, FakeClipboardAccess::kOwnProcess, Macros.Log};
     FakePrompter Prompts{Calls};
     FakeDesktopWindows Windows{Calls};
     FakeTargetWindows Targets;
@@ -125,7 +126,6 @@ struct DeliveryFixture {
     PasteSettings Paste;
     std::function<bool()> AreSoundsOn = [] { return true; };
     std::function<bool()> IsEnding = [] { return false; };
-    MyCopyGuard OwnCopy{Macros.Clock, Macros.Log};
     EventSounds Sounds{{.ProgramFolder = u"",
                         .IsOn = [this] { return AreSoundsOn(); },
                         .Player = Player,
@@ -140,6 +140,7 @@ struct DeliveryFixture {
                        .Keys = Keys,
                        .Targets = Targets,
                        .Clipboard = Clipboard,
+                       .OwnCopy = OwnCopy,
                        .Snapshot = PasteSnapshot,
                        .RichText = Macros.RichText,
                        .Locale = Macros.Forms,
@@ -169,7 +170,6 @@ struct DeliveryFixture {
                               .Delivery = Text,
                               .Layouts = Layouts,
                               .Sounds = Sounds,
-                              .OwnCopy = OwnCopy,
                               .Log = Macros.Log}};
 
     // The files of the sounds so far.

@@ -20,6 +20,7 @@ class FakeClipboardAccess : public ClipboardAccess {
   public:
     static constexpr int kAlways = -1;
     static constexpr int kNever = -1;
+    static constexpr std::uint32_t kOwnProcess = 4711;  // the program's
 
     explicit FakeClipboardAccess(Journal* calls = nullptr) : calls_(calls) {}
 
@@ -38,6 +39,9 @@ class FakeClipboardAccess : public ClipboardAccess {
         Blocks = std::move(blocks);
         ReadsUntilOwnerHangs = kNever;
         ++Sequence;
+        if (Owner == kOwnProcess) {
+            Owner = 0;
+        }
     }
     // A memory block of these bytes.
     static ClipboardBlock Memory(std::uint32_t format, std::string_view bytes) {
@@ -132,6 +136,7 @@ class FakeClipboardAccess : public ClipboardAccess {
         bool Empty() override {
             clipboard_.Note("empty");
             clipboard_.Copy({});
+            clipboard_.Owner = kOwnProcess;
             return true;
         }
         bool Write(const ClipboardBlock& block) override {

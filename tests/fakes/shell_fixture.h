@@ -59,12 +59,14 @@ class FakeHistoryCapture : public HistoryCapture {
     bool Keeping = false;
     bool CanStart = true;
     int Starts = 0;
+    bool TookContent = false;  // the last start
     int Saves = 0;
     int Changes = 0;
 
     bool IsKeeping() const override { return Keeping; }
-    bool Start() override {
+    bool Start(bool withContent) override {
         ++Starts;
+        TookContent = withContent;
         return Keeping = CanStart;
     }
     bool Stop() override {
@@ -141,6 +143,7 @@ struct ShellFixture : MenuFixture {
     RecordingOpener Opener;
     MessageList Messages;
     FakeHistoryCapture Capture;
+    int CapturesFirst = 0;
     HotkeyService Hotkey{{.Settings = Settings,
                           .Hooks = Hooks,
                           .Waiter = Waiter,
@@ -184,7 +187,7 @@ struct ShellFixture : MenuFixture {
                     .Clipboard = Clipboard,
                     .Selection = Reader,
                     .Snapshot = Snapshot,
-                    .OwnCopy = OwnCopy,
+                    .CaptureFirst = [this] { ++CapturesFirst; },
                     .Hotkey = Hotkey,
                     .Hooks = Hooks,
                     .Menu = Menu,

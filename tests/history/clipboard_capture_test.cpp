@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "history/clipboard_capture.h"
 
+#include <algorithm>
 #include <map>
 
 #include "fakes/fake_ansi_text.h"
@@ -8,6 +9,7 @@
 #include "fakes/fake_clock.h"
 #include "fakes/history_fixture.h"
 #include "fakes/text_cases.h"
+#include "history/change_capture.h"
 #include "history/owner_info.h"
 #include "history/source_url.h"
 
@@ -57,7 +59,7 @@ class Capture : public testing::Test {
     // What was captured: format, text, alternatives and source, or "nothing".
     std::u16string Captured(std::vector<ClipboardBlock> blocks) {
         clipboard_.Copy(std::move(blocks));
-        const auto item = capture_.Capture(0);
+        const auto item = capture_.Capture(0, 0).Item;
         EXPECT_FALSE(clipboard_.IsOpen());
         if (!item) {
             return u"nothing";
@@ -73,10 +75,11 @@ class Capture : public testing::Test {
     }
 
     MemoryLog log_;
-    FakeClipboardAccess clipboard_;
+    Journal calls_;
+    FakeClipboardAccess clipboard_{&calls_};
     FakeWindows windows_;
     FakeClock clock_;
-    MyCopyGuard myCopy_{clock_, log_};
+    MyCopyGuard myCopy_{clipboard_, FakeClipboardAccess::kOwnProcess, log_};
     KeptFormats kept_ = {true, true, true, true, true};
     FakeAnsiText ansi_;
     FakeBitmaps bitmaps_;
@@ -100,14 +103,17 @@ TEST_F(Capture, FirstFormatOfTheChainBecomesTheItem) {
     const auto ansi = FakeClipboardAccess::Memory(kClipText, std::string_view("\xE9t\0", 3));
     const auto locale = FakeClipboardAccess::Memory(16, std::string_view("\x09\x04\0\0", 4));
     EXPECT_EQ(Captured({text(u"t"), rtf, html, kelp, Picture(3)}), u"3:k/3 2:{r} 5:<h>");
-    EXPECT_EQ(Captured({text(u"t"), rtf, Picture(3)}), u"4:/4 2:{r}");
+    EXPECT_EQ(Captured({text(u"t"), rtf, html, Picture(3)}), u"2:{r}/4 5:<h>");
+    EXPECT_EQ(Captured({text(u"t"), html, Picture(3)}), u"1:t/4 5:<h>");
+    EXPECT_EQ(Captured({ansi, Picture(3)}), u"1:ét/6");
+    EXPECT_EQ(Captured({text(u" \r\n"), rtf, html, Picture(3)}), u"4:/4 2:{r} 5:<h>");
     EXPECT_EQ(Captured({text(u"t"), rtf, html}), u"2:{r}/4 5:<h>");
     EXPECT_EQ(Captured({text(u"t"), html}), u"1:t/4 5:<h>");
     EXPECT_EQ(Captured({ansi, locale}), u"1:ét/6");
     EXPECT_EQ(Captured({html}), u"nothing");
     EXPECT_EQ(Captured({}), u"nothing");
-    // A bitmap that can't be kept ends the capture.
-    EXPECT_EQ(Captured({text(u"t"), Picture(0)}), u"nothing");
+    // A bitmap that can't be copied leaves its place to the next.
+    EXPECT_EQ(Captured({rtf, Picture(0)}), u"2:{r}/4");
     // A format without data leaves its place to the next.
     EXPECT_EQ(Captured({clipboard_.Named(kKelp, ""), clipboard_.Named(kRtf, "\0"), text(u"t")}),
               u"1:t/4");
@@ -127,7 +133,7 @@ TEST_F(Capture, TextEndsAtItsTerminatorOrWithTheBlock) {
     EXPECT_EQ(units("a"sv), u"nothing");
 }
 
-TEST_F(Capture, FilterLooksAtTheItemsOwnFormat) {
+TEST_F(Capture, WhatTheFilterRefusesIsPassedOver) {
     const auto html = clipboard_.Named(kHtml, "<h>");
     // In the order of the settings, HTML the last.
     const std::pair<ClipboardBlock, std::u16string> items[] = {
@@ -145,6 +151,18 @@ TEST_F(Capture, FilterLooksAtTheItemsOwnFormat) {
                                                           : text + u" 5:<h>");
         }
     }
+    const std::vector<ClipboardBlock> all = {items[0].first, items[1].first, items[2].first,
+                                             items[3].first};
+    const std::pair<KeptFormats, std::u16string> left[] = {
+        {{true, true, true, false, true}, u"2:{r}/4"},
+        {{true, false, true, false, true}, u"1:t/4 2:{r}"},
+        {{true, false, false, false, true}, u"1:t/4 2:{r}"},
+        {{false, false, true, false, true}, u"4:/4 2:{r}"},
+        {{false, false, false, false, true}, u"nothing"}};
+    for (const auto& [kept, text] : left) {
+        kept_ = kept;
+        EXPECT_EQ(Captured(all), text);
+    }
 }
 
 TEST_F(Capture, WhatIsNotToBeSeenIsLeftAlone) {
@@ -161,15 +179,123 @@ TEST_F(Capture, WhatIsNotToBeSeenIsLeftAlone) {
     }
 }
 
-TEST_F(Capture, OwnCopiesAndHoldersLeaveNoItem) {
-    const std::vector<ClipboardBlock> text = {FakeClipboardAccess::Text(u"t")};
-    {
-        const MyCopyScope scope(myCopy_);
-        EXPECT_EQ(Captured(text), u"nothing");
+TEST_F(Capture, AnOwnerIsAskedBeforeEachReadWhetherItAnswers) {
+    const std::vector<ClipboardBlock> blocks = {FakeClipboardAccess::Text(u"t"),
+                                                clipboard_.Named(kHtml, "<h>")};
+    for (int reads = 0; reads < 3; ++reads) {
+        clipboard_.Copy(blocks);
+        clipboard_.ReadsUntilOwnerHangs = reads;
+        const CaptureResult result = capture_.Capture(0, 0);
+        EXPECT_EQ(result.Outcome,
+                  reads < 2 ? CaptureOutcome::OwnerHangs : CaptureOutcome::Captured);
+        EXPECT_EQ(result.Item != nullptr, reads == 2);
     }
-    clipboard_.FailingOpens = 1;
-    EXPECT_EQ(Captured(text), u"nothing");
-    EXPECT_EQ(Captured(text), u"1:t/4");
+}
+
+// Looks at the clipboard when it is told to, and again when its timer expires.
+class Changes : public Capture {
+  protected:
+    // What came in meanwhile, a blank behind each.
+    std::u16string Expire(std::uint32_t milliseconds) {
+        while (pause_ && *pause_ <= milliseconds) {
+            const std::uint32_t pause = *std::exchange(pause_, std::nullopt);
+            clock_.Tick += pause;
+            milliseconds -= pause;
+            changes_.OnTimer();
+        }
+        clock_.Tick += milliseconds;
+        return std::exchange(taken_, {});
+    }
+    std::u16string Told() {
+        changes_.OnChange(1, HistoryChange::Captured);
+        return std::exchange(taken_, {});
+    }
+    std::u16string ToldAndAfter(std::uint32_t milliseconds) {
+        const std::u16string told = Told();
+        return told + Expire(milliseconds);
+    }
+    void Copy(std::u16string_view text) {
+        clipboard_.Copy({FakeClipboardAccess::Text(std::u16string(text))});
+    }
+
+    std::optional<std::uint32_t> pause_;
+    std::u16string taken_;
+    ChangeCapture changes_{{.Capture = capture_,
+                            .Access = clipboard_,
+                            .Clock = clock_,
+                            .OnItem =
+                                [this](std::unique_ptr<CCHItem> item, HistoryChange) {
+                                    taken_ += Concat(item->WideText(), u" ");
+                                },
+                            .StartTimer = [this](std::uint32_t pause) { pause_ = pause; },
+                            .Log = log_}};
+};
+
+TEST_F(Changes, EachContentIsTakenOnceHoweverOftenItIsTold) {
+    Copy(u"a");
+    EXPECT_EQ(Told(), u"a ");
+    EXPECT_EQ(Told(), u"");
+    changes_.CaptureNow(1);
+    EXPECT_EQ(Told(), u"");
+    Copy(u"a");
+    EXPECT_EQ(Told(), u"a ");
+    Copy(u"b");
+    changes_.CaptureNow(1);
+    EXPECT_EQ(taken_, u"b ");
+    Copy(u"c");
+    changes_.SkipContent();
+    EXPECT_EQ(Told(), u"b ");
+}
+
+TEST_F(Changes, AClipboardInUseIsLookedAtAgainForASecond) {
+    for (const std::uint32_t held : {300U, 990U}) {
+        Copy(u"a");
+        clipboard_.FailingOpens = FakeClipboardAccess::kAlways;
+        EXPECT_EQ(ToldAndAfter(held), u"");
+        clipboard_.FailingOpens = 0;
+        EXPECT_EQ(Expire(50), u"a ");
+    }
+    Copy(u"a");
+    clipboard_.FailingOpens = FakeClipboardAccess::kAlways;
+    EXPECT_EQ(ToldAndAfter(1100), u"");
+    EXPECT_FALSE(pause_);
+    EXPECT_EQ(log_.Lines.back(), u"ERROR: Clipboard not captured: another program holds it");
+    clipboard_.FailingOpens = 0;
+    Copy(u"b");
+    EXPECT_EQ(Told(), u"b ");
+}
+
+TEST_F(Changes, ACopyDuringTheProgramsOwnWorkIsTakenAfterIt) {
+    Copy(u"before");
+    myCopy_.Add();
+    EXPECT_EQ(Told(), u"");
+    Copy(u"theirs");
+    EXPECT_EQ(Told(), u"");
+    myCopy_.Subtract();
+    EXPECT_EQ(Expire(100), u"theirs ");
+    {
+        const MyCopyScope scope(myCopy_, clipboard_);
+        clipboard_.Open(0)->Empty();
+        EXPECT_EQ(Told(), u"");
+    }
+    EXPECT_EQ(Expire(100), u"");
+    EXPECT_EQ(Told(), u"");
+}
+
+TEST_F(Changes, ABusyOwnerIsAskedAgainAndWaitedForOnceAtMost) {
+    Copy(u"a");
+    clipboard_.ReadsUntilOwnerHangs = 0;
+    EXPECT_EQ(ToldAndAfter(9000), u"");
+    clipboard_.ReadsUntilOwnerHangs = FakeClipboardAccess::kNever;
+    EXPECT_EQ(Expire(2000), u"a ");
+    Copy(u"b");
+    clipboard_.ReadsUntilOwnerHangs = 0;
+    calls_.clear();
+    EXPECT_EQ(ToldAndAfter(60'000), u"");
+    EXPECT_FALSE(pause_);
+    const auto longWaits = std::ranges::count(calls_, "ask 200");
+    EXPECT_EQ(longWaits, 1);
+    EXPECT_LT(std::ranges::count(calls_, "ask 20"), 20);
 }
 
 TEST_F(Capture, SourceComesFromTheHtmlBeforeTheText) {

@@ -153,6 +153,20 @@ TEST_F(HistoryQueue, MergeSortsByTimeAndKeepsTheNewestAndTheProtected) {
     EXPECT_EQ(Texts(), u"older now! first!");
 }
 
+TEST_F(HistoryQueue, WhatComesWhileItIsLockedGoesInWhenItOpens) {
+    int arrivals = 0;
+    Queue.OnArrived([&arrivals] { ++arrivals; });
+    AddTexts(u"ab");
+    Queue.SetLocked(true);
+    AddTexts(u"ca");
+    EXPECT_EQ(Texts(), u"b a");
+    Queue.SetLocked(false);
+    EXPECT_EQ(Texts(), u"a c b");
+    Queue.SetLocked(true);
+    Queue.SetLocked(false);
+    EXPECT_EQ(arrivals, 1);
+}
+
 TEST_F(HistoryQueue, WhatWasClearedWhileItWasLoadedComesBackByUndoAlone) {
     CCHQueue loaded;
     for (const char16_t* text : {u"a", u"b", u"c"}) {

@@ -54,7 +54,7 @@ TEST_F(CommandDeliveryTest, PromptsComeInOrderBetweenTextsThatAreAllExpandedBefo
     Macros.Clock.Local.Second = 1;
     Prompts.WhileOpen = [this] {
         Macros.Clock.Local.Second = 2;
-        EXPECT_TRUE(OwnCopy.IsMyCopy());
+        EXPECT_FALSE(OwnCopy.IsMyCopy());  // what the user copies now is his
     };
     Prompts.Answers = {u"%x%", std::nullopt};
     EXPECT_TRUE(Deliver());

@@ -2,71 +2,82 @@
 #include "platform/my_copy.h"
 
 #include <gtest/gtest.h>
+#include <optional>
 #include <thread>
 #include <vector>
 
-#include "fakes/fake_clock.h"
+#include "fakes/fake_clipboard_access.h"
 #include "fakes/memory_log.h"
 
 namespace vbr {
 namespace {
 
+constexpr std::uint32_t kOther = 7;
+
 class MyCopy : public testing::Test {
   protected:
-    // Whether the block held all that time, and no longer.
-    bool HoldsFor(std::uint32_t milliseconds) {
-        clock_.Tick += milliseconds - 1;
-        const bool held = guard_.IsMyCopy();
-        clock_.Tick += 1;
-        return held && !guard_.IsMyCopy();
+    void CopyOfOther(std::uint32_t process = kOther) {
+        clipboard_.Copy({FakeClipboardAccess::Text(u"theirs")});
+        clipboard_.Owner = process;
+    }
+    void OwnCopy() {
+        const MyCopyScope scope(guard_, clipboard_);
+        clipboard_.Open(0)->Empty();
+        EXPECT_TRUE(guard_.IsMyCopy());
     }
 
-    FakeClock clock_;
     MemoryLog log_;
-    MyCopyGuard guard_{clock_, log_};
+    FakeClipboardAccess clipboard_;
+    MyCopyGuard guard_{clipboard_, FakeClipboardAccess::kOwnProcess, log_};
 };
 
-TEST_F(MyCopy, ABlockHoldsForItsTimeAndIsOver) {
-    for (const std::uint32_t start : {0U, 5U, 0xFFFFFFFFU - MyCopyGuard::kBlockMs, 0xFFFFFFFFU}) {
-        clock_.Tick = start;
-        guard_.AsynBlockClipboardHandler();
-        EXPECT_TRUE(HoldsFor(MyCopyGuard::kBlockMs)) << start;
-        clock_.Tick = start;  // the tick count has come round
-        EXPECT_FALSE(guard_.IsMyCopy()) << start;
-    }
+TEST_F(MyCopy, IsKnownByTheClipboardsNumberAndOwner) {
+    EXPECT_FALSE(guard_.IsOwnContent());
+    OwnCopy();
+    EXPECT_FALSE(guard_.IsMyCopy());
+    EXPECT_TRUE(guard_.IsOwnContent());
+    clipboard_.Owner = 0;  // the window is gone
+    EXPECT_TRUE(guard_.IsOwnContent());
+    clipboard_.Owner = kOther;  // it copied before the number was noted
+    EXPECT_FALSE(guard_.IsOwnContent());
+    CopyOfOther();
+    EXPECT_FALSE(guard_.IsOwnContent());
+    // What the program copies so that it is kept.
+    clipboard_.Open(0)->Empty();
+    EXPECT_FALSE(guard_.IsOwnContent());
 }
 
-TEST_F(MyCopy, OfBlocksThatOverlapTheLaterEndCounts) {
-    guard_.AsynBlockClipboardHandler();
-    // Two seconds, and weeks in which nobody asked.
-    for (const std::uint32_t later : {2'000U, 0xA0000000U}) {
-        clock_.Tick += later;
-        guard_.AsynBlockClipboardHandler();
-        clock_.Tick -= 10;  // a thread that read the clock before and was overtaken
-        guard_.AsynBlockClipboardHandler();
-        clock_.Tick += 10;
-        EXPECT_TRUE(HoldsFor(MyCopyGuard::kBlockMs));
-        guard_.AsynBlockClipboardHandler();
-    }
+TEST_F(MyCopy, AScopeThatCopiesNothingTakesNothing) {
+    CopyOfOther(0);
+    { const MyCopyScope scope(guard_, clipboard_); }
+    EXPECT_FALSE(guard_.IsOwnContent());
 }
 
-TEST_F(MyCopy, AnOutsideEndTakesTheBlockBeforeTheCount) {
-    guard_.Add();
-    guard_.AsynBlockClipboardHandler();
-    guard_.EndBlock();
+TEST_F(MyCopy, ACopyThatTheProgramAskedForIsItsOwn) {
+    guard_.ExpectCopyOf(kOther);
+    CopyOfOther();
+    EXPECT_TRUE(guard_.IsOwnContent());
+    CopyOfOther(kOther + 1);
+    EXPECT_FALSE(guard_.IsOwnContent());
+    guard_.ExpectNoCopy();
+    CopyOfOther();
+    EXPECT_FALSE(guard_.IsOwnContent());
+}
+
+TEST_F(MyCopy, AnOutsidersBracketsHoldAndItsSingleStepsRepairTheCount) {
+    guard_.StartBracket();
     EXPECT_TRUE(guard_.IsMyCopy());
+    CopyOfOther();
+    guard_.EndBracket();
+    EXPECT_FALSE(guard_.IsMyCopy());
+    EXPECT_TRUE(guard_.IsOwnContent());
+    CopyOfOther();
+    EXPECT_FALSE(guard_.IsOwnContent());
+    guard_.Add();
     for (int i = 0; i < 2; ++i) {  // without a count it takes nothing
         guard_.EndBlock();
         EXPECT_FALSE(guard_.IsMyCopy());
     }
-}
-
-TEST_F(MyCopy, AnExchangeRepairsTheCountAndDropsTheBlock) {
-    guard_.Subtract();
-    EXPECT_TRUE(guard_.IsMyCopy());
-    guard_.AsynBlockClipboardHandler();
-    guard_.Set(0);
-    EXPECT_FALSE(guard_.IsMyCopy());
 }
 
 TEST_F(MyCopy, ThreadsLeaveItAsItWas) {
@@ -74,16 +85,16 @@ TEST_F(MyCopy, ThreadsLeaveItAsItWas) {
     for (int i = 0; i < 4; ++i) {
         threads.emplace_back([this] {
             for (int round = 0; round < 200; ++round) {
-                const MyCopyScope scope(guard_);
+                const MyCopyScope scope(guard_, clipboard_);
                 EXPECT_TRUE(guard_.IsMyCopy());
-                guard_.AsynBlockClipboardHandler();
+                EXPECT_FALSE(guard_.IsOwnContent());
             }
         });
     }
     for (std::thread& thread : threads) {
         thread.join();
     }
-    EXPECT_TRUE(HoldsFor(MyCopyGuard::kBlockMs));
+    EXPECT_FALSE(guard_.IsMyCopy());
 }
 
 }  // namespace

@@ -57,6 +57,7 @@ TEST_F(QueryFlowTest, APressBringsTheMenuAndItsChoiceToTheTarget) {
     EXPECT_EQ(Phrases.Tree.FindCommand(1)->UsageCount, 1);
     EXPECT_FALSE(Flow.IsUnderWay());
     EXPECT_TRUE(Told(u"PULSEMY_COPY=0"));
+    EXPECT_EQ(CapturesFirst, 2);  // before the copy and before the delivery
     // The next menu marks it.
     Flow.OnHotKey();
     EXPECT_TRUE(Presenter.Shown[0].Info.Mark);
@@ -68,13 +69,17 @@ TEST_F(QueryFlowTest, AClipIsTheOneThatWasChosenWhateverItsNumber) {
     const CCHItem* second = Clips.Queue.GetItem(1);
     Presenter.Choice = {MenuSubjectKind::HistoryItem, second->id};
     whileMenu_ = [this] {
-        // It moves under the open menu, as by an undo.
+        // It moves under the open menu, as by an undo; what is copied comes in when it closes.
         Clips.Queue.SetLocked(false);
         Clips.AddClip(u"new");
+        Clips.Queue.SetLocked(true);
+        Clips.AddClip(u"newer");
+        EXPECT_EQ(Clips.Queue.GetCount(), 4U);
     };
     Flow.OnHotKey();
     EXPECT_EQ(Typed(), u"clip B");
     EXPECT_EQ(ClipboardText(), u"clip B");
+    EXPECT_EQ(Clips.Queue.GetItem(0)->WideText(), u"newer");
 }
 
 TEST_F(QueryFlowTest, WhileAMenuIsOpenNoOtherQueryBegins) {

@@ -329,6 +329,29 @@ TEST_F(Tray, AHistoryThatCannotStartIsTriedAgainUntilItDoes) {
     EXPECT_FALSE(View.Timers.contains(kTimerInstallSpy));
 }
 
+TEST_F(Tray, AHistoryThatTheUserTurnedOffStartsByHimAloneAndTakesNothingOfMeanwhile) {
+    Settings.ClipboardHistory = true;
+    Capture.Keeping = false;
+    Requests.InstallAtStart();
+    EXPECT_TRUE(History.IsKeeping() && Capture.TookContent);
+    // The session stops and resumes it.
+    Capture.Stop();
+    EXPECT_TRUE(History.Resume() && !Capture.TookContent);
+    Commands.Run(kCmdRekeepHistory);
+    EXPECT_TRUE(Capture.TookContent);
+    Commands.Run(kCmdKeepHistory);
+    EXPECT_FALSE(History.Resume());
+    Requests.OnEditorEnded();
+    History.StartWithRetry();
+    EXPECT_FALSE(History.OnInstallSpy());
+    EXPECT_FALSE(History.IsKeeping());
+    Commands.Run(kCmdKeepHistory);
+    EXPECT_TRUE(History.IsKeeping() && !Capture.TookContent);
+    Capture.Stop();
+    Settings.ClipboardHistory = false;
+    EXPECT_TRUE(History.Resume());
+}
+
 TEST_F(Tray, ASaveThatFailsIsTriedAgainAndToldWhenItGoesOnFailing) {
     const std::u16string warning = Macros.Texts.LoadString(kStrHistoryNotSaved);
     Capture.State = {.IsWanted = true};

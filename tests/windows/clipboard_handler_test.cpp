@@ -43,7 +43,6 @@ class Handler : public testing::Test {
     std::unique_ptr<NamedEvent> end_ =
         std::make_unique<WinNamedEvent>(UniqueHandle(CreateEventW(nullptr, TRUE, FALSE, nullptr)));
     WinClock clock_;
-    MyCopyGuard myCopy_{clock_, log_};
     MessageWindow parent_;
     WinAnsiText ansi_;
     WinBitmaps bitmaps_;
@@ -51,6 +50,7 @@ class Handler : public testing::Test {
     WinFileStore store_;
     WinStampedFiles files_;
     WinClipboardAccess access_{nullptr};
+    MyCopyGuard myCopy_{access_, GetCurrentProcessId(), log_};
     CVBRWndClipboardHandler handler_{{.Settings = settings_,
                                       .Folder = temp_.Path() / "ClipboardHistory",
                                       .Clock = clock_,
@@ -68,8 +68,7 @@ class Handler : public testing::Test {
 };
 
 TEST_F(Handler, AnOutsiderEndsTheBlockOfOwnCopies) {
-    myCopy_.AsynBlockClipboardHandler();
-    EXPECT_TRUE(myCopy_.IsMyCopy());
+    myCopy_.Add();
     SendMessageW(handler_.Handle(), WM_DELAY_UNLOCK, 0, 0);
     EXPECT_FALSE(myCopy_.IsMyCopy());
 }

@@ -24,7 +24,7 @@ struct RealReader {
     WinDesktopWindows Windows;
     WinTargetWindows Targets;
     WinClock Clock;
-    MyCopyGuard OwnCopy{Clock, Log};
+    MyCopyGuard OwnCopy{Clipboard, GetCurrentProcessId(), Log};
     CClipboardSnapshot Snapshot{Clipboard, Log};
     TargetInput Keys{
         {.Input = Input, .Join = Join, .Windows = Targets, .Clock = Clock, .Log = Log}};

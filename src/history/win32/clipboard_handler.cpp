@@ -43,6 +43,16 @@ CVBRWndClipboardHandler::CVBRWndClipboardHandler(Collaborators with)
                 .Ansi = with_.Ansi,
                 .Bitmaps = with_.Bitmaps,
                 .Log = with_.Log}),
+      changes_({.Capture = capture_,
+                .Access = with_.Access,
+                .Clock = with_.Clock,
+                .OnItem = [this](std::unique_ptr<CCHItem> item,
+                                 HistoryChange change) { Add(std::move(item), change); },
+                .StartTimer =
+                    [this](std::uint32_t milliseconds) {
+                        SetTimer(Handle(), kTimerLookAgain, milliseconds, nullptr);
+                    },
+                .Log = with_.Log}),
       saver_({.Queue = queue_,
               .Worker = worker_,
               .IsOn = with_.Settings.SaveClipboardHistory,
@@ -53,7 +63,9 @@ CVBRWndClipboardHandler::CVBRWndClipboardHandler(Collaborators with)
                       return SendFromWorker(reportTo_, saved_, &item) == kTaken;
                   },
               .TellEnded = with_.SaveEnded}),
-      worker_(folder_, OpenSaveLoadGuard()) {}
+      worker_(folder_, OpenSaveLoadGuard()) {
+    queue_.OnArrived([this] { OnAdded(HistoryChange::Captured); });
+}
 
 CVBRWndClipboardHandler::~CVBRWndClipboardHandler() {
     Destroy();
@@ -68,7 +80,6 @@ bool CVBRWndClipboardHandler::Create(HWND parent, UINT controlId, bool captureOn
     controlId_ = controlId;
     captureOnCreate_ = captureOnCreate;
     lastError_ = 0;
-    with_.MyCopy.Set(0);
     WindowCreation creation;
     creation.ClassName = L"Vellumbridge_ClipboardHandler";
     creation.Style = WS_CHILD;
@@ -85,7 +96,14 @@ bool CVBRWndClipboardHandler::Create(HWND parent, UINT controlId, bool captureOn
 }
 
 bool CVBRWndClipboardHandler::Destroy() {
+    CaptureNow();
     return !IsKeeping() || DestroyWindow(Handle());
+}
+
+void CVBRWndClipboardHandler::CaptureNow() {
+    if (IsKeeping()) {
+        changes_.CaptureNow(reinterpret_cast<WindowHandle>(GetClipboardOwner()));
+    }
 }
 
 std::optional<LRESULT> CVBRWndClipboardHandler::OnMessage(UINT message, WPARAM wParam,
@@ -124,7 +142,9 @@ LRESULT CVBRWndClipboardHandler::OnCreate(WPARAM, LPARAM) {
         saver_.Load();
     }
     if (captureOnCreate_) {
-        Capture(0, HistoryChange::AtCreation);
+        changes_.OnChange(0, HistoryChange::AtCreation);
+    } else {
+        changes_.SkipContent();
     }
     return 0;
 }
@@ -154,7 +174,7 @@ bool CVBRWndClipboardHandler::InstallSpy() {
 }
 
 void CVBRWndClipboardHandler::OnClipboardChanged(WindowHandle& owner, std::uint32_t) {
-    Capture(owner, HistoryChange::Captured);
+    changes_.OnChange(owner, HistoryChange::Captured);
 }
 
 void CVBRWndClipboardHandler::_OnClipboardSpyStateChanged(std::uint32_t) {
@@ -165,14 +185,19 @@ void CVBRWndClipboardHandler::_OnClipboardSpyStateChanged(std::uint32_t) {
                 Wide(kProductName.data()), MB_TOPMOST);
 }
 
-void CVBRWndClipboardHandler::Capture(WindowHandle owner, HistoryChange change) {
-    std::unique_ptr<CCHItem> item = capture_.Capture(owner);
-    if (!item) {
-        return;
+void CVBRWndClipboardHandler::Add(std::unique_ptr<CCHItem> item, HistoryChange change) {
+    if (queue_.Add(std::move(item), with_.Settings.ClipboardHistoryMax)) {
+        OnAdded(change);
     }
-    queue_.Add(std::move(item), with_.Settings.ClipboardHistoryMax);
+}
+
+void CVBRWndClipboardHandler::OnAdded(HistoryChange change) {
     Notify(kNoticeHistoryChanged, change);
-    PostMessageW(Handle(), WM_SAVE_HISTORY, 0, 0);
+    if (IsKeeping()) {
+        PostMessageW(Handle(), WM_SAVE_HISTORY, 0, 0);
+    } else {
+        Save();
+    }
 }
 
 void CVBRWndClipboardHandler::Notify(std::uint32_t code, HistoryChange change) {
@@ -197,6 +222,10 @@ void CVBRWndClipboardHandler::RequestSave() {
 }
 
 LRESULT CVBRWndClipboardHandler::OnTimer(WPARAM id, LPARAM) {
+    if (id == kTimerLookAgain) {
+        KillTimer(Handle(), kTimerLookAgain);
+        changes_.OnTimer();
+    }
     if (id == kTimerSave && saver_.IsDue(with_.Clock.TickCount())) {
         KillTimer(Handle(), kTimerSave);
         PostMessageW(Handle(), WM_SAVE_HISTORY, 0, 0);

@@ -8,6 +8,7 @@
 #include <functional>
 #include <memory>
 
+#include "history/change_capture.h"
 #include "history/clipboard_capture.h"
 #include "history/history_folder.h"
 #include "history/history_messages.h"
@@ -81,6 +82,9 @@ class CVBRWndClipboardHandler : public WindowBase, private ClipboardObserver {
     SaveState Saving() const { return saver_.State(); }
     // Saves within two seconds, once for several calls.
     void RequestSave();
+    // Captures a change that was made and not yet told. The user's own copy would be overtaken by
+    // what the program does at the clipboard next.
+    void CaptureNow();
     // The end of the program: begins a last save if one is needed, and tells whether it was. It may
     // send messages to the caller's thread while it is Busy.
     bool SaveRest() { return saver_.SaveRest(); }
@@ -113,7 +117,8 @@ class CVBRWndClipboardHandler : public WindowBase, private ClipboardObserver {
     void _OnClipboardSpyStateChanged(std::uint32_t userValue) override;
 
     bool InstallSpy();
-    void Capture(WindowHandle owner, HistoryChange change);
+    void Add(std::unique_ptr<CCHItem> item, HistoryChange change);
+    void OnAdded(HistoryChange change);
     bool TellLoaded(CCHQueue& queue);
     LRESULT SendFromWorker(HWND window, UINT message, const void* sent);
     void Notify(std::uint32_t code, HistoryChange change);
@@ -129,6 +134,7 @@ class CVBRWndClipboardHandler : public WindowBase, private ClipboardObserver {
     CCHQueue queue_;
     ClipboardSpyWindow spy_;
     ClipboardCapture capture_;
+    ChangeCapture changes_;
 
     TrackingState trackingState_ = TrackingState::NotTried;
     std::uint32_t lastError_ = 0;

@@ -54,8 +54,8 @@ QueryRouteChoice RouteOfLibrary(std::optional<RouteKind> forced) {
 
 }  // namespace
 
-bool HandlerCapture::Start() {
-    return handler_.Create(parent_, kHistoryControlId, true);
+bool HandlerCapture::Start(bool withContent) {
+    return handler_.Create(parent_, kHistoryControlId, withContent);
 }
 
 Program::Program(const ProcessContext& process, HWND window, TrayView& view)
@@ -67,7 +67,7 @@ Program::Program(const ProcessContext& process, HWND window, TrayView& view)
       clipboard_(window),
       hotkeys_(window, kHotkeyId),
       richText_(process.Log),
-      ownCopy_(process.Clock, process.Log),
+      ownCopy_(clipboard_, GetCurrentProcessId(), process.Log),
       sounds_({.ProgramFolder = process.Locations.ProgramFolder,
                .IsOn = [&settings = process.Settings] { return settings.SoundOnEvents; },
                .Player = player_,
@@ -95,6 +95,7 @@ Program::Program(const ProcessContext& process, HWND window, TrayView& view)
              .Keys = keys_,
              .Targets = targets_,
              .Clipboard = clipboard_,
+             .OwnCopy = ownCopy_,
              .Snapshot = pasteSnapshot_,
              .RichText = richText_,
              .Locale = process.Locale,
@@ -128,7 +129,6 @@ Program::Program(const ProcessContext& process, HWND window, TrayView& view)
                  .Delivery = text_,
                  .Layouts = switcher_,
                  .Sounds = sounds_,
-                 .OwnCopy = ownCopy_,
                  .Log = process.Log}),
       handler_({.Settings = process.Settings,
                 .Folder = process.Locations.ProgramFolder + std::u16string(kHistoryFolderName),
@@ -222,7 +222,7 @@ Program::Program(const ProcessContext& process, HWND window, TrayView& view)
                       },
                   .CopyHistoryItem =
                       [this](ClipId item) {
-                          const MyCopyScope ownCopy(ownCopy_);
+                          const MyCopyScope ownCopy(ownCopy_, clipboard_);
                           const bool copied = itemClipboard_.PutItemOnClipboard(item.Value);
                           if (copied) {
                               snapshot_.ClearRestore();
@@ -269,7 +269,7 @@ Program::Program(const ProcessContext& process, HWND window, TrayView& view)
              .Clipboard = clipboard_,
              .Selection = selection_,
              .Snapshot = snapshot_,
-             .OwnCopy = ownCopy_,
+             .CaptureFirst = [this] { handler_.CaptureNow(); },
              .Hotkey = hotkey_,
              .Hooks = hooks_,
              .Menu = menu_,
@@ -306,7 +306,7 @@ Program::Program(const ProcessContext& process, HWND window, TrayView& view)
                  .Input = input_,
                  .Log = process.Log}),
       session_({.IsSpyRunning = [this] { return history_.IsKeeping(); },
-                .StartSpy = [this] { return capture_.Start(); },
+                .StartSpy = [this] { return history_.Resume(); },
                 .StopSpy = [this] { return capture_.Stop(); },
                 .OnSpyChanged = [this] { display_.UpdateTrayIcon(TrayIconMode::Modify); },
                 .Announce =
@@ -352,9 +352,9 @@ void Program::Start() {
 void Program::WatchEvents() {
     Watch(kEvents);
     process_.Events.Watch(kEventStartCopy, EventReset::Automatic, ObjectAccess::World,
-                          [this] { ownCopy_.Set(1); });
+                          [this] { ownCopy_.StartBracket(); });
     process_.Events.Watch(kEventEndCopy, EventReset::Automatic, ObjectAccess::World,
-                          [this] { ownCopy_.Set(0); });
+                          [this] { ownCopy_.EndBracket(); });
 }
 
 void Program::WatchLateEvents() {
@@ -374,6 +374,7 @@ void Program::BeginEnd() {
     process_.Bound.Begin();
     process_.Stop.Set();
     flow_.Stop();
+    handler_.CaptureNow();
     handler_.SaveRest();
     WaitUntilSaved();
     process_.Bound.NoteHandedOver();
@@ -402,7 +403,10 @@ void Program::Stop() {
     service_.StopService();
     display_.DeleteIcon();
     // While the window still owns what it puts there.
-    snapshot_.RestoreClipboardSnapshot();
+    {
+        const MyCopyScope ownCopy(ownCopy_, clipboard_);
+        snapshot_.RestoreClipboardSnapshot();
+    }
     capture_.Stop();
     EndSessionNotices(sessionNotify_, NumberOf(window_), process_.Log);
 }

@@ -89,7 +89,7 @@ class HandlerCapture : public HistoryCapture {
         : handler_(handler), parent_(parent) {}
 
     bool IsKeeping() const override { return handler_.IsKeeping(); }
-    bool Start() override;
+    bool Start(bool withContent) override;
     bool Stop() override { return handler_.Destroy(); }
     void Save() override { handler_.Save(); }
     SaveState Saving() const override { return handler_.Saving(); }

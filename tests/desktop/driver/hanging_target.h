@@ -5,6 +5,7 @@
 
 #include "desktop/driver/waiting.h"
 #include "platform/win32/handle.h"
+#include "windows/global_memory.h"
 #include "windows/target_thread.h"
 
 namespace vbr::desktop {
@@ -29,6 +30,8 @@ class HangingTarget {
     bool WaitUntilHanging() {
         return WaitUntil([] { return IsHanging().load(); });
     }
+    // Copies the text "late" and hangs from then on.
+    void CopyThenHang() { PostMessageW(target_.Window(), WM_USER + 2, 0, 0); }
     // Returns when the thread is through with what has come meanwhile.
     void GoOn() {
         SetEvent(EventOf().get());
@@ -51,7 +54,13 @@ class HangingTarget {
             SetClipboardData(CF_UNICODETEXT, nullptr);
             CloseClipboard();
         }
-        if (message == WM_USER || message == WM_RENDERFORMAT) {
+        if (message == WM_USER + 2) {
+            WaitUntil([window] { return OpenClipboard(window) != 0; });
+            EmptyClipboard();
+            SetClipboardData(CF_UNICODETEXT, MemoryOf(std::string_view("l\0a\0t\0e\0\0\0", 10)));
+            CloseClipboard();
+        }
+        if (message == WM_USER || message == WM_USER + 2 || message == WM_RENDERFORMAT) {
             IsHanging() = true;
             WaitForSingleObject(EventOf().get(), INFINITE);
             IsHanging() = false;

@@ -65,11 +65,20 @@ void Copier::CopyText(std::u16string_view text) {
     Copy({{CF_UNICODETEXT, UnitsOf(text)}});
 }
 
-void Copier::CopyBitmap() {
+void Copier::CopyBitmap(bool withText) {
     desktop::WaitUntil([this] { return OpenClipboard(window_) != 0; });
     EmptyClipboard();
     SetClipboardData(CF_BITMAP, CreateBitmap(3, 2, 1, 1, nullptr));
-    SetClipboardData(CF_UNICODETEXT, MemoryOf(UnitsOf(u"beside a bitmap")));
+    if (withText) {
+        SetClipboardData(CF_UNICODETEXT, MemoryOf(UnitsOf(u"beside a bitmap")));
+    }
+    CloseClipboard();
+}
+
+void Copier::CopyAndHold(std::u16string_view text, DWORD milliseconds) {
+    CopyText(text);
+    desktop::WaitUntil([this] { return OpenClipboard(window_) != 0; });
+    Sleep(milliseconds);
     CloseClipboard();
 }
 

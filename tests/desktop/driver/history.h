@@ -30,8 +30,10 @@ class Copier {
 
     void Copy(const std::vector<Block>& blocks);
     void CopyText(std::u16string_view text);
-    // A black bitmap, beside a text.
-    void CopyBitmap();
+    // A black bitmap, alone or beside a text as a spreadsheet copies it.
+    void CopyBitmap(bool withText);
+    // Holds the clipboard for that long afterwards.
+    void CopyAndHold(std::u16string_view text, DWORD milliseconds);
     // Promises the text and waits until somebody has asked for it; false when nobody does.
     bool CopyUntilTaken(std::u16string_view text);
     // Promises formats that nobody has asked for yet; a text of three letters in each.
