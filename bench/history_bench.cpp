@@ -117,9 +117,7 @@ void SaveOneMore(benchmark::State& state) {
     StoredClips many(10'000);
     MeasureRatioOfTimes(
         state, 1.5, [&many] { return many.TimeToSave(); },
-        [&] {
-            return few.TimeToSave() + std::max(0.0, many.TimeToCreate() - few.TimeToCreate());
-        });
+        [&] { return few.TimeToSave() + std::max(0.0, many.TimeToCreate() - few.TimeToCreate()); });
 }
 BENCHMARK(SaveOneMore)->Iterations(Rounds(21))->UseManualTime()->Unit(benchmark::kMicrosecond);
 

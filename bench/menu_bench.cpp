@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <array>
 #include <benchmark/benchmark.h>
 #include <string>
 
@@ -35,10 +36,13 @@ std::vector<VBRCommand> MakeTree(std::size_t phrases) {
 }
 
 // Clips whose captions and tips are yet to be made.
-QueueHistory& FreshHistory() {
-    static MenuHistoryFixture clips;
+QueueHistory& FreshHistory(bool withLongLine = false) {
+    static std::array<MenuHistoryFixture, 2> fixtures;
+    MenuHistoryFixture& clips = fixtures[withLongLine ? 1 : 0];
     for (int i = static_cast<int>(clips.Queue.GetCount()); i < kHistoryItems; ++i) {
-        clips.AddClip(Concat(u"A clip with the number ", i, u"\r\nand a second line"));
+        const bool isLong = withLongLine && i == 3;
+        clips.AddClip(isLong ? std::u16string(25U << 20, u'x')
+                             : Concat(u"A clip with the number ", i, u"\r\nand a second line"));
     }
     for (std::size_t i = 0; i < clips.Queue.GetCount(); ++i) {
         clips.History.MenuCaption(i).clear();
@@ -49,8 +53,9 @@ QueueHistory& FreshHistory() {
 
 const MacroInput kInput{u"a few selected words", u"a text from the clipboard", kEnglish};
 
-void BuildMenu(const MacroFixture& fixture, const std::vector<VBRCommand>& tree) {
-    QueueHistory& history = FreshHistory();
+void BuildMenu(const MacroFixture& fixture, const std::vector<VBRCommand>& tree,
+               bool withLongLine = false) {
+    QueueHistory& history = FreshHistory(withLongLine);
     PhraseMenu menu;
     AddPhraseRegion(tree, {.Input = kInput}, fixture.Items, menu);
     AddHistoryRegion(history, {}, fixture.Texts, menu);
@@ -88,6 +93,15 @@ void MenuGrowsWithItsPhrases(benchmark::State& state) {
         state, 12, [&] { BuildMenu(fixture, many); }, [&] { BuildMenu(fixture, few); });
 }
 BENCHMARK(MenuGrowsWithItsPhrases)->Iterations(Rounds(101))->UseManualTime();
+
+// A clip of 50 MB in one line adds nothing to the menu's time.
+void MenuWithALongLine(benchmark::State& state) {
+    const MacroFixture fixture;
+    const std::vector<VBRCommand> tree = MakeTree(100);
+    MeasureCpuRatio(
+        state, 1.5, [&] { BuildMenu(fixture, tree, true); }, [&] { BuildMenu(fixture, tree); });
+}
+BENCHMARK(MenuWithALongLine)->Iterations(Rounds(201))->UseManualTime();
 
 }  // namespace
 }  // namespace vbr::bench

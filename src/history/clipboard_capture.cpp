@@ -77,7 +77,7 @@ CaptureResult ClipboardCapture::Capture(WindowHandle owner, std::uint32_t patien
         if (!isRead) {
             with_.Log.Write(
                 Concat(u"Clipboard not captured: ",
-                       std::u16string_view(isSecret ? u"its owner asks to leave it alone"
+                       std::u16string_view(isSecret           ? u"its owner asks to leave it alone"
                                            : reading.IsAnyOff ? u"its format is off"
                                                               : u"it gives nothing that is kept")));
             return end(CaptureOutcome::NotKept);
@@ -120,8 +120,8 @@ bool ClipboardCapture::ReadKelpNotes(Reading& reading) const {
 }
 
 bool ClipboardCapture::ReadBitmap(Reading& reading) const {
-    const auto block = IsWanted(reading, kClipBitmap, CHF_BITMAP) ? ReadBlock(reading, kClipBitmap)
-                                                                  : std::nullopt;
+    const auto block =
+        IsWanted(reading, kClipBitmap, CHF_BITMAP) ? ReadBlock(reading, kClipBitmap) : std::nullopt;
     auto picture = block ? with_.Bitmaps.FromObject(block->Object) : nullptr;
     if (!picture) {
         return false;
@@ -133,8 +133,7 @@ bool ClipboardCapture::ReadBitmap(Reading& reading) const {
 }
 
 bool ClipboardCapture::ReadRich(Reading& reading) const {
-    auto bytes =
-        IsWanted(reading, rtf_, CHF_RTF) ? ReadText(reading, rtf_) : std::nullopt;
+    auto bytes = IsWanted(reading, rtf_, CHF_RTF) ? ReadText(reading, rtf_) : std::nullopt;
     if (bytes) {
         reading.Item.format = CHF_RTF;
         reading.Item.SetData(std::move(*bytes));
@@ -158,9 +157,8 @@ bool ClipboardCapture::ReadUnicode(Reading& reading) const {
 }
 
 bool ClipboardCapture::ReadAnsi(Reading& reading) const {
-    const std::u16string text = IsWanted(reading, kClipText, CHF_ANSI_TEXT)
-                                    ? AnsiTextOf(reading)
-                                    : std::u16string();
+    const std::u16string text =
+        IsWanted(reading, kClipText, CHF_ANSI_TEXT) ? AnsiTextOf(reading) : std::u16string();
     if (text.empty()) {
         return false;
     }
@@ -218,8 +216,7 @@ std::optional<ClipboardBlock> ClipboardCapture::ReadBlock(Reading& reading,
     return reading.OwnerHangs ? std::nullopt : reading.Clipboard.Read(format);
 }
 
-std::optional<ItemBytes> ClipboardCapture::ReadBytes(Reading& reading,
-                                                     std::uint32_t format) const {
+std::optional<ItemBytes> ClipboardCapture::ReadBytes(Reading& reading, std::uint32_t format) const {
     auto block = ReadBlock(reading, format);
     if (block && !block->Bytes.empty()) {
         return std::move(block->Bytes);

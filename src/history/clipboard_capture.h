@@ -21,8 +21,8 @@ using KeptFormats = std::array<bool, 5>;  // text, RTF, bitmap, Kelp notes, HTML
 
 enum class CaptureOutcome {
     Captured,
-    NotKept,      // it asks not to be seen, its kind is off, or nothing of it is ever kept
-    OwnCopy,      // the program's own
+    NotKept,  // it asks not to be seen, its kind is off, or nothing of it is ever kept
+    OwnCopy,  // the program's own
     // What can't be told or read now, but may be later.
     OwnUnderWay,  // the program is at the clipboard
     InUse,        // another program holds it
@@ -62,9 +62,9 @@ class ClipboardCapture {
         CCHItem& Item;
         std::uint32_t PatienceMs = 0;
         bool OwnerHangs = false;
-        bool IsAnyOff = false;           // a format is there whose kind is off
-        std::optional<ItemBytes> Html;   // wanted twice
-        std::optional<ItemBytes> Text;   // looked at before its turn
+        bool IsAnyOff = false;          // a format is there whose kind is off
+        std::optional<ItemBytes> Html;  // wanted twice
+        std::optional<ItemBytes> Text;  // looked at before its turn
     };
 
     bool IsSecret(Reading& reading) const;

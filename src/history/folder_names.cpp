@@ -22,8 +22,7 @@ NumberedName Split(std::u16string_view name) {
     const std::u16string_view base = name.substr(0, point);
     const std::u16string_view stem = TrimRight(base, kDigits);
     const std::u16string_view digits = base.substr(stem.size());
-    const bool isNumber =
-        !digits.empty() && digits.size() <= kMostDigits && digits.front() != u'0';
+    const bool isNumber = !digits.empty() && digits.size() <= kMostDigits && digits.front() != u'0';
     return {stem, isNumber ? static_cast<std::uint32_t>(ParseDecimal(digits)) : 0,
             name.substr(point)};
 }

@@ -275,9 +275,8 @@ HistoryFolder::Outcome HistoryFolder::WriteData(CCHItem& item, bool isProtected,
 }
 
 bool HistoryFolder::WriteInfo(const CCHItem& item, const Stored* before, Stored& fresh) {
-    const std::string bytes =
-        WriteItemInfo({item.format, item.isProtected, item.wndName, item.exeName, item.sourceUrl,
-                       fresh.Data, fresh.Time});
+    const std::string bytes = WriteItemInfo({item.format, item.isProtected, item.wndName,
+                                             item.exeName, item.sourceUrl, fresh.Data, fresh.Time});
     const FileStamp stamp{fresh.Time, item.isProtected};
     const Owner owner = before ? OwnerOf(*before) : Owner::Others;
     if (owner == Owner::Unknown) {
@@ -319,7 +318,8 @@ bool HistoryFolder::Remove(const std::u16string& key) {
     }
     switch (OwnerOf(found->second)) {
         case Owner::Unknown:
-            log_.LogError(Concat(u"Cannot delete the: ", found->second.Info, u": it can't be read"));
+            log_.LogError(
+                Concat(u"Cannot delete the: ", found->second.Info, u": it can't be read"));
             return false;
         case Owner::Others:
             stored_.erase(found);
@@ -345,13 +345,13 @@ bool HistoryFolder::Protect(const std::u16string& key, bool on) {
     const Stored& stored = found->second;
     const auto content = files_.Read(folder_ / stored.Info);
     const auto error =
-        content ? files_.MoveIn(
-                      folder_ / stored.Info,
-                      WithProtection({reinterpret_cast<const char*>(content->Bytes.data()),
-                                      content->Bytes.size()},
-                                     on),
-                      {stored.Time, on}, true)
-                : SystemError{0, u"it can't be read"};
+        content
+            ? files_.MoveIn(folder_ / stored.Info,
+                            WithProtection({reinterpret_cast<const char*>(content->Bytes.data()),
+                                            content->Bytes.size()},
+                                           on),
+                            {stored.Time, on}, true)
+            : SystemError{0, u"it can't be read"};
     if (error) {
         log_.LogError(Concat(u"Protection not saved: ", stored.Info, u": ", error->Text));
         return false;
@@ -563,8 +563,7 @@ void HistoryFolder::SweepStale(const std::vector<FolderEntry>& entries, const Na
 }
 
 void HistoryFolder::LogSkipped(std::u16string_view infoName, std::u16string_view why) {
-    log_.LogError(
-        Concat(u"History item skipped: ", (folder_ / infoName).u16string(), u": ", why));
+    log_.LogError(Concat(u"History item skipped: ", (folder_ / infoName).u16string(), u": ", why));
 }
 
 void HistoryFolder::LogNotSaved(std::u16string_view name, std::u16string_view why) {

@@ -132,7 +132,7 @@ class HistoryFolder {
 
     std::mutex mutex_;  // guards what follows
     std::weak_ptr<HeldFile> held_;
-    std::optional<FolderNames> names_;                  // once the folder was listed
+    std::optional<FolderNames> names_;                   // once the folder was listed
     std::unordered_map<std::u16string, Stored> stored_;  // by the item's key
     // What is still to be done: items that go, with their successors; protection; a clear; data
     // files that nothing names.

@@ -30,9 +30,8 @@ bool CCHQueue::Add(std::unique_ptr<CCHItem> item, std::uint32_t max) {
     if (const CCHItem* older = FindSame(*item)) {
         item->isProtected = older->isProtected;
         item->id = older->id;
-        changes_.push_back({.What = FileChange::Kind::Superseded,
-                            .Key = older->key,
-                            .Successor = item->key});
+        changes_.push_back(
+            {.What = FileChange::Kind::Superseded, .Key = older->key, .Successor = item->key});
         Forget(*older);
         items_.erase(items_.begin() + static_cast<std::ptrdiff_t>(PositionOf(*older)));
         Append(std::move(item));
@@ -193,8 +192,7 @@ bool CCHQueue::SetProtected(std::size_t index, bool value) {
     CCHItem& item = *Stored(index);
     if (item.isProtected != value) {
         item.isProtected = value;
-        changes_.push_back(
-            {.What = FileChange::Kind::Protected, .Key = item.key, .On = value});
+        changes_.push_back({.What = FileChange::Kind::Protected, .Key = item.key, .On = value});
     }
     return true;
 }
@@ -225,18 +223,16 @@ void CCHQueue::Merge(CCHQueue& loaded, std::uint32_t max) {
             Append(std::move(item));
             continue;
         }
-        changes_.push_back({.What = FileChange::Kind::Superseded,
-                            .Key = item->key,
-                            .Successor = same->key});
+        changes_.push_back(
+            {.What = FileChange::Kind::Superseded, .Key = item->key, .Successor = same->key});
         if (item->isProtected) {
             SetProtected(items_.size() - 1 - PositionOf(*same), true);
         }
     }
     SortByTime();
     std::size_t kept = 0;
-    for (const auto& item : TakeOut([&](const CCHItem& held) {
-             return kept++ >= max && !held.isProtected;
-         })) {
+    for (const auto& item :
+         TakeOut([&](const CCHItem& held) { return kept++ >= max && !held.isProtected; })) {
         aside_.push_back(item->key);
     }
 }

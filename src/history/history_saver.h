@@ -79,10 +79,10 @@ class HistorySaver {
     std::uint32_t clearsAtLoad_ = 0;
     mutable std::mutex mutex_;  // guards what follows
     Loading loading_ = Loading::NotAsked;
-    int running_ = 0;      // saves under way
-    bool again_ = false;   // another one was asked for meanwhile
-    int failures_ = 0;     // in a row, of saves and loads
-    ItemList untold_;      // written, but nobody took it
+    int running_ = 0;     // saves under way
+    bool again_ = false;  // another one was asked for meanwhile
+    int failures_ = 0;    // in a row, of saves and loads
+    ItemList untold_;     // written, but nobody took it
     std::shared_ptr<CCHQueue> untoldLoad_;
 };
 

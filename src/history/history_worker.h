@@ -22,12 +22,12 @@ class HistoryWorker {
     };
     // All calls come on the worker's thread.
     struct SaveCalls {
-        std::function<void(const CCHItem&)> OnSaved;    // for each whose files are complete
-        std::function<void(bool complete)> OnEnd;       // whether nothing is left to do
+        std::function<void(const CCHItem&)> OnSaved;  // for each whose files are complete
+        std::function<void(bool complete)> OnEnd;     // whether nothing is left to do
     };
     struct LoadCalls {
         std::function<void(std::shared_ptr<CCHQueue>)> OnLoaded;  // when there was anything
-        std::function<void(bool read)> OnEnd;     // false: it could not be read now
+        std::function<void(bool read)> OnEnd;                     // false: it could not be read now
     };
 
     // Without a guard nobody else is told.

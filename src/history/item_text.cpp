@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "base/text.h"
+#include "platform/rich_reader.h"
 
 namespace vbr {
 namespace {
@@ -13,6 +14,15 @@ constexpr std::u16string_view kEllipsis = u"…";
 constexpr std::u16string_view kKelpNotesName = u"Kelp Notes Document Data";
 constexpr std::u16string_view kBitmapName = u"Bitmap";
 constexpr std::u16string_view kUnknownName = u"O-o-ops! Naxer!";
+
+// A caption looks at so many units, a preview shows so many from either end of a long text.
+constexpr std::size_t kCaptionUnits = 4096;
+constexpr std::size_t kPreviewUnits = 8192;
+// Longer texts are not read through for a preview.
+constexpr std::size_t kCountedUnits = 1U << 20;
+// Of larger sources, in bytes, only the beginning is read for a preview: the engine takes seconds.
+constexpr std::size_t kMaxLoaded = 1U << 20;
+constexpr std::size_t kRichBeginning = 64U << 10;
 
 // So many UTF-16 units of plain texts are kept, 8 MiB.
 constexpr std::size_t kMaxKeptUnits = 4U << 20;
@@ -30,10 +40,15 @@ std::u16string Shorten(std::u16string_view text, std::size_t maxChars, bool cutA
     return Concat(kept, kept.size() < text.size() ? kEllipsis : std::u16string_view());
 }
 
-}  // namespace
+std::size_t CountLines(std::u16string_view text) {
+    std::size_t lines = 1;
+    for (std::size_t at = 0; (at = text.find_first_of(u"\r\n", at)) != text.npos; ++lines) {
+        at += text.substr(at, 2) == u"\r\n" ? 2 : 1;
+    }
+    return lines;
+}
 
-std::u16string RichSourceOf(const CCHItem& item) {
-    const std::string_view bytes = item.ByteText();
+std::u16string SourceOf(std::string_view bytes) {
     std::u16string source(bytes.size(), u'\0');
     std::transform(bytes.begin(), bytes.end(), source.begin(), [](char byte) {
         return static_cast<char16_t>(static_cast<unsigned char>(byte));
@@ -41,14 +56,28 @@ std::u16string RichSourceOf(const CCHItem& item) {
     return source;
 }
 
+// The text's bytes, but no more than so many.
+std::string_view BytesOf(const CCHItem& item, std::size_t most) {
+    const std::string_view all(reinterpret_cast<const char*>(item.Data().data()),
+                               std::min(item.Data().size(), most));
+    return all.substr(0, all.find('\0'));
+}
+
+}  // namespace
+
+std::u16string RichSourceOf(const CCHItem& item) {
+    return SourceOf(item.ByteText());
+}
+
 std::u16string ItemTexts::ItemText(const CCHItem& item, std::size_t maxChars, bool cutAtLine) {
+    // With room for what is left out at the start.
+    const std::size_t units = maxChars == 0 ? std::u16string::npos : maxChars + kCaptionUnits;
     switch (item.format) {
         case CHF_ANSI_TEXT:
-            return Shorten(ansi_.FromAnsi(item.ByteText()), maxChars, cutAtLine);
-        case CHF_UNICODE_TEXT:
-            return Shorten(item.WideText(), maxChars, cutAtLine);
         case CHF_RTF:
-            return Shorten(PlainTextOfRtf(item), maxChars, cutAtLine);
+            return Shorten(StartOf(item, units), maxChars, cutAtLine);
+        case CHF_UNICODE_TEXT:
+            return Shorten(item.WideText().substr(0, units), maxChars, cutAtLine);
         case CHF_KELPNOTES:
             return Shorten(kKelpNotesName, maxChars, cutAtLine);
         case CHF_BITMAP:
@@ -56,6 +85,44 @@ std::u16string ItemTexts::ItemText(const CCHItem& item, std::size_t maxChars, bo
         default:
             return std::u16string(kUnknownName);
     }
+}
+
+std::u16string ItemTexts::StartOf(const CCHItem& item, std::size_t units) {
+    if (item.format == CHF_UNICODE_TEXT) {
+        return std::u16string(item.WideText().substr(0, units));
+    }
+    if (item.format == CHF_ANSI_TEXT) {
+        return ansi_.FromAnsi(BytesOf(item, units));
+    }
+    return units == std::u16string::npos || item.Size() <= kMaxLoaded
+               ? PlainTextOfRtf(item)
+               : ReadRichText(SourceOf(BytesOf(item, kRichBeginning)), engine_);
+}
+
+TextPreview ItemTexts::Preview(const CCHItem& item) {
+    const bool isText = item.format == CHF_UNICODE_TEXT || item.format == CHF_ANSI_TEXT;
+    if (!isText && item.format != CHF_RTF) {
+        return {};
+    }
+    TextPreview preview{.Start = {}, .End = {}, .Units = std::nullopt, .Lines = std::nullopt};
+    // A text in UTF-16 is looked at where it lies.
+    const std::u16string made =
+        item.format == CHF_UNICODE_TEXT ? std::u16string() : StartOf(item, kCountedUnits);
+    const std::u16string_view text = item.format == CHF_UNICODE_TEXT ? item.WideText() : made;
+    const bool isWhole = item.format == CHF_UNICODE_TEXT || item.Size() <= kMaxLoaded;
+    if (isWhole) {
+        preview.Units = text.size();
+    }
+    if (isWhole && text.size() <= kCountedUnits) {
+        preview.Lines = CountLines(text);
+    }
+    preview.Start = text.substr(0, 2 * kPreviewUnits);
+    if (!isWhole || text.size() > preview.Start.size()) {
+        preview.Start = CutUnits(text, kPreviewUnits);
+        // Of what was read in part the end isn't known.
+        preview.End = isWhole ? text.substr(text.size() - kPreviewUnits) : std::u16string_view();
+    }
+    return preview;
 }
 
 std::u16string ItemTexts::PlainText(const CCHItem& item) {
@@ -69,7 +136,7 @@ std::u16string ItemTexts::PlainText(const CCHItem& item) {
     }
 }
 
-const std::u16string& ItemTexts::PlainTextOfRtf(const CCHItem& item) {
+std::u16string ItemTexts::PlainTextOfRtf(const CCHItem& item) {
     const Content content(item.ContentHash(), item.Size());
     if (const auto kept = richTexts_.find(content); kept != richTexts_.end()) {
         return kept->second;
@@ -82,6 +149,9 @@ const std::u16string& ItemTexts::PlainTextOfRtf(const CCHItem& item) {
                              u" bytes in the clipboard history"));
     }
     const std::size_t units = text.size() + kUnitsOfEntry;
+    if (item.Size() > kMaxLoaded) {
+        return text;
+    }
     if (richUnits_ + units > kMaxKeptUnits) {
         richTexts_.clear();
         richUnits_ = 0;

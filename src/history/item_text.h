@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <map>
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -16,6 +17,14 @@ namespace vbr {
 
 // The bytes of an RTF item as a source of the engine.
 std::u16string RichSourceOf(const CCHItem& item);
+
+// As much of an item's text as is ever shown of it at once.
+struct TextPreview {
+    std::u16string Start;
+    std::u16string End;                // of a text that is too long to be there whole
+    std::optional<std::size_t> Units;  // of the whole text; nothing where finding out takes long
+    std::optional<std::size_t> Lines;
+};
 
 // Texts of history items. The plain text of an RTF item is kept for the next call, since the engine
 // has to read the whole source for it. Belongs to the main thread.
@@ -30,16 +39,21 @@ class ItemTexts {
     std::u16string MenuCaptionText(const CCHItem& item) { return ItemText(item, 50, true); }
     std::u16string FullText(const CCHItem& item) { return ItemText(item, 0, false); }
 
+    // Empty for what isn't text. Takes the same short time for items of any size.
+    TextPreview Preview(const CCHItem& item);
+
     // What the item is as CF_UNICODETEXT; empty for what isn't text.
     std::u16string PlainText(const CCHItem& item);
-    // Empty, with a line in the log at the first time, when the engine can't load the source. Valid
-    // until the next call.
-    const std::u16string& PlainTextOfRtf(const CCHItem& item);
+    // Empty, with a line in the log, when the engine can't load the source.
+    std::u16string PlainTextOfRtf(const CCHItem& item);
     // The block of an HTML item as text, header and all.
     static std::u16string HtmlText(const CCHItem& item);
 
   private:
     using Content = std::pair<std::uint64_t, std::uint32_t>;  // hash and size
+
+    // The first `units` of the text at most.
+    std::u16string StartOf(const CCHItem& item, std::size_t units);
 
     const AnsiText& ansi_;
     RichTextEngine& engine_;

@@ -16,7 +16,9 @@ namespace {
 constexpr std::size_t kCaptionLimit = 60;
 constexpr std::size_t kLinesShownWhole = 4;
 constexpr std::size_t kLinesAtEitherEnd = 3;
+constexpr std::size_t kMostOfALine = 2000;
 constexpr std::u16string_view kLineEnds = u"\r\n";
+constexpr std::u16string_view kEllipsis = u"…";
 
 std::size_t ShownCount(std::size_t count, const HistoryRegionOptions& options) {
     return options.MaxItems > 0 ? std::min(count, static_cast<std::size_t>(options.MaxItems))
@@ -36,14 +38,6 @@ std::pair<std::size_t, std::size_t> LineEnd(std::u16string_view text, std::size_
     return {end, end + (text.substr(end, 2) == u"\r\n" ? 2 : 1)};
 }
 
-std::size_t CountLines(std::u16string_view text) {
-    std::size_t lines = 0;
-    for (std::size_t at = 0; at != text.npos; at = LineEnd(text, at).second) {
-        ++lines;
-    }
-    return lines;
-}
-
 std::u16string_view FirstLines(std::u16string_view text, std::size_t count) {
     std::size_t start = 0;
     for (std::size_t i = 1; i < count; ++i) {
@@ -54,7 +48,7 @@ std::u16string_view FirstLines(std::u16string_view text, std::size_t count) {
 
 std::u16string_view LastLines(std::u16string_view text, std::size_t count) {
     std::size_t start = text.size();
-    for (std::size_t i = 0; i < count; ++i) {
+    for (std::size_t i = 0; i < count && start > 0; ++i) {
         std::size_t end = i == 0 ? text.size() : start - 1;
         if (i > 0 && end > 0 && text[end] == u'\n' && text[end - 1] == u'\r') {
             --end;
@@ -65,17 +59,41 @@ std::u16string_view LastLines(std::u16string_view text, std::size_t count) {
     return text.substr(start);
 }
 
-std::u16string Preview(std::u16string_view text, std::size_t lines) {
-    if (lines <= kLinesShownWhole) {
-        return std::u16string(text);
+// The lines one below the other, long ones cut: at their end, or those at the text's end at their
+// start.
+std::u16string CutLines(std::u16string_view text, bool atStart) {
+    std::u16string cut;
+    for (std::size_t at = 0; at != text.npos;) {
+        const auto [end, next] = LineEnd(text, at);
+        const std::u16string_view line = text.substr(at, end - at);
+        if (line.size() <= kMostOfALine) {
+            cut += line;
+        } else if (atStart) {
+            cut += Concat(kEllipsis, line.substr(line.size() - kMostOfALine));
+        } else {
+            cut += Concat(CutUnits(line, kMostOfALine), kEllipsis);
+        }
+        cut += next == text.npos ? std::u16string_view() : text.substr(end, next - end);
+        at = next;
     }
-    return Concat(FirstLines(text, kLinesAtEitherEnd), u"\n\t………\n",
-                  LastLines(text, kLinesAtEitherEnd));
+    return cut;
+}
+
+std::u16string Shown(const TextPreview& text) {
+    if (!text.Lines && text.End.empty()) {
+        return Concat(CutLines(FirstLines(text.Start, kLinesAtEitherEnd), false), u"\n\t………");
+    }
+    if (text.End.empty() && text.Lines <= kLinesShownWhole) {
+        return CutLines(text.Start, false);
+    }
+    const std::u16string_view end = text.End.empty() ? text.Start : text.End;
+    return Concat(CutLines(FirstLines(text.Start, kLinesAtEitherEnd), false), u"\n\t………\n",
+                  CutLines(LastLines(end, kLinesAtEitherEnd), !text.End.empty()));
 }
 
 std::u16string MakeTip(const QueueHistory& history, std::size_t index, const Strings& strings) {
     const MenuHistoryKind kind = history.KindOf(index);
-    const std::u16string text = HasText(kind) ? history.FullText(index) : std::u16string();
+    const TextPreview text = HasText(kind) ? history.Preview(index) : TextPreview{.Units = 0};
     const std::u16string url = history.SourceUrl(index);
     const int kindName =
         kind == MenuHistoryKind::FormattedText ? kStrInsertFormattedText : kStrInsertPlainText;
@@ -83,12 +101,15 @@ std::u16string MakeTip(const QueueHistory& history, std::size_t index, const Str
     if (!url.empty()) {
         tip += Concat(u"\tURL: ", url, u"\n\n");
     }
-    tip += Concat(strings.LoadString(kindName), u": ", strings.LoadString(kStrDataFromHistory),
-                  u"\n\t", strings.LoadString(kStrChars), u": ", text.size());
-    if (!text.empty()) {
-        const std::size_t lines = CountLines(text);
-        tip += Concat(u", ", strings.LoadString(kStrLines), u": ", lines, u"\n\n",
-                      Preview(text, lines));
+    tip += Concat(strings.LoadString(kindName), u": ", strings.LoadString(kStrDataFromHistory));
+    if (text.Units) {
+        tip += Concat(u"\n\t", strings.LoadString(kStrChars), u": ", *text.Units);
+    }
+    if (text.Lines && !text.Start.empty()) {
+        tip += Concat(u", ", strings.LoadString(kStrLines), u": ", *text.Lines);
+    }
+    if (!text.Start.empty()) {
+        tip += Concat(u"\n\n", Shown(text));
     }
     return Concat(tip, u"\n\n        ", strings.LoadString(kStrRightClickForExtendedMenu));
 }

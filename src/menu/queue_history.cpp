@@ -36,10 +36,9 @@ std::u16string QueueHistory::MenuCaptionText(std::size_t index) const {
     return item ? texts_.MenuCaptionText(*item) : std::u16string();
 }
 
-std::u16string QueueHistory::FullText(std::size_t index) const {
-    const MenuHistoryKind kind = KindOf(index);
-    const bool hasText = kind == MenuHistoryKind::Text || kind == MenuHistoryKind::FormattedText;
-    return hasText ? texts_.FullText(*queue_.GetItem(index)) : std::u16string();
+TextPreview QueueHistory::Preview(std::size_t index) const {
+    const CCHItem* item = queue_.GetItem(index);
+    return item ? texts_.Preview(*item) : TextPreview();
 }
 
 std::u16string QueueHistory::SourceUrl(std::size_t index) const {

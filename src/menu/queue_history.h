@@ -27,8 +27,8 @@ class QueueHistory {
     std::uint32_t IdOf(std::size_t index) const;
     // The first line, shortened; a name of the kind for an item without text.
     std::u16string MenuCaptionText(std::size_t index) const;
-    // The whole text; empty for an item that has none.
-    std::u16string FullText(std::size_t index) const;
+    // What a tip shows of the text; empty for an item that has none.
+    TextPreview Preview(std::size_t index) const;
     std::u16string SourceUrl(std::size_t index) const;
 
     // What the menu made of the item before, kept with it; empty until it is made, and again when

@@ -103,8 +103,8 @@ void HistoryControl::OnSaveEnded() {
         return;
     }
     isFailing_ = state.IsFailing;
-    with_.Log.Write(Concat(u"Saving of the clipboard history fails again and again: ",
-                           int{isFailing_}));
+    with_.Log.Write(
+        Concat(u"Saving of the clipboard history fails again and again: ", int{isFailing_}));
     with_.Display.SetHistoryNotSaved(isFailing_);
     with_.Display.UpdateTrayIcon(TrayIconMode::Modify);
     if (isFailing_) {

@@ -70,8 +70,8 @@ class HistoryControl {
     void ToggleKeeping(bool anew);
     void Clear();
     void Save() { with_.Capture.Save(); }
-    // A save has ended: begins the next one that is wanted, tries again later what failed, and tells
-    // the user when it goes on failing.
+    // A save has ended: begins the next one that is wanted, tries again later what failed, and
+    // tells the user when it goes on failing.
     void OnSaveEnded();
     void OnLanguageChanged() { with_.Queue.ClearTips(); }
 

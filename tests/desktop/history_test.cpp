@@ -274,7 +274,7 @@ class HastyUser {
 
     void Act() {
         const auto chance = chance_() % 30;
-        if (chance == 0 && !copied_.empty()) {
+        if (chance == 0) {
             Clear();
             return;
         }
@@ -327,8 +327,7 @@ class HastyUser {
     }
     void Look() {
         // Between two saves; in the middle of one an item may be on its way to another name.
-        const std::filesystem::path lock =
-            folder_ / L"ClipboardHistory" / L"vellumbridge_cb.lock";
+        const std::filesystem::path lock = folder_ / L"ClipboardHistory" / L"vellumbridge_cb.lock";
         const UniqueHandle held(CreateFileW(lock.c_str(), GENERIC_WRITE | DELETE, 0, nullptr,
                                             OPEN_ALWAYS, FILE_FLAG_DELETE_ON_CLOSE, nullptr));
         if (!IsValid(held)) {
@@ -347,7 +346,8 @@ class HastyUser {
         }
     }
     void Clear() {
-        // Else it could be taken after the clear.
+        // Else the last copy could be taken after the clear.
+        Copy(Concat(u"text ", ++texts_));
         copier_.WaitUntil([this] { return NewestTexts(folder_, 1) == Texts{copied_.back()}; });
         SendMessageW(TrayWindow(), WM_COMMAND, kCmdClearHistory, 0);
         copied_.clear();
@@ -361,10 +361,10 @@ class HastyUser {
     std::mt19937 chance_;
     int texts_ = 0;
     std::u16string last_;
-    Texts copied_;  // the newest last
-    Texts saved_;   // of these, seen on the disk
+    Texts copied_;                   // the newest last
+    Texts saved_;                    // of these, seen on the disk
     std::set<std::u16string> seen_;  // since they were copied last
-    Texts past_;    // beyond the limit, and not yet seen to be gone
+    Texts past_;                     // beyond the limit, and not yet seen to be gone
 };
 
 TEST_F(History, KilledAHundredTimesItKeepsWhatWasSavedAndBringsNothingBack) {
@@ -385,8 +385,7 @@ TEST_F(History, KilledAHundredTimesItKeepsWhatWasSavedAndBringsNothingBack) {
     // What was half written and half deleted is gone.
     const auto files = std::distance(
         std::filesystem::directory_iterator(program_.Folder() / L"ClipboardHistory"), {});
-    EXPECT_EQ(static_cast<std::size_t>(files),
-              2 * ReadStoredHistory(program_.Folder()).size());
+    EXPECT_EQ(static_cast<std::size_t>(files), 2 * ReadStoredHistory(program_.Folder()).size());
 }
 
 TEST_F(History, NothingIsKeptWhileTheSessionIsLocked) {

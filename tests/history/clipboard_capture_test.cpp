@@ -220,15 +220,14 @@ class Changes : public Capture {
 
     std::optional<std::uint32_t> pause_;
     std::u16string taken_;
-    ChangeCapture changes_{{.Capture = capture_,
-                            .Access = clipboard_,
-                            .Clock = clock_,
-                            .OnItem =
-                                [this](std::unique_ptr<CCHItem> item, HistoryChange) {
-                                    taken_ += Concat(item->WideText(), u" ");
-                                },
-                            .StartTimer = [this](std::uint32_t pause) { pause_ = pause; },
-                            .Log = log_}};
+    ChangeCapture changes_{
+        {.Capture = capture_,
+         .Access = clipboard_,
+         .Clock = clock_,
+         .OnItem = [this](std::unique_ptr<CCHItem> item,
+                          HistoryChange) { taken_ += Concat(item->WideText(), u" "); },
+         .StartTimer = [this](std::uint32_t pause) { pause_ = pause; },
+         .Log = log_}};
 };
 
 TEST_F(Changes, EachContentIsTakenOnceHoweverOftenItIsTold) {

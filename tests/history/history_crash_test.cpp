@@ -65,8 +65,8 @@ class HistoryUser {
 
     bool Save() {
         Possible.merge(Live());
-        const bool complete =
-            folder_.Save(queue_.TakeFileChanges(), queue_.CopyUnsaved(), [this](const CCHItem& saved) {
+        const bool complete = folder_.Save(
+            queue_.TakeFileChanges(), queue_.CopyUnsaved(), [this](const CCHItem& saved) {
                 if (!disk_.IsStopped()) {
                     Required.insert(std::u16string(saved.WideText()));
                 }

@@ -257,8 +257,7 @@ TEST_F(HistoryFiles, WhatACrashLeftGoesUnlessADescriptionCannotBeRead) {
     AddTexts(u"a");
     Save();
     const Names stored = FileNames();
-    const Names left = {"Unicode_clipboard_history7.txt", "clipboard_history2.rtf",
-                        "~vbr12-3.new"};
+    const Names left = {"Unicode_clipboard_history7.txt", "clipboard_history2.rtf", "~vbr12-3.new"};
     const Names others = {"notes.txt", "clipboard_history02.rtf", "clipboard_history.txt"};
     for (const Names& names : {left, others}) {
         for (const std::string& name : names) {

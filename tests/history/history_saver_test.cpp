@@ -208,12 +208,12 @@ TEST_F(Saver, HoweverSavesFallTogetherEachItemIsWrittenOnce) {
     hasWindow_ = false;
     for (int i = 0; i < 30; ++i) {
         Add(TextItem(Concat(u"text ", i)));
-            saver_.SaveRest();
+        saver_.SaveRest();
         while (told_ <= i) {
             std::this_thread::yield();
         }
         // Just now the worker is about to keep the result.
-            saver_.SaveRest();
+        saver_.SaveRest();
     }
     Finish();
     EXPECT_EQ(FileNames().size(), 60U);

@@ -52,6 +52,36 @@ TEST_F(ItemText, EveryFormatHasAText) {
     EXPECT_EQ(texts_.ItemText(*ByteItem(CHF_KELPNOTES, "x"), 4, true), u"Kelp…");
 }
 
+TEST_F(ItemText, APreviewOfALongTextIsItsTwoEnds) {
+    const std::u16string line(3U << 20, u'x');
+    const TextPreview one = texts_.Preview(*TextItem(u"first " + line + u" last"));
+    EXPECT_EQ(one.Units, line.size() + 11);
+    EXPECT_FALSE(one.Lines);  // that takes long
+    EXPECT_TRUE(one.Start.starts_with(u"first x") && one.End.ends_with(u"x last"));
+    EXPECT_LT(one.Start.size() + one.End.size(), 20'000U);
+    std::u16string lines;
+    for (int i = 0; i < 10'000; ++i) {
+        lines += i % 2 == 0 ? u"ab\r\n" : u"ab\n";
+    }
+    const TextPreview many = texts_.Preview(*TextItem(lines));
+    EXPECT_EQ(many.Lines, 10'001U);
+    EXPECT_TRUE(many.End.ends_with(u"ab\n"));
+    EXPECT_EQ(texts_.Preview(*TextItem(u"a\rb")).Start, u"a\rb");
+    EXPECT_FALSE(texts_.Preview(*ByteItem(CHF_KELPNOTES, "k")).Units);
+}
+
+TEST_F(ItemText, OfALargeSourceTheBeginningIsShownAndTheWholeDelivered) {
+    const std::string source = "{\\rtf1 first\\par second " + std::string(2 << 20, 'x') + "}";
+    const auto item = ByteItem(CHF_RTF, source);
+    engine_.LoadSource(u"{another}");
+    EXPECT_EQ(texts_.MenuCaptionText(*item), u"first…");
+    const TextPreview preview = texts_.Preview(*item);
+    EXPECT_TRUE(preview.Start.starts_with(u"first\r\nsecond xx"));
+    EXPECT_TRUE(!preview.Units && !preview.Lines && preview.End.empty());
+    EXPECT_EQ(engine_.PlainText(), u"another");
+    EXPECT_GT(texts_.FullText(*item).size(), 2U << 20);
+}
+
 TEST_F(ItemText, AnRtfIsReadOnceAndABrokenOneIsLoggedOnce) {
     const auto item = ByteItem(CHF_RTF, "{text}");
     const auto broken = ByteItem(CHF_RTF, "no source");

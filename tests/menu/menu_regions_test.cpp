@@ -67,7 +67,7 @@ TEST(HistoryRegion, AnItemIsDescribedByItsKindAndDeliveredByItsId) {
     EXPECT_EQ(clip(0), (ClipText{kDataTypeText, u"text"}));
     EXPECT_EQ(clip(1), (ClipText{kDataTypeRtf, u"{rich}"}));
     EXPECT_EQ(clip(2), std::nullopt);
-    EXPECT_EQ(clips.History.FullText(3), u"");
+    EXPECT_EQ(clips.History.Preview(3).Start, u"");
 }
 
 TEST(HistoryRegion, CaptionsAndTipsAreMadeOnceAndKept) {
@@ -103,6 +103,21 @@ TEST(HistoryRegion, ATipShowsTheStartAndTheEndOfALongText) {
                                      text.size(), u", ", expected,
                                      u"\n\n        right click on item for extended menu")));
     }
+}
+
+TEST(HistoryRegion, ATipOfALongTextIsShort) {
+    const std::u16string line(3U << 20, u'x');
+    const std::u16string longLine(5000, u'y');
+    MenuHistoryFixture clips;
+    clips.AddClip(u"first " + line + u" last");
+    EXPECT_LT(HistoryTip(clips.History, 0, EmbeddedStrings()).size(), 10'000U);
+    EXPECT_THAT(
+        Utf16ToUtf8(clips.History.MenuTip(0)),
+        testing::AllOf(testing::HasSubstr("Chars: 3145739\n\nfirst xx"),
+                       testing::HasSubstr("x…\n\t………\n…x"), testing::HasSubstr("x last\n\n  ")));
+    clips.AddClip(u"first\n" + longLine + u"\nlast");
+    EXPECT_THAT(Utf16ToUtf8(HistoryTip(clips.History, 0, EmbeddedStrings())),
+                testing::HasSubstr("Lines: 3\n\nfirst\n" + std::string(2000, 'y') + "…\nlast\n"));
 }
 
 TEST(ExtraCommands, StandAtTheEndAsTheUserWants) {

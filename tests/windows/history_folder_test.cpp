@@ -26,7 +26,8 @@ void CopyAndDelete(const std::filesystem::path& path, char16_t name) {
                            [&queue](const CCHItem& saved) { queue.NoteSaved(saved); });
     };
     for (std::uint16_t i = 0; i < 40; ++i) {
-        auto item = std::make_unique<CCHItem>(CHF_UNICODE_TEXT, 0, SystemTime{2026, 1, 1, 1, 1, 1, i});
+        auto item =
+            std::make_unique<CCHItem>(CHF_UNICODE_TEXT, 0, SystemTime{2026, 1, 1, 1, 1, 1, i});
         item->SetData(TextBytes(std::u16string(i + 1U, name)));
         queue.Add(std::move(item), 10);
         save();

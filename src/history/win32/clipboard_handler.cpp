@@ -266,6 +266,8 @@ LRESULT CVBRWndClipboardHandler::OnLoaded(LPARAM queue) {
     }
     saver_.Merge(*reinterpret_cast<CCHQueue*>(queue));
     Notify(kNoticeHistoryLoaded, HistoryChange::Captured);
+    // What equal items or a clear have taken out goes from the disk, too.
+    PostMessageW(Handle(), WM_SAVE_HISTORY, 0, 0);
     return kTaken;
 }
 

@@ -12,8 +12,8 @@ namespace vbr {
 
 std::filesystem::path NewFileIn(const std::filesystem::path& folder) {
     static std::atomic<std::uint32_t> calls;
-    return folder /
-           Concat(kNewFilePrefix, GetCurrentProcessId(), u"-", std::uint32_t{++calls}, kNewFileSuffix);
+    return folder / Concat(kNewFilePrefix, GetCurrentProcessId(), u"-", std::uint32_t{++calls},
+                           kNewFileSuffix);
 }
 
 bool WriteWhole(const std::filesystem::path& path, std::string_view bytes,

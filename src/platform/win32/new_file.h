@@ -8,7 +8,8 @@
 
 namespace vbr {
 
-// A path in the folder, with a name as files on their way in have it, that no other process, and no other call in this one, has.
+// A path in the folder, with a name as files on their way in have it, that no other process, and no
+// other call in this one, has.
 std::filesystem::path NewFileIn(const std::filesystem::path& folder);
 
 // Makes the file of all the bytes and flushes it. The last error tells why not.

@@ -81,11 +81,12 @@ fs::path FollowLink(const fs::path& path) {
 void DeleteStaleIn(const fs::path& folder) {
     FILETIME now{};
     GetSystemTimeAsFileTime(&now);
-    ForEachEntry(folder / Concat(kNewFilePrefix, u"*", kNewFileSuffix), [&](const WIN32_FIND_DATAW& entry) {
-        if (Ticks(entry.ftLastWriteTime) + kStaleAfter < Ticks(now)) {
-            DeleteFileW(ReachablePath(folder / entry.cFileName).c_str());
-        }
-    });
+    ForEachEntry(folder / Concat(kNewFilePrefix, u"*", kNewFileSuffix),
+                 [&](const WIN32_FIND_DATAW& entry) {
+                     if (Ticks(entry.ftLastWriteTime) + kStaleAfter < Ticks(now)) {
+                         DeleteFileW(ReachablePath(folder / entry.cFileName).c_str());
+                     }
+                 });
 }
 
 }  // namespace
