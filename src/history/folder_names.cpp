@@ -9,11 +9,11 @@ namespace vbr {
 namespace {
 
 constexpr std::u16string_view kDigits = u"0123456789";
-constexpr std::size_t kMostDigits = 9;
+constexpr std::size_t kMostDigits = 6;
 
 struct NumberedName {
     std::u16string_view Stem;
-    std::uint32_t Number = 0;  // 0 when there is none
+    std::size_t Number = 0;  // 0 when there is none
     std::u16string_view Extension;
 };
 
@@ -23,36 +23,50 @@ NumberedName Split(std::u16string_view name) {
     const std::u16string_view stem = TrimRight(base, kDigits);
     const std::u16string_view digits = base.substr(stem.size());
     const bool isNumber = !digits.empty() && digits.size() <= kMostDigits && digits.front() != u'0';
-    return {stem, isNumber ? static_cast<std::uint32_t>(ParseDecimal(digits)) : 0,
+    return {stem, isNumber ? static_cast<std::size_t>(ParseDecimal(digits)) : 0,
             name.substr(point)};
-}
-
-std::u16string KindOf(std::u16string_view stem, std::u16string_view extension) {
-    return ToUpper(Concat(stem, extension));
 }
 
 }  // namespace
 
+FolderNames::Kind& FolderNames::KindOf(std::u16string_view stem, std::u16string_view extension) {
+    const auto known = std::find_if(kinds_.begin(), kinds_.end(), [&](const Kind& kind) {
+        return (kind.Stem == stem && kind.Extension == extension) ||
+               (EqualsNoCase(kind.Stem, stem) && EqualsNoCase(kind.Extension, extension));
+    });
+    return known != kinds_.end() ? *known
+                                 : kinds_.emplace_back(Kind{.Stem = std::u16string(stem),
+                                                            .Extension = std::u16string(extension),
+                                                            .Taken = {},
+                                                            .LowestFree = 1});
+}
+
 void FolderNames::Take(std::u16string_view name) {
-    if (const NumberedName split = Split(name); split.Number != 0) {
-        kinds_[KindOf(split.Stem, split.Extension)].Taken.insert(split.Number);
+    const NumberedName split = Split(name);
+    if (split.Number != 0) {
+        Kind& kind = KindOf(split.Stem, split.Extension);
+        kind.Taken.resize(std::max(kind.Taken.size(), split.Number + 1));
+        kind.Taken[split.Number] = true;
     }
 }
 
 void FolderNames::Release(std::u16string_view name) {
-    if (const NumberedName split = Split(name); split.Number != 0) {
-        Numbers& numbers = kinds_[KindOf(split.Stem, split.Extension)];
-        numbers.Taken.erase(split.Number);
-        numbers.LowestFree = std::min(numbers.LowestFree, split.Number);
+    const NumberedName split = Split(name);
+    Kind& kind = KindOf(split.Stem, split.Extension);
+    if (split.Number != 0 && split.Number < kind.Taken.size()) {
+        kind.Taken[split.Number] = false;
+        kind.LowestFree = std::min(kind.LowestFree, split.Number);
     }
 }
 
 std::u16string FolderNames::TakeFree(std::u16string_view stem, std::u16string_view extension) {
-    Numbers& numbers = kinds_[KindOf(stem, extension)];
-    while (!numbers.Taken.insert(numbers.LowestFree).second) {
-        ++numbers.LowestFree;
+    Kind& kind = KindOf(stem, extension);
+    while (kind.LowestFree < kind.Taken.size() && kind.Taken[kind.LowestFree]) {
+        ++kind.LowestFree;
     }
-    return Concat(stem, numbers.LowestFree++, extension);
+    kind.Taken.resize(std::max(kind.Taken.size(), kind.LowestFree + 1));
+    kind.Taken[kind.LowestFree] = true;
+    return Concat(stem, kind.LowestFree++, extension);
 }
 
 bool IsNumberedName(std::u16string_view name, std::u16string_view stem,

@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <cstdint>
-#include <map>
-#include <set>
+#include <cstddef>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace vbr {
 
@@ -19,12 +18,16 @@ class FolderNames {
     std::u16string TakeFree(std::u16string_view stem, std::u16string_view extension);
 
   private:
-    struct Numbers {
-        std::set<std::uint32_t> Taken;
-        std::uint32_t LowestFree = 1;  // none below it is free
+    struct Kind {
+        std::u16string Stem;
+        std::u16string Extension;
+        std::vector<bool> Taken;     // by number
+        std::size_t LowestFree = 1;  // none below it is free
     };
 
-    std::map<std::u16string, Numbers> kinds_;  // by stem and extension, upper case
+    Kind& KindOf(std::u16string_view stem, std::u16string_view extension);
+
+    std::vector<Kind> kinds_;  // few
 };
 
 // Whether the name is the stem, a number as FolderNames gives it, and the extension.

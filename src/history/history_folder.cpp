@@ -75,7 +75,7 @@ bool IsDataName(std::u16string_view name) {
 }
 
 // False when one of them was there already.
-bool AddNames(const ItemInfo& info, std::set<std::u16string>& names) {
+bool AddNames(const ItemInfo& info, std::unordered_set<std::u16string>& names) {
     bool isNew = true;
     for (const std::u16string& name : info.Files) {
         isNew = names.insert(ToUpper(name)).second && isNew;
@@ -432,21 +432,25 @@ HistoryFolder::Names HistoryFolder::StoredNames() const {
 }
 
 bool HistoryFolder::Load(CCHQueue& queue) {
-    // What can't be held can be read all the same.
-    const std::shared_ptr<HeldFile> held = Open();
     std::unique_lock lock(mutex_);
+    if (!Make()) {
+        return false;
+    }
+    // What can't be held can be read all the same.
+    const std::shared_ptr<HeldFile> held = Hold();
     std::vector<FolderEntry> entries;
-    if (store_.KindOf(folder_) != PathKind::Folder || !List(entries)) {
+    if (!List(entries)) {
         return false;
     }
     Names named = StoredNames();
+    named.reserve(named.size() + entries.size());
     ItemList items;
     bool isAllRead = true;
     for (const FolderEntry& entry : entries) {
         if (!IsInfoName(entry) || named.contains(ToUpper(entry.Name))) {
             continue;
         }
-        const std::optional<ItemInfo> info = ReadInfo(entry.Name);
+        std::optional<ItemInfo> info = ReadInfo(entry.Name);
         if (!info) {
             isAllRead = false;
             LogSkipped(entry.Name, u"it can't be read");
@@ -459,7 +463,7 @@ bool HistoryFolder::Load(CCHQueue& queue) {
         }
         if (auto item = LoadItem(entry.Name, *info)) {
             stored_[item->key] = {.Info = entry.Name,
-                                  .Data = info->Files,
+                                  .Data = std::move(info->Files),
                                   .Time = info->Time,
                                   .Revision = item->revision};
             items.push_back(std::move(item));
@@ -555,8 +559,9 @@ std::unique_ptr<CCHItem> HistoryFolder::LoadDataFile(std::u16string_view name) {
 
 void HistoryFolder::SweepStale(const std::vector<FolderEntry>& entries, const Names& named) {
     for (const FolderEntry& entry : entries) {
-        if (entry.Kind == PathKind::File && IsNameOfOurs(entry.Name) &&
-            !named.contains(ToUpper(entry.Name)) && Delete(entry.Name)) {
+        if (entry.Kind == PathKind::File && !EndsWithNoCase(entry.Name, kInfoExtension) &&
+            !named.contains(ToUpper(entry.Name)) && IsNameOfOurs(entry.Name) &&
+            Delete(entry.Name)) {
             log_.Write(Concat(u"Left by a program that ended while it wrote: ", entry.Name));
         }
     }

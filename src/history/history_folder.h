@@ -10,6 +10,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <unordered_set>
 #include <utility>
 #include <vector>
 
@@ -74,10 +75,10 @@ class HistoryFolder {
     // Deletes all files of the folder but these names, which are in upper case, and what other
     // processes protect. The number deleted; nothing when something couldn't be looked at or
     // deleted.
-    std::optional<std::size_t> Clear_Directory_Exclude(std::set<std::u16string> excluded);
+    std::optional<std::size_t> Clear_Directory_Exclude(std::unordered_set<std::u16string> excluded);
 
   private:
-    using Names = std::set<std::u16string>;  // upper case
+    using Names = std::unordered_set<std::u16string>;  // upper case
 
     // An item's files, by their names, as they were written or read last.
     struct Stored {
