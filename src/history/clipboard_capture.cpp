@@ -49,10 +49,6 @@ CaptureResult ClipboardCapture::Capture(WindowHandle owner, std::uint32_t patien
     if (with_.MyCopy.IsMyCopy()) {
         return end(CaptureOutcome::OwnUnderWay);
     }
-    if (with_.MyCopy.IsOwnContent()) {
-        with_.Log.Write(u"My copy process detected");
-        return end(CaptureOutcome::OwnCopy);
-    }
     auto item = std::make_unique<CCHItem>(CHF_UNICODE_TEXT, owner, with_.Clock.LocalTime());
     {
         const std::unique_ptr<ClipboardSession> clipboard = with_.Access.Open(0);
@@ -213,18 +209,19 @@ std::optional<ClipboardBlock> ClipboardCapture::ReadBlock(Reading& reading,
         return std::nullopt;
     }
     reading.OwnerHangs = !reading.Clipboard.DoesOwnerAnswer(reading.PatienceMs);
-    return reading.OwnerHangs ? std::nullopt : reading.Clipboard.Read(format);
+    if (reading.OwnerHangs) {
+        return std::nullopt;
+    }
+    auto block = reading.Clipboard.Read(format);
+    if (!block) {
+        with_.Log.LogError(Concat(u"Clipboard format ", format, u" gives no data"));
+    }
+    return block;
 }
 
 std::optional<ItemBytes> ClipboardCapture::ReadBytes(Reading& reading, std::uint32_t format) const {
     auto block = ReadBlock(reading, format);
-    if (block && !block->Bytes.empty()) {
-        return std::move(block->Bytes);
-    }
-    if (!reading.OwnerHangs && with_.Access.IsFormatAvailable(format)) {
-        with_.Log.LogError(Concat(u"Clipboard format ", format, u" gives no data"));
-    }
-    return std::nullopt;
+    return block && !block->Bytes.empty() ? std::optional(std::move(block->Bytes)) : std::nullopt;
 }
 
 std::optional<ItemBytes> ClipboardCapture::ReadText(Reading& reading, std::uint32_t format) const {

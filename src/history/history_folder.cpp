@@ -303,7 +303,7 @@ bool HistoryFolder::WriteInfo(const CCHItem& item, const Stored* before, Stored&
 }
 
 HistoryFolder::Owner HistoryFolder::OwnerOf(const Stored& stored) {
-    const std::optional<ItemInfo> info = ReadInfo(stored.Info);
+    const std::optional<ItemInfo> info = ReadInfo(folder_ / stored.Info);
     if (!info) {
         return store_.KindOf(folder_ / stored.Info) == PathKind::Missing ? Owner::Others
                                                                          : Owner::Unknown;
@@ -375,7 +375,8 @@ std::optional<std::size_t> HistoryFolder::Clear_Directory_Exclude(Names excluded
     excluded.insert(ToUpper(kLockName));
     for (const FolderEntry& entry : entries) {
         const bool isOthers = IsInfoName(entry) && !excluded.contains(ToUpper(entry.Name));
-        const std::optional<ItemInfo> info = isOthers ? ReadInfo(entry.Name) : std::nullopt;
+        const std::optional<ItemInfo> info =
+            isOthers ? ReadInfo(folder_ / entry.Name) : std::nullopt;
         done = done && (!isOthers || info);
         if (isOthers && (!info || info->Protected)) {
             excluded.insert(ToUpper(entry.Name));
@@ -450,18 +451,19 @@ bool HistoryFolder::Load(CCHQueue& queue) {
         if (!IsInfoName(entry) || named.contains(ToUpper(entry.Name))) {
             continue;
         }
-        std::optional<ItemInfo> info = ReadInfo(entry.Name);
+        fs::path path = folder_ / entry.Name;
+        std::optional<ItemInfo> info = ReadInfo(path);
         if (!info) {
             isAllRead = false;
-            LogSkipped(entry.Name, u"it can't be read");
+            LogSkipped(path, u"it can't be read");
             continue;
         }
         // The files of the one would go with the other.
         if (!AddNames(*info, named)) {
-            LogSkipped(entry.Name, u"it names a file that another one has");
+            LogSkipped(path, u"it names a file that another one has");
             continue;
         }
-        if (auto item = LoadItem(entry.Name, *info)) {
+        if (auto item = LoadItem(std::move(path), *info)) {
             stored_[item->key] = {.Info = entry.Name,
                                   .Data = std::move(info->Files),
                                   .Time = info->Time,
@@ -486,8 +488,8 @@ bool HistoryFolder::Load(CCHQueue& queue) {
     return true;
 }
 
-std::optional<ItemInfo> HistoryFolder::ReadInfo(std::u16string_view name) {
-    const auto content = files_.Read(folder_ / name);
+std::optional<ItemInfo> HistoryFolder::ReadInfo(const fs::path& path) {
+    const auto content = files_.Read(path);
     if (!content || content->Bytes.size() > kProfileMaxBytes) {
         return std::nullopt;
     }
@@ -495,22 +497,21 @@ std::optional<ItemInfo> HistoryFolder::ReadInfo(std::u16string_view name) {
         {reinterpret_cast<const char*>(content->Bytes.data()), content->Bytes.size()});
 }
 
-std::unique_ptr<CCHItem> HistoryFolder::LoadItem(std::u16string_view infoName,
-                                                 const ItemInfo& info) {
+std::unique_ptr<CCHItem> HistoryFolder::LoadItem(fs::path infoPath, const ItemInfo& info) {
     if (info.Files.empty()) {
-        LogSkipped(infoName, u"it names no file");
+        LogSkipped(infoPath, u"it names no file");
         return nullptr;
     }
-    std::unique_ptr<CCHItem> item = LoadNamed(info.Files[0], infoName);
+    std::unique_ptr<CCHItem> item = LoadNamed(info.Files[0], infoPath);
     if (!item) {
         return nullptr;
     }
     for (std::size_t i = 1; i < info.Files.size(); ++i) {
-        if (std::shared_ptr<CCHItem> alternative = LoadNamed(info.Files[i], infoName)) {
+        if (std::shared_ptr<CCHItem> alternative = LoadNamed(info.Files[i], infoPath)) {
             item->alternatives.push_back(std::move(alternative));
         }
     }
-    item->infoPath = folder_ / infoName;
+    item->infoPath = std::move(infoPath);
     item->sourceUrl = info.Url;
     item->isProtected = info.Protected;
     item->exeName = info.ExeName;
@@ -522,14 +523,14 @@ std::unique_ptr<CCHItem> HistoryFolder::LoadItem(std::u16string_view infoName,
 }
 
 std::unique_ptr<CCHItem> HistoryFolder::LoadNamed(std::u16string_view name,
-                                                  std::u16string_view infoName) {
+                                                  const fs::path& infoPath) {
     if (!IsDataName(name)) {
-        LogSkipped(infoName, Concat(u"it names no data file of the folder: ", name));
+        LogSkipped(infoPath, Concat(u"it names no data file of the folder: ", name));
         return nullptr;
     }
     auto item = LoadDataFile(name);
     if (!item) {
-        LogSkipped(infoName, Concat(u"there is nothing in the file that it names: ", name));
+        LogSkipped(infoPath, Concat(u"there is nothing in the file that it names: ", name));
     }
     return item;
 }
@@ -567,8 +568,8 @@ void HistoryFolder::SweepStale(const std::vector<FolderEntry>& entries, const Na
     }
 }
 
-void HistoryFolder::LogSkipped(std::u16string_view infoName, std::u16string_view why) {
-    log_.LogError(Concat(u"History item skipped: ", (folder_ / infoName).u16string(), u": ", why));
+void HistoryFolder::LogSkipped(const fs::path& infoPath, std::u16string_view why) {
+    log_.LogError(Concat(u"History item skipped: ", infoPath.u16string(), u": ", why));
 }
 
 void HistoryFolder::LogNotSaved(std::u16string_view name, std::u16string_view why) {

@@ -117,13 +117,14 @@ class HistoryFolder {
     // What can't be deleted now is deleted later.
     void DeleteData(const std::vector<std::u16string>& names);
 
-    std::optional<ItemInfo> ReadInfo(std::u16string_view name);
-    std::unique_ptr<CCHItem> LoadItem(std::u16string_view infoName, const ItemInfo& info);
-    std::unique_ptr<CCHItem> LoadNamed(std::u16string_view name, std::u16string_view infoName);
+    std::optional<ItemInfo> ReadInfo(const std::filesystem::path& path);
+    std::unique_ptr<CCHItem> LoadItem(std::filesystem::path infoPath, const ItemInfo& info);
+    std::unique_ptr<CCHItem> LoadNamed(std::u16string_view name,
+                                       const std::filesystem::path& infoPath);
     // Deletes what a process left behind that ended while it wrote or deleted.
     void SweepStale(const std::vector<FolderEntry>& entries, const Names& named);
     Names StoredNames() const;
-    void LogSkipped(std::u16string_view infoName, std::u16string_view why);
+    void LogSkipped(const std::filesystem::path& infoPath, std::u16string_view why);
     void LogNotSaved(std::u16string_view name, std::u16string_view why);
 
     std::filesystem::path folder_;

@@ -10,10 +10,16 @@ constexpr std::uint64_t kNoted = std::uint64_t{1} << 32;
 
 bool MyCopyGuard::IsOwnContent() const {
     const std::uint64_t number = kNoted | clipboard_.SequenceNumber();
+    if (bracketed_ == number) {
+        return true;
+    }
+    if (own_ != number && expected_ == 0) {
+        return false;
+    }
     const std::uint32_t owner = clipboard_.OwnerProcess();
     // The window that owned it may be gone.
     const bool isOurs = own_ == number && (owner == ownProcess_ || owner == 0);
-    return isOurs || bracketed_ == number || (expected_ != 0 && owner == expected_);
+    return isOurs || (owner != 0 && owner == expected_);
 }
 
 void MyCopyGuard::NoteSince(std::uint32_t number) {
