@@ -102,8 +102,8 @@ void HWNDClipboardSpy::OnTimer() {
     if (!IsInstalled()) {
         log_.Write(u"REINSTALL: InstalledNew=0");
         desktop_.PostStateChange();
-    } else if (desktop_.SequenceNumber() != number) {
-        // While nothing was subscribed, this one may have been told to nobody.
+    } else {
+        // What is on the clipboard now was told to nobody, whenever it came.
         desktop_.PostChange(desktop_.ClipboardOwner());
     }
     reinstalling_ = false;

@@ -58,8 +58,7 @@ class ClipboardObserver {
 };
 
 // Learns that the clipboard changed and tells its observers. Once a second it looks whether a
-// change went by unnoticed; then it subscribes anew, and misses nothing by that. Belongs to the
-// main thread.
+// change went by unnoticed; then it subscribes anew and tells of it. Belongs to the main thread.
 class HWNDClipboardSpy {
   public:
     HWNDClipboardSpy(SpyDesktop& desktop, Log& log)

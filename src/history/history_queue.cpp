@@ -27,6 +27,7 @@ bool CCHQueue::Add(std::unique_ptr<CCHItem> item, std::uint32_t max) {
     if (byKey_.contains(item->key)) {
         item->RenewIdentity();
     }
+    JoinAside(*item);
     if (const CCHItem* older = FindSame(*item)) {
         item->isProtected = older->isProtected;
         item->id = older->id;
@@ -40,6 +41,18 @@ bool CCHQueue::Add(std::unique_ptr<CCHItem> item, std::uint32_t max) {
         Trim(max);
     }
     return true;
+}
+
+void CCHQueue::JoinAside(const CCHItem& item) {
+    std::erase_if(aside_, [&](const AsideItem& aside) {
+        const bool isSame = aside.Format == item.format && aside.Hash == item.ContentHash() &&
+                            aside.Size == item.Size();
+        if (isSame) {
+            changes_.push_back(
+                {.What = FileChange::Kind::Superseded, .Key = aside.Key, .Successor = item.key});
+        }
+        return isSame;
+    });
 }
 
 void CCHQueue::SetLocked(bool locked) {
@@ -81,8 +94,8 @@ bool CCHQueue::Clear() {
             NoteRemoved(*item);
         }
     }
-    for (std::u16string& key : std::exchange(aside_, {})) {
-        changes_.push_back({.Key = std::move(key)});
+    for (AsideItem& item : std::exchange(aside_, {})) {
+        changes_.push_back({.Key = std::move(item.Key)});
     }
     changes_.push_back({.What = FileChange::Kind::Cleared});
     ++clears_;
@@ -233,7 +246,7 @@ void CCHQueue::Merge(CCHQueue& loaded, std::uint32_t max) {
     std::size_t kept = 0;
     for (const auto& item :
          TakeOut([&](const CCHItem& held) { return kept++ >= max && !held.isProtected; })) {
-        aside_.push_back(item->key);
+        aside_.push_back({item->key, item->format, item->ContentHash(), item->Size()});
     }
 }
 

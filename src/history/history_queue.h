@@ -107,6 +107,16 @@ class CCHQueue {
         bool IsPartial = false;
     };
 
+    // An item beyond the limit, which left and kept its files.
+    struct AsideItem {
+        std::u16string Key;
+        ItemFormat Format = CHF_UNICODE_TEXT;
+        std::uint64_t Hash = 0;
+        std::uint32_t Size = 0;
+    };
+
+    // The files of items aside that equal the new one go with its own.
+    void JoinAside(const CCHItem& item);
     std::size_t PositionOf(const CCHItem& item) const;
     CCHItem* Stored(std::size_t index) const { return items_[items_.size() - 1 - index].get(); }
     void Append(std::unique_ptr<CCHItem> item);
@@ -125,7 +135,7 @@ class CCHQueue {
     std::pmr::unordered_multimap<std::uint64_t, CCHItem*> byContent_{&nodes_};
     std::pmr::unordered_map<std::u16string_view, CCHItem*> byKey_{&nodes_};
     FileChanges changes_;
-    std::vector<std::u16string> aside_;  // keys of items that left with their files
+    std::vector<AsideItem> aside_;
     std::uint32_t clears_ = 0;
     std::vector<UndoRecord> undoPool_;  // oldest first
     bool locked_ = false;

@@ -107,6 +107,27 @@ TEST_F(HistoryFiles, ManyCopiesOfOneTextLeaveOneItemsFiles) {
     EXPECT_EQ(FileNames(), Names{});
 }
 
+TEST_F(HistoryFiles, AnItemBeyondTheLimitKeepsItsFilesUntilItIsCopiedAgain) {
+    AddTexts(u"abc");
+    Save();
+    HistoryFolder folder(Folder.Path(), Store, Files, Log);
+    CCHQueue loaded;
+    CCHQueue queue;
+    EXPECT_TRUE(folder.Load(loaded));
+    queue.Merge(loaded, 2);
+    const auto save = [&] {
+        EXPECT_TRUE(folder.Save(queue.TakeFileChanges(), queue.CopyUnsaved(),
+                                [&queue](const CCHItem& saved) { queue.NoteSaved(saved); }));
+    };
+    save();
+    EXPECT_EQ(TextsOf(queue), u"c b");
+    EXPECT_EQ(Reloaded(), u"c b a");
+    queue.Add(TextItem(u"a", 9), kNoItemLimit);
+    queue.Delete({0}, false);
+    save();
+    EXPECT_EQ(Reloaded(), u"c b");
+}
+
 TEST_F(HistoryFiles, TheOlderOfEqualItemsGoesWhenTheNewerIsStored) {
     AddTexts(u"a");
     Save();
