@@ -44,10 +44,10 @@ TrayIconContent MakeTrayIconContent(const TrayState& state, std::u16string_view 
     TrayIconContent content;
     content.IconId = state.ServiceInstalled ? kIconProgram : kIconProgramOff;
     content.Info = GetTrayInfoText(state, strings);
-    content.Tip = TrayTip(
-        firstLine, state.HistoryNotSaved
-                       ? Concat(strings.LoadString(kStrHistoryNotSaved), kLineBreak, content.Info)
-                       : content.Info);
+    if (state.HistoryNotSaved) {
+        content.Info = Concat(strings.LoadString(kStrHistoryNotSaved), kLineBreak, content.Info);
+    }
+    content.Tip = TrayTip(firstLine, content.Info);
     content.InfoTitle = balloonText.empty() ? firstLine : Concat(firstLine, u", ", balloonText);
     content.Warning = warning;
     return content;

@@ -110,6 +110,7 @@ TEST_F(Saver, WhatFailsIsTriedAgainWithGrowingPausesAndToldInTheEnd) {
     AfterEnds(40);
     EXPECT_EQ(saver_.State().RetryAfter, 300'000U);
     EXPECT_TRUE(saver_.SaveRest());
+    Finish();
     Files.Broken.reset();
     AfterEnds(1);
     EXPECT_FALSE(saver_.State().RetryAfter);

@@ -41,10 +41,11 @@ bool TrayIcon::Update(HWND window, TrayIconMode mode, const TrayIconContent& con
     data_.uFlags = NIF_MESSAGE | NIF_ICON | NIF_TIP;
     data_.hIcon = SmallIcon(content.IconId);
     CopyText(data_.szTip, content.Tip);
+    // Also without a balloon: when one is taken away, it becomes the tip.
+    CopyText(data_.szInfo, content.Info);
     if (mode != TrayIconMode::Modify) {
         data_.uFlags |= NIF_INFO;
         data_.dwInfoFlags = (content.Warning ? NIIF_WARNING : NIIF_USER) | NIIF_NOSOUND;
-        CopyText(data_.szInfo, content.Info);
         CopyText(data_.szInfoTitle, content.InfoTitle);
     }
     if (mode != TrayIconMode::Add) {
