@@ -26,8 +26,7 @@ std::u16string GetTrayInfoText(const TrayState& state, const Strings& strings) {
                   strings.LoadString(kStrRightClickForMenu));
 }
 
-std::u16string TrayTip(std::u16string_view firstLine, std::u16string_view details) {
-    std::u16string tip = Concat(firstLine, kLineBreak, details);
+std::u16string CutToTip(std::u16string tip) {
     while (tip.size() > kTrayTipMax) {
         const std::size_t lastBreak = tip.rfind(kLineBreak);
         if (lastBreak == tip.npos) {
@@ -36,6 +35,10 @@ std::u16string TrayTip(std::u16string_view firstLine, std::u16string_view detail
         tip.resize(lastBreak);
     }
     return tip;
+}
+
+std::u16string TrayTip(std::u16string_view firstLine, std::u16string_view details) {
+    return CutToTip(Concat(firstLine, kLineBreak, details));
 }
 
 TrayIconContent MakeTrayIconContent(const TrayState& state, std::u16string_view balloonText,

@@ -39,7 +39,9 @@ std::u16string TrayFirstLine(const TrayState& state, const Strings& strings);
 // Hot key, folder with the counts, and a hint, a line each.
 std::u16string GetTrayInfoText(const TrayState& state, const Strings& strings);
 
-// First line and details, cut to kTrayTipMax: whole lines go from the end first.
+// The text cut to kTrayTipMax: whole lines go from the end first.
+std::u16string CutToTip(std::u16string text);
+// First line and details, cut so.
 std::u16string TrayTip(std::u16string_view firstLine, std::u16string_view details);
 
 // Icon, tip and balloon for the state; `balloonText` joins the balloon's title.

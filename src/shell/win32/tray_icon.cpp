@@ -75,7 +75,7 @@ bool TrayIcon::ShowBalloon(HWND window, std::u16string_view text, std::uint32_t 
     const bool shown = Notify(NIM_MODIFY, data);
     if (text.empty()) {
         data.uFlags = NIF_TIP;
-        CopyText(data.szTip, FromWide(data_.szInfo));
+        CopyText(data.szTip, CutToTip(FromWide(data_.szInfo)));
         Notify(NIM_MODIFY, data);
     }
     return shown;
