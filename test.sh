@@ -169,20 +169,40 @@ fuzz_target() {
     "$program" "-max_total_time=$fuzz" -timeout=10 -max_len=4096 "-artifact_prefix=$work-" \
         "$work" "$root/fuzz/corpus/$1" >"$logs/fuzz-$1.log" 2>&1 </dev/null || code=$?
     if ((code == 0)); then
-        tail -n 1 "$logs/fuzz-$1.log"
+        echo "$1: $(tail -n 1 "$logs/fuzz-$1.log")"
     else
         grep -v '^#' "$logs/fuzz-$1.log" >&2
     fi
     return "$code"
 }
 
+# As many at a time as there are processors.
+fuzz_all() {
+    local failed=() target job ended_job
+    local -A names=()
+    for target in "$root"/fuzz/*_fuzz.cpp; do
+        if ((${#names[@]} >= $(nproc))); then
+            wait -n -p ended_job || failed+=("${names[$ended_job]}")
+            unset "names[$ended_job]"
+        fi
+        target=${target##*/}
+        target=${target%_fuzz.cpp}
+        fuzz_target "$target" &
+        names[$!]=$target
+    done
+    for job in "${!names[@]}"; do
+        wait "$job" || failed+=("${names[$job]}")
+    done
+    if ((${#failed[@]} > 0)); then
+        echo "Found something: ${failed[*]}" >&2
+        return 1
+    fi
+}
+
 if [[ -n $fuzz ]]; then
     run_stage "packages" "$root/scripts/install-packages.sh" --fuzz
     run_stage "fuzz build" build fuzz
-    for target in "$root"/fuzz/*_fuzz.cpp; do
-        target=${target##*/}
-        run_stage "fuzz: ${target%_fuzz.cpp}" fuzz_target "${target%_fuzz.cpp}"
-    done
+    run_stage "fuzz" fuzz_all
     passed=yes
     exit 0
 fi

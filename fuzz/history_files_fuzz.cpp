@@ -1,16 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <filesystem>
 #include <map>
 #include <string>
 #include <string_view>
 
-#include "base/text.h"
 #include "fakes/fake_ansi_text.h"
 #include "fakes/fake_locale.h"
 #include "fakes/fake_rich_text_engine.h"
+#include "fuzzing.h"
 #include "history/history_folder.h"
 #include "history/item_edits.h"
 #include "history/item_export.h"
@@ -24,26 +23,13 @@ constexpr std::string_view kSeparator = "\n----\n";
 const Path kFolder = "/history";
 const Path kInfo = kFolder / "vellumbridge_cb1.info";
 
-void Require(bool condition) {
-    if (!condition) {
-        std::abort();
-    }
-}
-
-class NoLog : public vbr::Log {
-  public:
-    void Write(std::u16string_view) override {}
-    void WriteBare(std::u16string_view) override {}
-    void SetLogSection(std::u16string_view) override {}
-};
-
 // One folder in memory. A file that isn't there holds `Default`.
 struct Disk {
     std::map<Path, std::string> Files;
     std::string Default;
 
     std::string& At(const Path& path) {
-        Require(path.parent_path() == kFolder && !path.filename().empty());
+        vbr::Require(path.parent_path() == kFolder && !path.filename().empty());
         return Files.try_emplace(path, Default).first->second;
     }
 };
@@ -83,6 +69,11 @@ class DiskFiles : public vbr::StampedFiles {
         }
         return std::nullopt;
     }
+    std::optional<vbr::SystemError> MoveIn(const Path& path, std::string_view bytes,
+                                           const vbr::FileStamp&, bool) override {
+        disk_.At(path) = bytes;
+        return std::nullopt;
+    }
     std::optional<vbr::SystemError> SetStamp(const Path&, const vbr::FileStamp&) override {
         return std::nullopt;
     }
@@ -97,6 +88,9 @@ class DiskFiles : public vbr::StampedFiles {
         disk_.Files.erase(path);
         return std::nullopt;
     }
+    std::unique_ptr<vbr::HeldFile> Hold(const Path&) override {
+        return std::make_unique<vbr::HeldFile>();
+    }
 
   private:
     Disk& disk_;
@@ -108,9 +102,9 @@ struct History {
 
     DiskStore Store;
     DiskFiles Stamped;
-    NoLog Log;
+    vbr::NoLog Log;
     vbr::HistoryFolder Folder{kFolder, Store, Stamped, Log};
-    vbr::CCHQueue Queue{Folder};
+    vbr::CCHQueue Queue;
 };
 
 // A text as a description holds it, where a line end or a zero has no place.
@@ -125,19 +119,19 @@ std::u16string OneLine(std::u16string text) {
 void TryInfo(std::string_view bytes) {
     const vbr::ItemInfo info = vbr::ReadItemInfo(bytes);
     const vbr::ItemInfo back = vbr::ReadItemInfo(vbr::WriteItemInfo(info));
-    Require(back.Protected == info.Protected && back.WndName == OneLine(info.WndName) &&
-            back.ExeName == OneLine(info.ExeName) && back.Url == OneLine(info.Url) &&
-            back.Time == info.Time && back.Files.size() == info.Files.size());
+    vbr::Require(back.Protected == info.Protected && back.WndName == OneLine(info.WndName) &&
+                 back.ExeName == OneLine(info.ExeName) && back.Url == OneLine(info.Url) &&
+                 back.Time == info.Time && back.Files.size() == info.Files.size());
     for (std::size_t i = 0; i < info.Files.size(); ++i) {
-        Require(back.Files[i] == OneLine(info.Files[i]));
+        vbr::Require(back.Files[i] == OneLine(info.Files[i]));
     }
     // Bytes in the value that is replaced may decide how the file is decoded; then nothing else
     // does.
     const std::string known = vbr::WithProtection(bytes, info.Protected);
     const vbr::ItemInfo one = vbr::ReadItemInfo(known);
     const vbr::ItemInfo other = vbr::ReadItemInfo(vbr::WithProtection(known, !info.Protected));
-    Require(one.Protected == info.Protected && other.Protected != info.Protected &&
-            other.Files == one.Files && other.Time == one.Time);
+    vbr::Require(one.Protected == info.Protected && other.Protected != info.Protected &&
+                 other.Files == one.Files && other.Time == one.Time);
 }
 
 // What was loaded comes back the same after a save into another folder.
@@ -146,18 +140,19 @@ void TrySave(const vbr::CCHItem& loaded) {
     vbr::ItemList items;
     items.push_back(loaded.Copy());
     items.front()->ForgetStorage();
-    History(disk).Folder.Save(items, [](const vbr::CCHItem&) {});
+    History(disk).Folder.Save({}, items, [](const vbr::CCHItem&) {});
     const History restarted(disk);
-    Require(restarted.Queue.GetCount() == 1);
+    vbr::Require(restarted.Queue.GetCount() == 1);
     const vbr::CCHItem& back = *restarted.Queue.GetItem(0);
-    Require(back.format == loaded.format && back.Data() == loaded.Data());
-    Require(back.isProtected == loaded.isProtected && back.sourceUrl == OneLine(loaded.sourceUrl));
-    Require(back.alternatives.size() == loaded.alternatives.size());
+    vbr::Require(back.format == loaded.format && back.Data() == loaded.Data());
+    vbr::Require(back.isProtected == loaded.isProtected &&
+                 back.sourceUrl == OneLine(loaded.sourceUrl));
+    vbr::Require(back.alternatives.size() == loaded.alternatives.size());
 }
 
 // Any item has a caption of one line, and an edit leaves nothing for the same edit to do.
 void TryConversions(vbr::CCHQueue& queue) {
-    NoLog log;
+    vbr::NoLog log;
     vbr::FakeAnsiText ansi;
     vbr::FakeLocale locale;
     vbr::FakeRichTextEngine engine;
@@ -165,14 +160,14 @@ void TryConversions(vbr::CCHQueue& queue) {
     vbr::ItemEdits edits({queue, ansi, locale, engine, log, [] {}});
     const vbr::CCHItem& item = *queue.GetItem(0);
     const std::u16string caption = texts.MenuCaptionText(item);
-    Require(caption.size() <= 51 && caption.find_first_of(u"\r\n\t") == caption.npos);
-    Require(vbr::ExportItem(item).has_value());
+    vbr::Require(caption.size() <= 51 && caption.find_first_of(u"\r\n\t") == caption.npos);
+    vbr::Require(vbr::ExportItem(item).has_value());
     const std::size_t size = item.Size();
     edits.JoinItem(0);
-    Require(item.format == vbr::CHF_RTF || edits.JoinItem(0) == 0);
+    vbr::Require(item.format == vbr::CHF_RTF || edits.JoinItem(0) == 0);
     edits.TrimItem(0);
-    Require(item.format == vbr::CHF_RTF || edits.TrimItem(0) == 0);
-    Require(item.Size() <= size + 2);  // an odd or missing terminator becomes whole
+    vbr::Require(item.format == vbr::CHF_RTF || edits.TrimItem(0) == 0);
+    vbr::Require(item.Size() <= size + 2);  // an odd or missing terminator becomes whole
     edits.ChangeItemCase(vbr::LetterCase::Upper, 0);
     texts.FullText(item);
 }
@@ -181,7 +176,7 @@ void TryConversions(vbr::CCHQueue& queue) {
 
 // The description of an item and what all the files hold that it names.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const std::string_view input(reinterpret_cast<const char*>(data), size);
+    const std::string_view input = vbr::InputText(data, size);
     const std::size_t end = input.find(kSeparator);
     const std::string_view info = input.substr(0, end);
     TryInfo(info);
@@ -189,7 +184,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     disk.Files[kInfo] = info;
     disk.Default = end == input.npos ? std::string_view() : input.substr(end + kSeparator.size());
     History history(disk);
-    Require(history.Queue.GetCount() <= 1);
+    vbr::Require(history.Queue.GetCount() <= 1);
     if (history.Queue.GetCount() == 1) {
         TrySave(*history.Queue.GetItem(0));
         TryConversions(history.Queue);

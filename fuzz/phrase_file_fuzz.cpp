@@ -2,13 +2,13 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <optional>
 #include <string>
 #include <tinyxml.h>
 
 #include "base/xml_edit.h"
 #include "base/xml_guard.h"
+#include "fuzzing.h"
 #include "phrases/command_document.h"
 
 namespace {
@@ -21,22 +21,16 @@ constexpr const char* kTexts[] = {"MenuName", "DataType", "Cmd", "Hint"};
 constexpr vbr::SystemTime kUse = {
     .Year = 2026, .Month = 11, .Day = 22, .Hour = 1, .Minute = 2, .Second = 3};
 
-void Require(bool condition) {
-    if (!condition) {
-        std::abort();
-    }
-}
-
 vbr::VBRCommand Parsed(const std::string& xml) {
     vbr::VBRCommand record;
-    Require(vbr::ParseCommand(record, xml) == vbr::CommandReadResult::Ok);
+    vbr::Require(vbr::ParseCommand(record, xml) == vbr::CommandReadResult::Ok);
     return record;
 }
 
 void Parse(TiXmlDocument& document, const std::string& xml) {
     document.Parse(vbr::EscapeStrayAmpersands(vbr::SkipXmlDeclarations(xml)).c_str(), nullptr,
                    TIXML_ENCODING_UTF8);
-    Require(!document.Error());
+    vbr::Require(!document.Error());
 }
 
 // The document without what a use changes, or a save with `texts` too, as the library sees it.
@@ -87,35 +81,35 @@ void CheckUse(const std::string& xml) {
     expected.SetDateUsage(kUse);
     std::string used = xml;
     vbr::VBRCommand now;
-    Require(vbr::EditUsage(used, 1, kUse, now) == vbr::CommandReadResult::Ok);
-    Require(FieldsOf(now) == FieldsOf(expected));
-    Require(FieldsOf(Parsed(used)) == FieldsOf(expected));
-    Require(Rest(used, false) == Rest(xml, false));
-    Require(WithoutFigures(used, xml) == WithoutFigures(xml, xml));
+    vbr::Require(vbr::EditUsage(used, 1, kUse, now) == vbr::CommandReadResult::Ok);
+    vbr::Require(FieldsOf(now) == FieldsOf(expected));
+    vbr::Require(FieldsOf(Parsed(used)) == FieldsOf(expected));
+    vbr::Require(Rest(used, false) == Rest(xml, false));
+    vbr::Require(WithoutFigures(used, xml) == WithoutFigures(xml, xml));
 }
 
 // A save gives the record and keeps what the reader doesn't know.
 void CheckSave(const std::string& xml, const vbr::VBRCommand& record) {
     std::string saved = xml;
-    Require(vbr::EditCommand(saved, FieldsOf(record)) == vbr::CommandReadResult::Ok);
-    Require(FieldsOf(Parsed(saved)) == FieldsOf(record));
-    Require(Rest(saved, true) == Rest(xml, true));
+    vbr::Require(vbr::EditCommand(saved, FieldsOf(record)) == vbr::CommandReadResult::Ok);
+    vbr::Require(FieldsOf(Parsed(saved)) == FieldsOf(record));
+    vbr::Require(Rest(saved, true) == Rest(xml, true));
     // Saved again, it changes no more.
     const std::string once = saved;
-    Require(vbr::EditCommand(saved, FieldsOf(record)) == vbr::CommandReadResult::Ok);
-    Require(saved == once);
+    vbr::Require(vbr::EditCommand(saved, FieldsOf(record)) == vbr::CommandReadResult::Ok);
+    vbr::Require(saved == once);
 }
 
 }  // namespace
 
 // Any bytes can be read, and a phrase that was read survives being saved and used.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const std::string xml(reinterpret_cast<const char*>(data), size);
+    const std::string xml(vbr::InputText(data, size));
     vbr::VBRCommand record;
     if (vbr::ParseCommand(record, xml) != vbr::CommandReadResult::Ok) {
         return 0;
     }
-    Require(FieldsOf(Parsed(CommandToXml(record))) == FieldsOf(record));
+    vbr::Require(FieldsOf(Parsed(CommandToXml(record))) == FieldsOf(record));
     CheckUse(xml);
     CheckSave(xml, record);
     record.SetEnabled(!record.Enabled);

@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <string>
 
 #include "exchange/exchange_documents.h"
+#include "fuzzing.h"
 
 // Any bytes can lie in the interchange area: they are read as a query or refused, the same way each
 // time, and a query that is refused stays as it was.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const std::string document(reinterpret_cast<const char*>(data), size);
+    const std::string document(vbr::InputText(data, size));
     vbr::WPQuery first;
     vbr::WPQuery second;
     const bool isQuery = vbr::ParseQuery(document, first);
@@ -19,8 +19,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
                         first.GuiThreadInfo == second.GuiThreadInfo;
     const bool isUntouched = first.AppPath.empty() && first.SelText.empty() &&
                              first.TargetWindow == 0 && first.PointX == -1;
-    if (isQuery != again || !isSame || (!isQuery && !isUntouched)) {
-        std::abort();
-    }
+    vbr::Require(isQuery == again && isSame && (isQuery || isUntouched));
     return 0;
 }

@@ -85,7 +85,8 @@ std::optional<std::u16string> WholePath(const CommandText& whole, const ProgramS
     if (files.IsFile(name) || files.IsFolder(name)) {
         return WithBackslashes(std::move(name));
     }
-    if (whole.HasValue()) {
+    // The shell would open the current folder for nothing.
+    if (whole.HasValue() || name.empty()) {
         return std::nullopt;
     }
     return files.FindProgram(name).value_or(name);
