@@ -50,5 +50,10 @@ if(WIN32)
     # For the libraries too: all that goes into one program must see the same Windows.
     add_compile_definitions(_WIN32_WINNT=0x0A00 WINVER=0x0A00)
     add_compile_options("$<$<COMPILE_LANGUAGE:C,CXX>:-ffunction-sections;-fdata-sections>")
-    target_link_options(vellumbridge_options INTERFACE -static -Wl,--gc-sections)
+    # Against what a fault could be used for: the stack's returns are watched, indirect jumps end at
+    # marked places, and nothing lies at an address that can be known or is data and code at once.
+    add_compile_options("$<$<COMPILE_LANGUAGE:C,CXX>:-fstack-protector-strong;-fcf-protection=full>")
+    target_link_options(vellumbridge_options INTERFACE -static -fstack-protector-strong
+                        -Wl,--gc-sections
+                        -Wl,--dynamicbase,--nxcompat,--high-entropy-va)
 endif()

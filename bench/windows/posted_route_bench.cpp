@@ -15,6 +15,7 @@
 #include "platform/win32/wide.h"
 #include "platform/win32/win_named_objects.h"
 #include "ratio.h"
+#include "windows/program_folder.h"
 #include "windows/real_reader.h"
 #include "windows/target_thread.h"
 
@@ -85,8 +86,7 @@ class PostedQueries {
     }
 
     static std::u16string LibraryPath() {
-        const wchar_t* folder = _wgetenv(L"VELLUMBRIDGE_FOLDER");
-        return Concat(std::u16string_view(FromWide(folder ? folder : L".")), u"\\Vellumbridge.dll");
+        return (ProgramFolder() / "test_build" / "Vellumbridge.dll").u16string();
     }
 
     HWND notify_;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "hook/foreground_watch.h"
 
-#include "hook/wine.h"
+#include "hook/system_manners.h"
 
 namespace vbr::hook {
 namespace {
@@ -29,8 +29,7 @@ bool IsForeign(HWND window) {
 }
 
 bool ForegroundWatch::Start() {
-    // The focus follows the window in front.
-    const DWORD event = RunsOnWine() ? EVENT_OBJECT_FOCUS : EVENT_SYSTEM_FOREGROUND;
+    const DWORD event = ForegroundEvent();
     hook_ = SetWinEventHook(event, event, nullptr, Notice, 0, 0,
                             WINEVENT_OUTOFCONTEXT | WINEVENT_SKIPOWNPROCESS);
     last_ = nullptr;

@@ -3,14 +3,16 @@
 
 #include "exchange/install_params.h"
 #include "hook/foreground_watch.h"
-#include "hook/message_hook.h"
+#include "hook/no_runtime.h"
+#include "hook/posted_route.h"
 
 // The hook library's side of the program. Its four exports are plain C, looked up by name. There is
 // no C++ runtime behind it: no exceptions, no new, no objects that are made at the start.
 namespace vbr::hook {
 namespace {
 
-constinit MessageHook g_messageHook;
+constexpr std::size_t kNameMax = 260;  // of a kernel object, with the zero
+
 constinit bool g_installed = false;
 
 bool IsPostedRoute(QueryRouteChoice choice) {
@@ -23,30 +25,36 @@ bool IsPostedRoute(QueryRouteChoice choice) {
     return !is64BitWindows;
 }
 
+bool IsName(const char16_t* name) {
+    std::size_t length = 0;
+    while (name && length < kNameMax && name[length]) {
+        ++length;
+    }
+    return length > 0 && length < kNameMax;
+}
+
 std::uint32_t Install(const WPInstallParams& params) {
     if (g_installed) {
         return kHookAlreadyInstalled;
     }
-    HookSetup setup;
-    if (!MakeSetup(params, setup)) {
+    if (!IsName(params.DataNeededName) || !IsName(params.DataCompletedName) ||
+        !IsName(params.InterchangeAreaName)) {
         return kHookBadNames;
     }
     if (!TheForegroundWatch().Start()) {
         return kHookNotHooked;
     }
-    if (IsPostedRoute(params.Route) && !g_messageHook.Set(setup)) {
+    const std::uint32_t code =
+        IsPostedRoute(params.Route) ? StartPostedRoute(params) : kHookSuccess;
+    if (code != kHookSuccess) {
         TheForegroundWatch().Stop();
-        return kHookNotHooked;
     }
-    g_installed = true;
-    return kHookSuccess;
+    g_installed = code == kHookSuccess;
+    return code;
 }
 
 bool Uninstall() {
-    if (g_messageHook.IsSet() && !g_messageHook.Remove()) {
-        return false;
-    }
-    if (!TheForegroundWatch().Stop()) {
+    if (!StopPostedRoute() || !TheForegroundWatch().Stop()) {
         return false;
     }
     g_installed = false;
@@ -71,8 +79,10 @@ HWND TargetWindow() {
 
 extern "C" {
 
-BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, void*) {
+// It makes what the stack protector compares with, so it has none itself.
+__attribute__((no_stack_protector)) BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, void*) {
     if (reason == DLL_PROCESS_ATTACH) {
+        vbr::hook::ArmStackProtector();
         DisableThreadLibraryCalls(module);
         vbr::hook::EnterProcess(module);
     }

@@ -17,6 +17,7 @@ namespace vbr::desktop {
 // A program of the test's own. What there is to see of a failure stands in its log.
 class ProgramTest : public testing::Test {
   protected:
+    explicit ProgramTest(Build build = Build::Shipped) : program_(build) {}
     void TearDown() override {
         if (HasFailure()) {
             std::cout << Utf16ToUtf8(program_.Log()) << '\n';

@@ -6,7 +6,7 @@
 #include "desktop/driver/history.h"
 #include "desktop/driver/wordpad.h"
 #include "desktop/program_test.h"
-#include "hook/query_answer.h"
+#include "hook/posted/query_answer.h"
 #include "platform/object_names.h"
 
 namespace vbr::desktop {
@@ -57,8 +57,10 @@ TEST_F(Query, AKeyThatAnotherProgramOwnsLeavesTheServiceOffAndIsNamed) {
 // The program, made to ask its targets through the hook library.
 class PostedRoute : public ProgramTest {
   protected:
-    PostedRoute() { SetEnvironmentVariableW(L"VELLUMBRIDGE_QUERY_ROUTE", L"posted"); }
-    ~PostedRoute() override { SetEnvironmentVariableW(L"VELLUMBRIDGE_QUERY_ROUTE", nullptr); }
+    PostedRoute() : ProgramTest(Build::Test) {
+        SetEnvironmentVariableW(L"VELLUMBRIDGE_QUERY_ROAD", L"posted");
+    }
+    ~PostedRoute() override { SetEnvironmentVariableW(L"VELLUMBRIDGE_QUERY_ROAD", nullptr); }
 };
 
 TEST_F(PostedRoute, TheMenuOpensAtTheCaretAndTheSelectionArrivesPastTheClipboardEachTime) {

@@ -5,7 +5,7 @@
 #include <oleacc.h>
 #include <richedit.h>
 
-#include "hook/query_answer.h"
+#include "hook/posted/query_answer.h"
 #include "windows/hook_fixture.h"
 #include "windows/target_thread.h"
 

@@ -76,7 +76,7 @@ class HookFixture {
     MemoryLog log_;
     std::unique_ptr<SharedBlock> area_;
     std::unique_ptr<NamedEvent> needed_;
-    HookModule library_{(ProgramFolder() / "Vellumbridge.dll").u16string()};
+    HookModule library_{(ProgramFolder() / "test_build" / "Vellumbridge.dll").u16string()};
 };
 
 }  // namespace vbr

@@ -8,7 +8,7 @@ namespace vbr {
 
 bool HookModule::Load() {
     if (!module_) {
-        module_.reset(LoadLibraryW(Wide(path_)));
+        module_.reset(LoadLibraryExW(Wide(path_), nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32));
     }
     return module_ != nullptr;
 }

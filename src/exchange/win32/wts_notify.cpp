@@ -3,7 +3,7 @@
 
 #include <wtsapi32.h>
 
-#include "platform/win32/loaded_function.h"
+#include "platform/win32/system_library.h"
 
 namespace vbr {
 namespace {
@@ -23,7 +23,7 @@ CWtsNotify::~CWtsNotify() {
 template <typename Function>
 Function CWtsNotify::Find(const char* name) {
     if (!module_) {
-        module_.reset(LoadLibraryW(L"Wtsapi32.dll"));
+        module_ = LoadSystemLibrary(L"Wtsapi32.dll");
     }
     return FunctionOf<Function>(module_.get(), name);
 }

@@ -9,6 +9,7 @@
 #include <richedit.h>
 
 #include "platform/rich_source.h"
+#include "platform/win32/system_library.h"
 #include "platform/win32/wide.h"
 #include "platform/win32/win_fault_catcher.h"
 
@@ -236,7 +237,7 @@ bool WinRichTextEngine::MakeControl() {
     if (!comReady_) {
         comReady_ = SUCCEEDED(CoInitialize(nullptr));
     }
-    library_.reset(LoadLibraryW(L"RichEd20.DLL"));
+    library_ = LoadSystemLibrary(L"RichEd20.DLL");
     if (library_) {
         control_.reset(CreateWindowExW(0, L"RICHEDIT20W", L"",
                                        WS_CHILD | ES_MULTILINE | ES_WANTRETURN, 1, 1, 10, 10,

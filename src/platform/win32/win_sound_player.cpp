@@ -6,16 +6,27 @@
 #include <mmsystem.h>
 #include <string>
 
+#include "platform/win32/system_library.h"
 #include "platform/win32/wide.h"
 
 namespace vbr {
+namespace {
+
+// Stays loaded with the first sound: one may still be playing.
+bool Play(const wchar_t* name, DWORD flags) {
+    static const HMODULE library = LoadSystemLibrary(L"winmm.dll").release();
+    const auto play = FunctionOf<decltype(&PlaySoundW)>(library, "PlaySoundW");
+    return play && play(name, nullptr, flags);
+}
+
+}  // namespace
 
 bool WinSoundPlayer::PlayFile(const std::filesystem::path& path) {
-    return PlaySoundW(path.c_str(), nullptr, SND_FILENAME | SND_ASYNC) != 0;
+    return Play(path.c_str(), SND_FILENAME | SND_ASYNC);
 }
 
 void WinSoundPlayer::PlaySystemSound(std::u16string_view alias) {
-    PlaySoundW(Wide(std::u16string(alias)), nullptr, SND_ALIAS | SND_ASYNC | SND_NODEFAULT);
+    Play(Wide(std::u16string(alias)), SND_ALIAS | SND_ASYNC | SND_NODEFAULT);
 }
 
 }  // namespace vbr

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "base/text.h"
-#include "platform/win32/loaded_function.h"
+#include "platform/win32/system_library.h"
 #include "platform/win32/wide.h"
 #include "platform/win32/win_geometry.h"
 
@@ -96,12 +96,21 @@ bool WinSystemInfo::Is64BitWindows() const {
 
 std::u16string WinSystemInfo::FileVersion(ProgramFile file) const {
     const std::u16string path = Concat(programFolder_, NameOf(file));
-    const DWORD size = GetFileVersionInfoSizeW(Wide(path), nullptr);
+    const UniqueLibrary library = LoadSystemLibrary(L"version.dll");
+    const auto sizeOf =
+        FunctionOf<decltype(&GetFileVersionInfoSizeW)>(library.get(), "GetFileVersionInfoSizeW");
+    const auto read =
+        FunctionOf<decltype(&GetFileVersionInfoW)>(library.get(), "GetFileVersionInfoW");
+    const auto query = FunctionOf<decltype(&VerQueryValueW)>(library.get(), "VerQueryValueW");
+    if (!sizeOf || !read || !query) {
+        return {};
+    }
+    const DWORD size = sizeOf(Wide(path), nullptr);
     std::vector<BYTE> block(size);
     VS_FIXEDFILEINFO* info = nullptr;
     UINT length = 0;
-    if (size == 0 || !GetFileVersionInfoW(Wide(path), 0, size, block.data()) ||
-        !VerQueryValueW(block.data(), L"\\", reinterpret_cast<void**>(&info), &length)) {
+    if (size == 0 || !read(Wide(path), 0, size, block.data()) ||
+        !query(block.data(), L"\\", reinterpret_cast<void**>(&info), &length)) {
         return {};
     }
     return Concat(HIWORD(info->dwFileVersionMS), u".", LOWORD(info->dwFileVersionMS), u".",

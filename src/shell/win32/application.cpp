@@ -21,15 +21,6 @@
 namespace vbr {
 namespace {
 
-constexpr const wchar_t* kForcedRouteVariable = L"VELLUMBRIDGE_QUERY_ROUTE";
-
-// Tests take the route of another system by an environment variable.
-std::optional<RouteKind> ForcedRoute() {
-    wchar_t word[16];
-    const DWORD length = GetEnvironmentVariableW(kForcedRouteVariable, word, 16);
-    return ParseRoute(FromWide(word, length < 16 ? length : 0));
-}
-
 std::u16string ModulePath() {
     std::u16string path(MAX_PATH, u'\0');
     DWORD length = 0;
@@ -82,8 +73,9 @@ int RunMessageLoop(const CVBRTrayWnd& tray) {
 
 }  // namespace
 
-Application::Application()
-    : locations_(ChooseFileLocations(ModulePath(), access_)),
+Application::Application(std::optional<RouteKind> forcedRoute)
+    : forcedRoute_(forcedRoute),
+      locations_(ChooseFileLocations(ModulePath(), access_)),
       settings_(profile_, SettingsFilesOf(locations_),
                 ReadSystemDefaults(layouts_, locale_, profile_, locations_.ProgramFolder,
                                    SystemMenuFont(), [this] { return DateAndTime(); })),
@@ -142,7 +134,7 @@ int Application::RunResident(const CVBRCmdLine& cmdLine) {
                       .Stop = stop,
                       .Bound = bound,
                       .Events = events,
-                      .ForcedRoute = ForcedRoute()});
+                      .ForcedRoute = forcedRoute_});
     const auto signal = [&tray](std::uintptr_t code) {
         const UINT message = RegisterWindowMessageW(Wide(kMessageInstanceSignal.data()));
         return [&tray, message, code] { PostMessageW(tray.Handle(), message, code, 0); };

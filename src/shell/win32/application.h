@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <optional>
 #include <string_view>
 
 #include "diagnostics/error_report.h"
@@ -29,7 +30,8 @@ namespace vbr {
 // The process from its start to its end.
 class Application {
   public:
-    Application();
+    // A forced route is for tests; otherwise the system's is taken.
+    explicit Application(std::optional<RouteKind> forcedRoute = std::nullopt);
 
     // Settles what this process is and runs it; the exit code. `cmdLine` is the raw command line
     // without the program path.
@@ -43,6 +45,7 @@ class Application {
     void WriteBanner(std::u16string_view text);
     std::u16string DateAndTime() const;
 
+    std::optional<RouteKind> forcedRoute_;
     WinClock clock_;
     WinLocale locale_;
     WinKeyboardLayouts layouts_;

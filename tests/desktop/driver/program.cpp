@@ -10,11 +10,15 @@
 #include "desktop/driver/waiting.h"
 #include "platform/object_names.h"
 #include "platform/win32/wide.h"
+#include "windows/program_folder.h"
 
 namespace vbr::desktop {
 namespace {
 
-std::filesystem::path BuiltFolder() {
+std::filesystem::path FolderOf(Build build) {
+    if (build == Build::Test) {
+        return ProgramFolder() / "test_build";
+    }
     const wchar_t* folder = _wgetenv(L"VELLUMBRIDGE_FOLDER");
     return folder ? folder : L"C:\\Vellumbridge";
 }
@@ -40,13 +44,13 @@ bool WaitUntilReady() {
     });
 }
 
-Program::Program() {
+Program::Program(Build build) {
     static int count = 0;
     folder_ = std::filesystem::temp_directory_path() / (L"vbr-" + std::to_wstring(++count));
     std::filesystem::remove_all(folder_);
     std::filesystem::create_directories(Phrases());
     for (const wchar_t* file : {L"Vellumbridge.exe", L"Vellumbridge.dll"}) {
-        std::filesystem::copy_file(BuiltFolder() / file, folder_ / file);
+        std::filesystem::copy_file(FolderOf(build) / file, folder_ / file);
     }
 }
 

@@ -18,10 +18,13 @@ HWND TrayWindow();
 // Waits until the program answers messages: its menu, hot key and events are up.
 bool WaitUntilReady();
 
+// The shipped files, or those that have what only a test may ask for.
+enum class Build { Shipped, Test };
+
 // The built program in a folder of its own, with phrases and settings of the test's choice.
 class Program {
   public:
-    Program();
+    explicit Program(Build build = Build::Shipped);
     ~Program();
     Program(const Program&) = delete;
     Program& operator=(const Program&) = delete;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "hook/hook_setup.h"
+#include "hook/posted/hook_setup.h"
 
 #include "platform/win32/wide.h"
 
@@ -8,27 +8,20 @@ namespace {
 
 constexpr wchar_t kSetupName[] = L"Local\\Vellumbridge_HookSetup";
 
-bool CopyName(const char16_t* name, wchar_t (&copy)[kNameMax]) {
-    if (!name || !*name) {
-        return false;
-    }
-    for (std::size_t i = 0; i < kNameMax; ++i) {
+void CopyName(const char16_t* name, wchar_t (&copy)[kNameMax]) {
+    for (std::size_t i = 0; i < kNameMax - 1 && name[i]; ++i) {
         copy[i] = static_cast<wchar_t>(name[i]);
-        if (!name[i]) {
-            return true;
-        }
     }
-    return false;
 }
 
 }  // namespace
 
-bool MakeSetup(const WPInstallParams& params, HookSetup& setup) {
+HookSetup MakeSetup(const WPInstallParams& params) {
+    HookSetup setup{};
     setup.QueryMessage = params.QueryMessage;
-    wchar_t completed[kNameMax];
-    return CopyName(params.DataNeededName, setup.DataNeeded) &&
-           CopyName(params.DataCompletedName, completed) &&
-           CopyName(params.InterchangeAreaName, setup.InterchangeArea);
+    CopyName(params.DataNeededName, setup.DataNeeded);
+    CopyName(params.InterchangeAreaName, setup.InterchangeArea);
+    return setup;
 }
 
 UniqueHandle PublishSetup(const HookSetup& setup) {

@@ -17,8 +17,8 @@ struct HookSetup {
     wchar_t InterchangeArea[kNameMax];
 };
 
-// False when a name is missing, empty or longer than a kernel object's name can be.
-bool MakeSetup(const WPInstallParams& params, HookSetup& setup);
+// Of a block whose names are good.
+HookSetup MakeSetup(const WPInstallParams& params);
 
 // Shows the setup to the instances of the library in other programs as long as the handle lives.
 UniqueHandle PublishSetup(const HookSetup& setup);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "hook/caret_point.h"
+#include "hook/posted/caret_point.h"
 
 #include <oleacc.h>
 

@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "exchange/query.h"
-#include "hook/heap_block.h"
+#include "hook/posted/heap_block.h"
 
 namespace vbr::hook {
 
@@ -19,6 +19,8 @@ struct SelectedRange {
 };
 
 // Edit and rich edit controls tell what is selected in them, and that by messages to the control.
+// Rich edits are asked by numbers that mean anything to other windows: only one whose class is the
+// system's counts as one.
 enum class ControlKind { Other, Edit, RichEdit };
 ControlKind KindOf(HWND control);
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "hook/hook_setup.h"
+#include "hook/posted/hook_setup.h"
 
 namespace vbr::hook {
 
@@ -18,8 +18,5 @@ class MessageHook {
     HHOOK hook_ = nullptr;
     HANDLE published_ = nullptr;
 };
-
-// This module's own handle, and what a target has to know; set by the loader.
-void EnterProcess(HMODULE module);
 
 }  // namespace vbr::hook

@@ -1,13 +1,19 @@
 // SPDX-License-Identifier: MIT
-#include "hook/letting_go.h"
+#include "platform/win32/windows.h"
 
 #include <tlhelp32.h>
 
-#include "hook/wine.h"
+#include "hook/system_manners.h"
 #include "platform/win32/handle.h"
+#include "platform/win32/loaded_function.h"
 
+// Wine keeps hook libraries loaded and sends no notice about the window in front.
 namespace vbr::hook {
 namespace {
+
+bool RunsOnWine() {
+    return FunctionOf<void (*)()>(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") != nullptr;
+}
 
 constexpr DWORD kPatienceMs = 500;
 constexpr DWORD kPauseMs = 5;
@@ -74,6 +80,11 @@ BOOL CALLBACK LetGo(HWND window, LPARAM data) {
 }
 
 }  // namespace
+
+DWORD ForegroundEvent() {
+    // The focus follows the window in front.
+    return RunsOnWine() ? EVENT_OBJECT_FOCUS : EVENT_SYSTEM_FOREGROUND;
+}
 
 void LetTargetsGo(HMODULE module) {
     if (!RunsOnWine()) {

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "hook/message_hook.h"
+#include "hook/posted/message_hook.h"
 
-#include "hook/letting_go.h"
-#include "hook/query_answer.h"
+#include "hook/posted/query_answer.h"
+#include "hook/posted_route.h"
+#include "hook/system_manners.h"
 
 namespace vbr::hook {
 namespace {
@@ -12,16 +13,23 @@ constexpr UINT kNoMessage = 0xFFFF'FFFF;
 
 constinit HookSetup g_setup = {kNoMessage, {}, {}};
 constinit HMODULE g_module = nullptr;
+constinit MessageHook g_messageHook;
 
 // Runs for every message of every thread that has windows.
 LRESULT CALLBACK OnMessage(int code, WPARAM wParam, LPARAM lParam) {
     auto* message = reinterpret_cast<MSG*>(lParam);
-    if (code == HC_ACTION && message->message == g_setup.QueryMessage && wParam == PM_REMOVE) {
-        AnswerQuery(*message, g_setup);
-        // It is done: the next in the chain may be the hook of another instance of the program.
-        message->message = WM_NULL;
+    if (code != HC_ACTION || message->message != g_setup.QueryMessage || wParam != PM_REMOVE) {
+        return CallNextHookEx(nullptr, code, wParam, lParam);
     }
-    return CallNextHookEx(nullptr, code, wParam, lParam);
+    const HANDLE left = AnswerQuery(*message, g_setup);
+    // It is done: the next in the chain may be the hook of another instance of the program.
+    message->message = WM_NULL;
+    const LRESULT result = CallNextHookEx(nullptr, code, wParam, lParam);
+    // Nothing that is called follows.
+    if (left) {
+        SetEvent(left);
+    }
+    return result;
 }
 
 }  // namespace
@@ -54,6 +62,14 @@ bool MessageHook::Remove() {
 void EnterProcess(HMODULE module) {
     g_module = module;
     ReadPublishedSetup(g_setup);
+}
+
+std::uint32_t StartPostedRoute(const WPInstallParams& params) {
+    return g_messageHook.Set(MakeSetup(params)) ? kHookSuccess : kHookNotHooked;
+}
+
+bool StopPostedRoute() {
+    return !g_messageHook.IsSet() || g_messageHook.Remove();
 }
 
 }  // namespace vbr::hook

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "hook/selected_range.h"
+#include "hook/posted/selected_range.h"
 
 #include <richedit.h>
 
@@ -34,6 +34,33 @@ SelectedRange Part(HeapBlock<char16_t> buffer, std::size_t start, std::size_t le
 bool CountsInBytes(HWND control) {
     CPINFO page{};
     return !IsWindowUnicode(control) && !(GetCPInfo(CP_ACP, &page) && page.MaxCharSize == 1);
+}
+
+// Without the system's translation between the two kinds of text.
+LONG_PTR ClassProcedure(HWND control) {
+    return static_cast<LONG_PTR>(IsWindowUnicode(control)
+                                     ? GetClassLongPtrW(control, GCLP_WNDPROC)
+                                     : GetClassLongPtrA(control, GCLP_WNDPROC));
+}
+
+// Whether the code at the address is of a library of one of these names.
+template <std::size_t Count>
+bool IsCodeOf(const wchar_t* const (&libraries)[Count], LONG_PTR address) {
+    HMODULE module = nullptr;
+    GetModuleHandleExW(
+        GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
+        reinterpret_cast<const wchar_t*>(address), &module);
+    wchar_t path[MAX_PATH];
+    const DWORD length = module ? GetModuleFileNameW(module, path, MAX_PATH) : 0;
+    for (const wchar_t* library : libraries) {
+        const int size = lstrlenW(library);
+        const int front = static_cast<int>(length) - size;
+        if (front > 0 && path[front - 1] == L'\\' &&
+            CompareStringOrdinal(path + front, size, library, size, TRUE) == CSTR_EQUAL) {
+            return true;
+        }
+    }
+    return false;
 }
 
 SelectedRange ReadEdit(HWND edit) {
@@ -89,7 +116,9 @@ ControlKind KindOf(HWND control) {
     wchar_t name[kClassMax];
     const int length = GetClassNameW(control, name, kClassMax);
     if (FindStringOrdinal(FIND_FROMSTART, name, length, L"RICHEDIT", -1, TRUE) >= 0) {
-        return ControlKind::RichEdit;
+        constexpr const wchar_t* kRichEdits[] = {L"riched20.dll", L"riched32.dll", L"msftedit.dll"};
+        return IsCodeOf(kRichEdits, ClassProcedure(control)) ? ControlKind::RichEdit
+                                                             : ControlKind::Other;
     }
     // Frameworks give the system's control a class name of their own.
     const UINT base = RealGetWindowClassW(control, name, kClassMax);
@@ -102,19 +131,8 @@ bool IsAnsweredBySystem(HWND control) {
     constexpr const wchar_t* kSystemLibraries[] = {L"user32.dll", L"comctl32.dll", L"riched20.dll",
                                                    L"msftedit.dll"};
     const LONG_PTR procedure = GetWindowLongPtrW(control, GWLP_WNDPROC);
-    if (procedure != static_cast<LONG_PTR>(GetClassLongPtrW(control, GCLP_WNDPROC))) {
-        return false;
-    }
-    HMODULE module = nullptr;
-    GetModuleHandleExW(
-        GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
-        reinterpret_cast<const wchar_t*>(procedure), &module);
-    for (const wchar_t* library : kSystemLibraries) {
-        if (module && module == GetModuleHandleW(library)) {
-            return true;
-        }
-    }
-    return false;
+    return procedure == static_cast<LONG_PTR>(GetClassLongPtrW(control, GCLP_WNDPROC)) &&
+           IsCodeOf(kSystemLibraries, procedure);
 }
 
 SelectedRange ReadSelection(HWND control, ControlKind kind) {
