@@ -32,6 +32,8 @@ class GuardedSections {
 
     // Where a section tells a failure that is no fault.
     ErrorReport& Report() { return report_; }
+    // For a fault that nobody needs to hear of.
+    FaultCatcher& Catcher() { return catcher_; }
 
     // What `work` gives; after a fault in it `onFault`, once the fault has been reported.
     template <typename Work>

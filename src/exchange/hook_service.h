@@ -23,6 +23,7 @@ struct HookServiceStart {
     std::uint16_t LogAtom = 0;
     bool AllowWaitAnswer = false;
     QueryRouteChoice Route = QueryRouteChoice::OfSystem;
+    bool TargetsAnswer = false;  // on that route
 };
 
 // The text for a code of WPInstallParams, with a line that names the code.

@@ -90,8 +90,12 @@ bool ClipboardCapture::IsSecret(Reading& reading) const {
                     [&](std::uint32_t format) { return access.IsFormatAvailable(format); })) {
         return true;
     }
+    // An answer that can't be read is taken for a no.
+    if (!access.IsFormatAvailable(mayBeKept_)) {
+        return false;
+    }
     const auto answer = ReadBlock(reading, mayBeKept_);
-    return answer && !answer->Bytes.empty() && NumberIn(answer->Bytes) == 0;
+    return !answer || answer->Bytes.empty() || NumberIn(answer->Bytes) == 0;
 }
 
 bool ClipboardCapture::ReadPrimary(Reading& reading) const {

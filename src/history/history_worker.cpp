@@ -9,6 +9,8 @@ namespace vbr {
 namespace {
 
 constexpr std::uint32_t kGuardPatienceMs = 200;
+// Nobody saves for longer. The folder's own lock still keeps two apart.
+constexpr int kMostWaits = 150;
 
 }  // namespace
 
@@ -57,9 +59,13 @@ void HistoryWorker::Guarded(const std::function<void()>& work) {
 }
 
 bool HistoryWorker::WaitForGuard() {
-    while (guard_ && guard_->Wait(kGuardPatienceMs) == WaitResult::TimedOut) {
+    for (int waits = 0; guard_ && guard_->Wait(kGuardPatienceMs) == WaitResult::TimedOut; ++waits) {
         if (worker_.IsEnding()) {
             return false;
+        }
+        if (waits == kMostWaits) {
+            // It is not the history's guard.
+            guard_.reset();
         }
     }
     return true;

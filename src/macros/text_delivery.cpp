@@ -2,6 +2,7 @@
 #include "macros/text_delivery.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 #include <vector>
 
@@ -73,7 +74,7 @@ TextDelivery::Result TextDelivery::Paste(WindowHandle window, bool plain, std::u
         return failure;
     }
     Borrow();
-    const bool copied = CopyToClipboard(plain, text, language);
+    const bool copied = PutForm(plain, text, language, borrows_ == true);
     if (borrows_ == true) {
         with_.Snapshot.NoteOwnContent();
     }
@@ -122,10 +123,17 @@ std::u16string TextDelivery::PlainTextOf(std::u16string_view source) const {
 }
 
 bool TextDelivery::CopyToClipboard(bool plain, std::u16string_view text, Lcid language) {
+    return PutForm(plain, text, language, false);
+}
+
+bool TextDelivery::PutForm(bool plain, std::u16string_view text, Lcid language, bool isPassing) {
+    std::vector<ClipboardBlock> form = plain ? PlainClipboardForm(text, with_.Locale.ThreadLocale())
+                                             : RichClipboardForm(text, PlainTextOf(text), language);
+    if (isPassing) {
+        std::ranges::move(PassingMarks(), std::back_inserter(form));
+    }
     const MyCopyScope ownCopy(with_.OwnCopy, with_.Clipboard);
-    return PutOnClipboard(plain ? PlainClipboardForm(text, with_.Locale.ThreadLocale())
-                                : RichClipboardForm(text, PlainTextOf(text), language),
-                          with_.Clipboard);
+    return PutOnClipboard(form, with_.Clipboard);
 }
 
 InputState TextDelivery::SendPieces(WindowHandle window,

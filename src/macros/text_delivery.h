@@ -80,6 +80,8 @@ class TextDelivery {
 
   private:
     Result Paste(WindowHandle window, bool plain, std::u16string_view text, Lcid language);
+    // What is passing carries the marks of that.
+    bool PutForm(bool plain, std::u16string_view text, Lcid language, bool isPassing);
     // Sends what the function gives, piece by piece until it gives nothing, when the target reads.
     InputState SendPieces(WindowHandle window,
                           const std::function<std::vector<KeyEvent>()>& nextPiece);

@@ -28,6 +28,20 @@ std::optional<Point> PointOf(const WPQuery& query) {
     return Point{query.PointX, query.PointY};
 }
 
+// The item that can be chosen by that number.
+const CMenuItemInfo* FindByNumber(const PhraseMenu& menu, std::int64_t number) {
+    for (const PhraseMenuItem& item : menu) {
+        const bool isChoice = !item.IsPopup() && !item.IsSeparator() && !item.Grayed;
+        if (isChoice && number > 0 && item.Info.CommandId == number) {
+            return &item.Info;
+        }
+        if (const CMenuItemInfo* found = FindByNumber(item.Children, number)) {
+            return found;
+        }
+    }
+    return nullptr;
+}
+
 // Places of history items in the menu stay right while it is open.
 class LockedHistory {
   public:
@@ -59,6 +73,15 @@ MenuChoice IDataNeededHander_MenuSelf::OnDataNeeded(const WPQuery& query, WPAnsw
     const MenuSubject chosen =
         menu.empty() ? MenuSubject() : with_.Presenter.Show(std::move(menu), point);
     return ChoiceOf(chosen);
+}
+
+MenuChoice IDataNeededHander_MenuSelf::ChoiceInMenu(const WPQuery& query, std::int64_t number) {
+    selectedText_ = query.SelText;
+    hkl_ = query.Hkl;
+    const PhraseMenu menu =
+        with_.Guard.Run(kFaultMakeMenu, PhraseMenu(), [this] { return MakeMenu(); });
+    const CMenuItemInfo* item = FindByNumber(menu, number);
+    return item ? ChoiceOf(item->Subject) : MenuChoice();
 }
 
 MenuChoice IDataNeededHander_MenuSelf::ChoiceOf(const MenuSubject& subject) const {

@@ -73,6 +73,10 @@ class IDataNeededHander_MenuSelf {
     // opens. The answer stays as it is: what is shown here needs no description.
     MenuChoice OnDataNeeded(const WPQuery& query, WPAnswer& answer);
 
+    // The item of that number in the menu of this query, which isn't shown; nothing for any other
+    // number.
+    MenuChoice ChoiceInMenu(const WPQuery& query, std::int64_t number);
+
     // Marks the phrase as the last one chosen and lets it stand among the recent ones. A file that
     // is no phrase does nothing.
     void RememberCommand(const std::filesystem::path& file);

@@ -33,6 +33,15 @@ ClipboardBlock NamedBlock(std::u16string_view name, std::vector<std::byte> bytes
     return {.Format = 0, .Name = std::u16string(name), .Bytes = std::move(bytes), .Object = {}};
 }
 
+std::vector<ClipboardBlock> PassingMarks() {
+    std::vector<ClipboardBlock> marks;
+    for (const std::u16string_view name :
+         {kNotForMonitorsFormat, kNotForViewersFormat, kMayBeKeptFormat, kMayBeUploadedFormat}) {
+        marks.push_back(NamedBlock(name, std::vector<std::byte>(sizeof(std::uint32_t))));
+    }
+    return marks;
+}
+
 ClipboardBlock LocaleBlock(Lcid locale) {
     const auto bytes = std::as_bytes(std::span(&locale, 1));
     return StandardBlock(kClipLocale, {bytes.begin(), bytes.end()});

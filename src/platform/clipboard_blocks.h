@@ -28,11 +28,13 @@ inline constexpr std::uint32_t kClipDibV5 = 17;
 inline constexpr std::u16string_view kRichTextFormat = u"Rich Text Format";
 inline constexpr std::u16string_view kHtmlFormat = u"HTML Format";
 inline constexpr std::u16string_view kKelpNotesFormat = u"Kelp Notes Format";
-// With these an owner asks that nobody keeps the content; the last one tells by its number.
+// With these an owner asks that nobody keeps the content, nor another machine gets it; the last two
+// tell by their number.
 inline constexpr std::u16string_view kNotForMonitorsFormat =
     u"ExcludeClipboardContentFromMonitorProcessing";
 inline constexpr std::u16string_view kNotForViewersFormat = u"Clipboard Viewer Ignore";
 inline constexpr std::u16string_view kMayBeKeptFormat = u"CanIncludeInClipboardHistory";
+inline constexpr std::u16string_view kMayBeUploadedFormat = u"CanUploadToCloudClipboard";
 
 // What the clipboard holds in one format.
 struct ClipboardBlock {
@@ -48,6 +50,8 @@ std::vector<std::byte> TextBytes(std::string_view text);
 
 ClipboardBlock StandardBlock(std::uint32_t format, std::vector<std::byte> bytes);
 ClipboardBlock NamedBlock(std::u16string_view name, std::vector<std::byte> bytes);
+// What content has with it that is there for an instant, or again: all the marks above.
+std::vector<ClipboardBlock> PassingMarks();
 // The language of the text beside it.
 ClipboardBlock LocaleBlock(Lcid locale);
 

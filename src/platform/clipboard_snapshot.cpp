@@ -2,6 +2,7 @@
 #include "platform/clipboard_snapshot.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 #include "base/text.h"
@@ -48,6 +49,16 @@ void CClipboardSnapshot::PutBack(ClipboardSession& session) {
     if (!session.Empty()) {
         log_.LogError(u"Clipboard not restored: it can't be emptied");
     } else {
+        // It was kept when the user copied it, if it was to be kept.
+        const std::vector<ClipboardBlock> marks = PassingMarks();
+        std::erase_if(blocks_, [&marks](const ClipboardBlock& block) {
+            return std::ranges::any_of(marks, [&block](const ClipboardBlock& mark) {
+                return EqualsNoCase(mark.Name, block.Name);
+            });
+        });
+        if (!blocks_.empty()) {
+            std::ranges::copy(marks, std::back_inserter(blocks_));
+        }
         for (const ClipboardBlock& block : blocks_) {
             if (!session.Write(block)) {
                 LogFormat(u"not restored", block.Format, block.Name);

@@ -28,9 +28,13 @@ class FileAccess {
     virtual bool FileExists(std::u16string_view path) const = 0;
     // Whether this process may write the file or folder, by its access rights and attributes.
     virtual bool CanWrite(std::u16string_view path) const = 0;
-    // Creates an empty file, or a folder, open to everybody; false when that fails.
-    virtual bool CreateOpenFile(std::u16string_view path) = 0;
-    virtual bool CreateOpenFolder(std::u16string_view path) = 0;
+    // Whether a program of this user could write the file or folder that has no more rights than
+    // the user's programs usually have.
+    virtual bool CanOthersWrite(std::u16string_view path) const = 0;
+    // Creates an empty file, or a folder, with the rights of the folder it is in; false when that
+    // fails.
+    virtual bool CreateEmptyFile(std::u16string_view path) = 0;
+    virtual bool CreateFolder(std::u16string_view path) = 0;
     virtual std::u16string UserProfileFolder() const = 0;
     virtual std::u16string ApplicationDataFolder() const = 0;
     // The value of "%NAME%", or nothing when there is no such variable.

@@ -28,8 +28,8 @@ class FileStore {
     // All bytes of the file, or nothing when it is open for writing elsewhere or can't be read.
     virtual std::optional<std::string> Read(const std::filesystem::path& path) = 0;
 
-    // Writes `bytes` beside the file, flushes, and swaps it in with full access for everybody and
-    // no read-only attribute. On an error the old file is left whole.
+    // Writes `bytes` beside the file, flushes, and swaps it in with the rights of the old file, or
+    // of its folder, and no read-only attribute. On an error the old file is left whole.
     virtual std::optional<SystemError> Replace(const std::filesystem::path& path,
                                                std::string_view bytes) = 0;
 

@@ -237,6 +237,8 @@ inline constexpr int kStrTargetNotReading = 1074;
 inline constexpr int kStrNoInputTaken = 1075;
 inline constexpr int kStrClipboardInUse = 1076;
 inline constexpr int kStrHistoryNotSaved = 1077;
+inline constexpr int kStrNamesTaken = 1078;
+inline constexpr int kStrPlacesOpenToOthers = 1079;
 
 // Strings among the numbers of the commands that are no command's tip.
 inline constexpr int kStrSettings = 32779;

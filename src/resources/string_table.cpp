@@ -156,6 +156,14 @@ constexpr StringEntry kStrings[] = {
     {kStrNoInputTaken, u"Windows takes no keys at the moment"},
     {kStrClipboardInUse, u"Another program keeps the clipboard in use"},
     {kStrHistoryNotSaved, u"The clipboard history can't be saved. It is tried again."},
+    {kStrNamesTaken,
+     u"Another program uses names that belong to Vellumbridge. What they are for does not work "
+     u"until "
+     u"it ends; the log tells which they are."},
+    {kStrPlacesOpenToOthers,
+     u"Vellumbridge runs as administrator. Any program can write where its phrases and settings "
+     u"come "
+     u"from, and what it writes there runs as administrator too."},
     {kCmdEnableService, u"Enable choice from menu of phrases at pressing hotkey"},
     {kCmdEditPhrases, u"Edit phrases and settings"},
     {kCmdStartWithWindows, u"Start Vellumbridge with Windows automatically"},
@@ -186,7 +194,9 @@ constexpr StringEntry kStrings[] = {
     {kCmdTrim, u"Trim spaces/tabs/new line on left and right"},
     {kCmdEmptyClipboard, u"Empty all data in clipboard"},
     {kCmdWriteLog,
-     u"Write log file about events of working (ATTENTION: may considerably slow down)"},
+     u"Write log file about events of working (ATTENTION: may considerably slow down)\nThe log "
+     u"holds "
+     u"texts: what was selected, copied and inserted"},
     {kCmdMenuOnMouseEvent,
      u"Show menu with phrases and clipboard history on triple click by left mouse button"},
     {kCmdSounds, u"Enable sounds on phrase insertion, copying and etc"},

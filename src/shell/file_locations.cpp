@@ -34,12 +34,12 @@ bool CanKeep(const std::u16string& file, const std::u16string& folder, const Fil
 
 std::u16string ChooseSettingsFile(const FileLocations& where, FileAccess& access) {
     if (!access.FileExists(where.LocalSettings)) {
-        access.CreateOpenFile(where.LocalSettings);
+        access.CreateEmptyFile(where.LocalSettings);
     }
     if (where.Portable || CanKeep(where.LocalSettings, where.ProgramFolder, access)) {
         return where.LocalSettings;
     }
-    access.CreateOpenFolder(FolderOf(where.UserSettings));
+    access.CreateFolder(FolderOf(where.UserSettings));
     return where.UserSettings;
 }
 

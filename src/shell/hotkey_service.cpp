@@ -29,7 +29,9 @@ std::u16string HotkeyText(std::uint16_t mods, std::u16string_view keyName) {
 
 std::optional<std::u16string> HotkeyService::Install(const HookServiceStart& start,
                                                      bool libraryExists) {
-    if (!CreateInterchangeObjects()) {
+    // Without them targets can't answer; where nobody asks them all else works.
+    const bool canAnswer = CreateInterchangeObjects();
+    if (!canAnswer && start.TargetsAnswer) {
         with_.Log.Write(u"ERROR: Cannot create wait objects");
         return Report(u"ERROR: Cannot create wait objects");
     }
@@ -54,7 +56,7 @@ std::optional<std::u16string> HotkeyService::Install(const HookServiceStart& sta
         CloseInterchangeObjects();
         return Report(message);
     }
-    if (!with_.Waiter.Start(*dataNeeded_, *dataCompleted_)) {
+    if (canAnswer && !with_.Waiter.Start(*dataNeeded_, *dataCompleted_)) {
         Stop();
         with_.Log.Write(u"ERROR: Cannot start wait thread for query");
         return Report(u"ERROR: Cannot start wait thread for query");
@@ -84,11 +86,21 @@ bool HotkeyService::CreateInterchangeObjects() {
     dataNeeded_ = with_.Objects.Create(kEventDataNeeded, EventReset::Manual, ObjectAccess::Default);
     dataCompleted_ =
         with_.Objects.Create(kEventDataCompleted, EventReset::Manual, ObjectAccess::Default);
-    if (area_ && dataNeeded_ && dataCompleted_) {
-        return true;
+    const std::pair<bool, std::u16string_view> had[] = {
+        {area_ != nullptr, kAreaInterchange},
+        {dataNeeded_ != nullptr, kEventDataNeeded},
+        {dataCompleted_ != nullptr, kEventDataCompleted}};
+    bool complete = true;
+    for (const auto& [isHad, name] : had) {
+        if (!isHad) {
+            with_.Taken.Note(name);
+            complete = false;
+        }
     }
-    CloseInterchangeObjects();
-    return false;
+    if (!complete) {
+        CloseInterchangeObjects();
+    }
+    return complete;
 }
 
 void HotkeyService::CloseInterchangeObjects() {
@@ -112,8 +124,10 @@ std::optional<std::u16string> HotkeyService::RegisterHotkey() {
         return Report(Concat(u"Cannot register hotkey. Error: ", error->Code));
     }
     hotkeyRegistered_ = true;
-    shared_.WriteSharedSettings(settings.HotkeyVk, settings.HotkeyMods, settings.Hotkey_Doubled,
-                                u"");
+    if (!shared_.WriteSharedSettings(settings.HotkeyVk, settings.HotkeyMods,
+                                     settings.Hotkey_Doubled, u"")) {
+        with_.Taken.Note(kAreaSettings);
+    }
     return std::nullopt;
 }
 

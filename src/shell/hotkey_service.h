@@ -16,6 +16,7 @@
 #include "platform/shared_memory.h"
 #include "settings/settings.h"
 #include "settings/shared_settings.h"
+#include "shell/taken_names.h"
 
 namespace vbr {
 
@@ -37,6 +38,7 @@ class HotkeyService {
         HotkeyRegistrar& Hotkeys;
         NamedObjects& Objects;
         SharedMemory& Memory;
+        TakenNames& Taken;
         vbr::Log& Log;
         MessageList& Messages;
     };

@@ -9,6 +9,10 @@ namespace {
 
 constexpr std::uint32_t kTakeOverWaitMs = 10000;
 
+// An instance that starts listens sooner, and one that ends is gone by then.
+constexpr std::uint32_t kUnheardMs = 6000;
+constexpr std::uint32_t kStepMs = 20;
+
 // The wait results as the system numbers them, for the log.
 constexpr std::uint32_t kWaitFailed = 0xFFFFFFFF;
 
@@ -34,22 +38,51 @@ std::optional<int> InstanceControl::Settle(const CVBRCmdLine& cmdLine, std::uint
     if (cmdLine.AsAdmin()) {
         TakeOver();
     }
-    if (objects_.Exists(kEventInstance)) {
-        SignalRunning(cmdLine);
-        return kExitSignalled;
+    if (IsAnotherResident(cmdLine.Exit())) {
+        return SignalRunning(cmdLine);
     }
     if (cmdLine.Exit()) {
         return kExitSignalled;
     }
-    instance_ = objects_.Create(kEventInstance, EventReset::Manual, ObjectAccess::World);
-    if (!instance_) {
-        return kExitNoInstanceEvent;
+    return BecomeResident(cmdLine);
+}
+
+// An event that is there while nobody listens belongs to an instance that starts or ends, for a
+// moment, or to another program.
+bool InstanceControl::IsAnotherResident(bool atOnce) {
+    for (std::uint32_t waited = 0; objects_.Exists(kEventInstance); waited += kStepMs) {
+        if (atOnce || objects_.Exists(kEventAlreadyWork) || objects_.Exists(kEventExit)) {
+            return true;
+        }
+        if (waited >= kUnheardMs) {
+            return false;
+        }
+        clock_.Sleep(kStepMs);
+    }
+    return false;
+}
+
+std::optional<int> InstanceControl::BecomeResident(const CVBRCmdLine& cmdLine) {
+    const bool isTaken = objects_.Exists(kEventInstance);
+    if (!isTaken) {
+        instance_ = objects_.Create(kEventInstance, EventReset::Manual, ObjectAccess::World);
     }
     // Another start in the same instant was the first to make it.
-    if (instance_->WasThere()) {
+    if (instance_ && instance_->WasThere()) {
         instance_.reset();
-        SignalRunning(cmdLine);
-        return kExitSignalled;
+        return SignalRunning(cmdLine);
+    }
+    // The resident one may have had to do without the event.
+    if (!instance_ && objects_.Exists(kEventAlreadyWork)) {
+        return SignalRunning(cmdLine);
+    }
+    if (!instance_) {
+        // Without the name nobody finds this instance, and it still needs the event for its end.
+        taken_.Note(kEventInstance);
+        instance_ = objects_.Create(u"", EventReset::Manual, ObjectAccess::Default);
+    }
+    if (!instance_) {
+        return kExitNoInstanceEvent;
     }
     instance_->ProtectFromClose(true);
     return std::nullopt;
@@ -77,11 +110,25 @@ std::optional<int> InstanceControl::KeepAutoLoadDelay(const CVBRCmdLine& cmdLine
         return std::nullopt;
     }
     if (objects_.Signal(kEventAutoLoadWait)) {
-        log_.Write(u"Signal for automode. Exit");
-        return kExitReleasedDelay;
+        if (BecomesResident()) {
+            log_.Write(u"Signal for automode. Exit");
+            return kExitReleasedDelay;
+        }
+        taken_.Note(kEventAutoLoadWait);
     }
     log_.Write(u"Automode not found. Continue");
     return std::nullopt;
+}
+
+// Whether the process that was signalled goes on with its start.
+bool InstanceControl::BecomesResident() {
+    for (std::uint32_t waited = 0; !objects_.Exists(kEventInstance); waited += kStepMs) {
+        if (waited >= kUnheardMs) {
+            return false;
+        }
+        clock_.Sleep(kStepMs);
+    }
+    return true;
 }
 
 void InstanceControl::WaitForNextInstance(std::uint32_t delaySeconds) {
@@ -112,7 +159,7 @@ void InstanceControl::TakeOver() {
     }
 }
 
-void InstanceControl::SignalRunning(const CVBRCmdLine& cmdLine) {
+int InstanceControl::SignalRunning(const CVBRCmdLine& cmdLine) {
     if (cmdLine.ShowMenu()) {
         objects_.Signal(kEventShowMenu);
     } else if (cmdLine.Exit()) {
@@ -122,6 +169,7 @@ void InstanceControl::SignalRunning(const CVBRCmdLine& cmdLine) {
     } else {
         objects_.Signal(kEventAlreadyWork);
     }
+    return kExitSignalled;
 }
 
 }  // namespace vbr

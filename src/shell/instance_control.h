@@ -7,9 +7,11 @@
 #include <optional>
 
 #include "platform/autostart.h"
+#include "platform/clock.h"
 #include "platform/log.h"
 #include "platform/named_objects.h"
 #include "shell/command_line.h"
+#include "shell/taken_names.h"
 
 namespace vbr {
 
@@ -24,12 +26,14 @@ inline constexpr int kExitReleasedDelay = 12;  // another process left its autos
 // the one resident instance of the session. Named events are all that instances share.
 class InstanceControl {
   public:
-    InstanceControl(NamedObjects& objects, Autostart& autostart, Log& log)
-        : objects_(objects), autostart_(autostart), log_(log) {}
+    InstanceControl(NamedObjects& objects, Autostart& autostart, Clock& clock, TakenNames& taken,
+                    Log& log)
+        : objects_(objects), autostart_(autostart), clock_(clock), taken_(taken), log_(log) {}
 
     // The steps up to the instance event. An exit code, or nothing when this process is to be the
-    // resident instance and now owns the event. `makeLanguage` prepares the texts after the
-    // autostart delay, `showHelp` shows the list of keys.
+    // resident instance and now owns the event, nameless when another program holds the name.
+    // `makeLanguage` prepares the texts after the autostart delay, `showHelp` shows the list of
+    // keys.
     std::optional<int> Settle(const CVBRCmdLine& cmdLine, std::uint32_t delaySeconds,
                               const std::function<void()>& makeLanguage,
                               const std::function<void()>& showHelp);
@@ -48,10 +52,15 @@ class InstanceControl {
     std::optional<int> KeepAutoLoadDelay(const CVBRCmdLine& cmdLine, std::uint32_t delaySeconds);
     void WaitForNextInstance(std::uint32_t delaySeconds);
     void TakeOver();
-    void SignalRunning(const CVBRCmdLine& cmdLine);
+    bool BecomesResident();
+    bool IsAnotherResident(bool atOnce);
+    std::optional<int> BecomeResident(const CVBRCmdLine& cmdLine);
+    int SignalRunning(const CVBRCmdLine& cmdLine);
 
     NamedObjects& objects_;
     Autostart& autostart_;
+    Clock& clock_;
+    TakenNames& taken_;
     Log& log_;
     std::unique_ptr<NamedEvent> instance_;
 };

@@ -7,6 +7,7 @@
 #include "menu/extra_commands.h"
 #include "platform/clipboard_text.h"
 #include "resources/resource_ids.h"
+#include "shell/tray_messages.h"
 
 namespace vbr {
 namespace {
@@ -62,9 +63,7 @@ void QueryFlow::Ask(bool fromHotkey) {
     query.GuiThreadInfo = with_.Windows.OwnGuiThread();
     switch (with_.Hooks.SendMessageToTargetWindow(fromHotkey ? 0 : 1, query)) {
         case QueryStart::Posted:
-            query_->Target = query.TargetWindow;
-            query_->PostedAt = with_.Clock.TickCount();
-            query_->Awaited = true;
+            Await(query.TargetWindow);
             with_.Display.HideTrayBalloon();
             break;
         case QueryStart::Failed:
@@ -76,6 +75,24 @@ void QueryFlow::Ask(bool fromHotkey) {
             break;
         }
     }
+}
+
+// Only now a target with fewer rights may send its choice.
+void QueryFlow::Await(WindowHandle target) {
+    query_->Target = target;
+    query_->PostedAt = with_.Clock.TickCount();
+    query_->Awaited = true;
+    with_.View.AdmitChoice(true);
+    with_.View.StartTimer(kTimerTargetAnswer, kAnswerMs);
+}
+
+void QueryFlow::EndAwaiting() {
+    query_->Awaited = false;
+    with_.View.AdmitChoice(false);
+}
+
+void QueryFlow::OnAnswerOverdue() {
+    with_.View.AdmitChoice(false);
 }
 
 void QueryFlow::OnQueryReady(const std::shared_ptr<QueryExchange>& exchange) {
@@ -92,7 +109,7 @@ void QueryFlow::OnQueryReady(const std::shared_ptr<QueryExchange>& exchange) {
     if (!isAnswer) {
         query_ = Query{.Number = ++lastNumber_};
     }
-    query_->Awaited = false;
+    EndAwaiting();
     Serve(exchange->Query, exchange->Answer);
     End();
 }
@@ -163,6 +180,23 @@ void QueryFlow::End() {
     for (const auto& work : std::exchange(waiting_, {})) {
         work();
     }
+}
+
+bool QueryFlow::OnTargetsChoice(std::int32_t number, WindowHandle target) {
+    const bool isPending = !stopped_ && query_ && query_->Awaited &&
+                           with_.Clock.TickCount() - query_->PostedAt < kAnswerMs;
+    if (!isPending || (target != 0 && target != query_->Target)) {
+        with_.Log.Write(u"A choice comes that no query waits for, it is not carried out");
+        return false;
+    }
+    EndAwaiting();
+    WPQuery query;
+    query.TargetWindow = query_->Target;
+    query.Hkl = with_.Windows.KeyboardLayout(with_.Windows.ThreadOf(query_->Target).Thread);
+    with_.Menu.SetClipboardAtHotkey(with_.Menu.AsksForClipboard() ? ClipboardText() : u"");
+    CarryOut(with_.Menu.ChoiceInMenu(query, number), query.TargetWindow);
+    End();
+    return true;
 }
 
 void QueryFlow::OnOutsideChoice(std::int32_t number, WindowHandle target) {

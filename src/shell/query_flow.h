@@ -51,6 +51,7 @@ class QueryFlow {
         QueueHistory& History;
         CommandDelivery& Delivery;
         RightMenuCommands& RightMenu;
+        TrayView& View;
         TrayDisplay& Display;
         EventSounds& Sounds;
         vbr::Log& Log;
@@ -67,6 +68,11 @@ class QueryFlow {
     // A target has answered, or another program asks for the menu by itself. Null for one that
     // nobody waits for any more. Shows the menu and carries the choice out before it returns.
     void OnQueryReady(const std::shared_ptr<QueryExchange>& exchange);
+
+    // The target that is asked makes the choice itself: the number of an item of the menu that this
+    // query would show. False, and nothing happens, while no query waits for that target.
+    bool OnTargetsChoice(std::int32_t number, WindowHandle target);
+    void OnAnswerOverdue();
 
     // A choice that another program sends: the number of a phrase or a history item, or a result of
     // an extra command. Without a target it is for the window in front.
@@ -98,6 +104,8 @@ class QueryFlow {
     void Begin(bool fromHotkey);
     void Ask(bool fromHotkey);
     void Serve(const WPQuery& query, WPAnswer& answer);
+    void Await(WindowHandle target);
+    void EndAwaiting();
     void CarryOut(const MenuChoice& choice, WindowHandle target);
     std::optional<UndeliveredText> Deliver(const MenuChoice& choice, WindowHandle target);
     std::u16string ClipboardText();

@@ -12,7 +12,8 @@ std::optional<std::u16string> ServiceControl::InstallService() {
                                  .LogPath = with_.LogOfUser.Path(),
                                  .LogAtom = with_.LogOfUser.Atom(),
                                  .AllowWaitAnswer = with_.Menu.IsAllow_WaitAnswerFromExeAgent(),
-                                 .Route = with_.Route},
+                                 .Route = with_.Route,
+                                 .TargetsAnswer = with_.TargetsAnswer},
                                 with_.Files.FileExists(with_.Locations.HookLibrary()));
 }
 

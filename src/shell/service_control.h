@@ -35,6 +35,7 @@ class ServiceControl {
         WindowHandle Window = 0;         // gets the hot key
         std::uint32_t QueryMessage = 0;  // that starts a query in a target
         QueryRouteChoice Route = QueryRouteChoice::OfSystem;
+        bool TargetsAnswer = false;  // on that route
     };
 
     explicit ServiceControl(const Collaborators& with) : with_(with) {}
@@ -65,10 +66,10 @@ class ServiceControl {
     // What the icon tells; `elevated` is the process's.
     TrayState State(bool elevated) const;
 
-  private:
     // The folder that the settings name, whether or not it exists.
     std::u16string PhrasesFolder() const;
 
+  private:
     Collaborators with_;
     bool isWanted_ = false;  // even if it could not be installed
 };

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "shell/tray_display.h"
 
+#include <utility>
+
 #include "base/text.h"
 #include "shell/tray_messages.h"
 
@@ -20,11 +22,25 @@ bool TrayDisplay::OnInstallTrayIcon() {
     }
     with_.Sounds.PlayEventSound(with_.State().Elevated ? EventSound::StartedElevated
                                                        : EventSound::Started);
-    if (!startError_.empty()) {
-        ShowTrayBalloon(TrimLeft(startError_, u"\n"), kStartErrorBalloonMs);
-        startError_.clear();
-    }
+    isInstalled_ = true;
+    TellStartText();
     return true;
+}
+
+void TrayDisplay::TellAtStart(std::u16string_view text) {
+    const std::u16string_view trimmed = TrimLeft(text, u"\n");
+    if (startTexts_.emplace(trimmed).second) {
+        startText_ += Concat(startText_.empty() ? u"" : u"\n\n", trimmed);
+        if (isInstalled_) {
+            TellStartText();
+        }
+    }
+}
+
+void TrayDisplay::TellStartText() {
+    if (!startText_.empty()) {
+        ShowTrayBalloon(std::exchange(startText_, {}), kStartErrorBalloonMs);
+    }
 }
 
 void TrayDisplay::InstallWithRetry() {

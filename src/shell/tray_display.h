@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <set>
 #include <string>
 #include <string_view>
 
@@ -34,8 +35,9 @@ class TrayDisplay {
     bool OnInstallTrayIcon();
     // The same, and again every two seconds, 200 times at most: at logon the shell may not be up.
     void InstallWithRetry();
-    // What the first balloon tells; empty for none.
-    void SetStartError(std::u16string text) { startError_ = std::move(text); }
+    // A text for the first balloon, or, when the icon is there already, for one of its own. Each
+    // text is told once.
+    void TellAtStart(std::u16string_view text);
 
     // What the icon tells from its next update on.
     void SetHistoryNotSaved(bool value) { historyNotSaved_ = value; }
@@ -54,9 +56,12 @@ class TrayDisplay {
   private:
     void OnRetry();
     void OnBlink();
+    void TellStartText();
 
     Collaborators with_;
-    std::u16string startError_;
+    std::u16string startText_;  // not told yet
+    std::set<std::u16string> startTexts_;
+    bool isInstalled_ = false;
     bool historyNotSaved_ = false;
     int triesLeft_ = 0;
     int blinksLeft_ = 0;  // changes of the image

@@ -53,10 +53,11 @@ inline constexpr std::uintptr_t kTimerEnd = 4;
 inline constexpr std::uint32_t kEndMs = 50;
 inline constexpr std::uintptr_t kTimerHeldHotkey = 5;
 inline constexpr std::uint32_t kHeldHotkeyMs = 10;
-inline constexpr std::uintptr_t kTimerSaveAgain = 7;
 inline constexpr std::uintptr_t kTimerReadSettings = 6;
 inline constexpr std::uint32_t kReadSettingsMs = 1000;  // doubled each time
 inline constexpr std::uint32_t kReadSettingsMostMs = 64'000;
+inline constexpr std::uintptr_t kTimerSaveAgain = 7;
+inline constexpr std::uintptr_t kTimerTargetAnswer = 8;
 
 inline constexpr std::uint32_t kTrayIconId = 10;
 inline constexpr std::uint32_t kHistoryControlId = 1333;

@@ -15,7 +15,7 @@ constexpr std::uint32_t kExitBalloonMs = 500;
 
 void TrayRequests::InstallAtStart() {
     if (const auto error = with_.Service.InstallService()) {
-        with_.Display.SetStartError(*error);
+        with_.Display.TellAtStart(*error);
     }
     with_.History.StartWithRetry();
 }
@@ -93,6 +93,24 @@ void TrayRequests::ApplyLanguage() {
     SetUseRuUrls(with_.Profile, with_.Settings.GetLanguageFileName(), with_.Log);
 }
 
+void TrayRequests::OnNameTaken() {
+    with_.Display.TellAtStart(with_.Texts.LoadString(kStrNamesTaken));
+}
+
+void TrayRequests::TellOfOpenPlaces(const FileLocations& locations, const FileAccess& files) {
+    bool any = false;
+    for (const std::u16string& place :
+         {locations.ProgramFolder, locations.SettingsFile, with_.Service.PhrasesFolder()}) {
+        if (files.CanOthersWrite(place)) {
+            with_.Log.Write(Concat(u"Runs as administrator, and any program can write ", place));
+            any = true;
+        }
+    }
+    if (any) {
+        with_.Display.TellAtStart(with_.Texts.LoadString(kStrPlacesOpenToOthers));
+    }
+}
+
 void TrayRequests::OnWaitError() {
     with_.Log.LogError(
         u"Reveived message WM_WAIT_QUERY_COMPLETE_ERROR, wait of query complete with error");
@@ -102,6 +120,8 @@ void TrayRequests::OnWaitError() {
 void TrayRequests::OnTimer(std::uintptr_t id) {
     if (id == kTimerPhraseMenu) {
         with_.Flow.OnMenuWanted();
+    } else if (id == kTimerTargetAnswer) {
+        with_.Flow.OnAnswerOverdue();
     } else if (id == kTimerHeldHotkey) {
         WatchHotkey();
     } else if (!with_.Display.OnTimer(id) && !with_.Reader.OnTimer(id)) {

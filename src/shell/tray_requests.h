@@ -66,6 +66,11 @@ class TrayRequests {
     // Texts and links come in the language of the settings from now on.
     void ApplyLanguage();
     void OnWaitError();
+    // A named object of the program is another one's.
+    void OnNameTaken();
+    // For a process with an administrator's rights: log and balloon say when what it carries out
+    // comes from places that programs without them can write.
+    void TellOfOpenPlaces(const FileLocations& locations, const FileAccess& files);
     void OnTimer(std::uintptr_t id);
     std::u16string PaneTitle() const;
 

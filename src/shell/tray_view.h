@@ -26,6 +26,9 @@ class TrayView {
     // Expires once, unless it is started anew before; false when the system has none.
     virtual bool StartTimer(std::uintptr_t id, std::uint32_t milliseconds) = 0;
 
+    // Takes the choice of a target that has fewer rights, or takes it no longer.
+    virtual void AdmitChoice(bool on) = 0;
+
     // Waits until the user has closed the box.
     virtual void ShowError(std::u16string_view text) = 0;
     // At the mouse; the command that is chosen is carried out when the menu is gone.

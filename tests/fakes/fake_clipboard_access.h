@@ -65,6 +65,14 @@ class FakeClipboardAccess : public ClipboardAccess {
         const auto found = std::ranges::find(Blocks, format, &ClipboardBlock::Format);
         return found == Blocks.end() ? nullptr : &*found;
     }
+    // The content without the marks of what is there for an instant, and whether it has them all.
+    std::vector<ClipboardBlock> Unmarked() const {
+        std::vector<ClipboardBlock> blocks;
+        std::ranges::copy_if(Blocks, std::back_inserter(blocks),
+                             [this](const ClipboardBlock& block) { return !IsMark(block); });
+        return blocks;
+    }
+    bool IsMarked() const { return Blocks.size() == Unmarked().size() + PassingMarks().size(); }
     bool IsOpen() const { return open_; }
 
     std::unique_ptr<ClipboardSession> Open(std::uint32_t patienceMs) override {
@@ -158,6 +166,13 @@ class FakeClipboardAccess : public ClipboardAccess {
         FakeClipboardAccess& clipboard_;
     };
 
+    bool IsMark(const ClipboardBlock& block) const {
+        return std::ranges::any_of(PassingMarks(), [&](const ClipboardBlock& mark) {
+            const auto number = Registered.find(mark.Name);
+            return number != Registered.end() && number->second == block.Format &&
+                   block.Bytes == mark.Bytes;
+        });
+    }
     void Note(std::string call) {
         if (calls_) {
             calls_->push_back(std::move(call));

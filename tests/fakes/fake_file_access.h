@@ -17,13 +17,17 @@ class FakeFileAccess : public FileAccess {
     DriveKind Drive = DriveKind::Fixed;
     std::set<Path> Files;
     std::set<Path> Writable;
+    std::set<Path> OpenToOthers;
     std::set<Path> MadeFolders;
     std::map<Path, std::u16string> Variables;
 
     DriveKind KindOfDrive(std::u16string_view) const override { return Drive; }
     bool FileExists(std::u16string_view path) const override { return Files.contains(Path(path)); }
     bool CanWrite(std::u16string_view path) const override { return Writable.contains(Path(path)); }
-    bool CreateOpenFile(std::u16string_view path) override {
+    bool CanOthersWrite(std::u16string_view path) const override {
+        return OpenToOthers.contains(Path(path));
+    }
+    bool CreateEmptyFile(std::u16string_view path) override {
         const bool done = CanWrite(path.substr(0, path.rfind(u'\\') + 1));
         if (done) {
             Files.emplace(path);
@@ -31,7 +35,7 @@ class FakeFileAccess : public FileAccess {
         }
         return done;
     }
-    bool CreateOpenFolder(std::u16string_view path) override {
+    bool CreateFolder(std::u16string_view path) override {
         return MadeFolders.emplace(path).second;
     }
     std::u16string UserProfileFolder() const override { return u"C:\\Users\\Ann"; }

@@ -30,6 +30,7 @@ class FakeTrayView : public TrayView {
     std::vector<std::u16string> Messages;
     int MenusShown = 0;
     bool IsClosed = false;
+    bool AdmitsChoice = false;
     std::u16string Tip;
 
     bool ChangeIcon(TrayIconMode mode, const TrayIconContent& content) override {
@@ -48,6 +49,7 @@ class FakeTrayView : public TrayView {
         Pauses.push_back(milliseconds);
         return true;
     }
+    void AdmitChoice(bool on) override { AdmitsChoice = on; }
     void ShowError(std::u16string_view text) override { Messages.emplace_back(text); }
     void ShowTrayMenu() override { ++MenusShown; }
     void PostCommand(int) override {}
@@ -144,12 +146,14 @@ struct ShellFixture : MenuFixture {
     MessageList Messages;
     FakeHistoryCapture Capture;
     int CapturesFirst = 0;
+    TakenNames Taken{Macros.Log};
     HotkeyService Hotkey{{.Settings = Settings,
                           .Hooks = Hooks,
                           .Waiter = Waiter,
                           .Hotkeys = Hotkeys,
                           .Objects = Objects,
                           .Memory = Memory,
+                          .Taken = Taken,
                           .Log = Macros.Log,
                           .Messages = Messages}};
     ServiceControl Service{{.Settings = Settings,
@@ -194,6 +198,7 @@ struct ShellFixture : MenuFixture {
                     .History = Clips.History,
                     .Delivery = Delivery,
                     .RightMenu = RightMenu,
+                    .View = View,
                     .Display = Display,
                     .Sounds = Sounds,
                     .Log = Macros.Log,

@@ -174,6 +174,11 @@ TEST_F(Capture, WhatIsNotToBeSeenIsLeftAlone) {
     EXPECT_EQ(with(u"Clipboard Viewer Ignore", "x"), u"nothing");
     EXPECT_EQ(with(u"CanIncludeInClipboardHistory", "\0\0\0\0"sv), u"nothing");
     EXPECT_EQ(with(u"CanIncludeInClipboardHistory", "\1\0\0\0"sv), u"1:secret/14");
+    // What can't be read may say no.
+    EXPECT_EQ(with(u"CanIncludeInClipboardHistory", ""), u"nothing");
+    clipboard_.Unreadable = {clipboard_.RegisterFormat(u"CanIncludeInClipboardHistory")};
+    EXPECT_EQ(with(u"CanIncludeInClipboardHistory", "\1\0\0\0"sv), u"nothing");
+    clipboard_.Unreadable.clear();
     for (const std::u16string& line : log_.Lines) {
         EXPECT_EQ(line.find(u"secret"), line.npos) << Utf16ToUtf8(line);
     }

@@ -178,7 +178,9 @@ TEST_F(TextDeliveryTest, TheClipboardComesBackAfterPastesWhenTheUserWantsThat) {
         Clipboard.Copy({mine});
         Paste.RestoresClipboard = restores;
         Text.PasteText(kTarget, u"one");
+        EXPECT_EQ(Clipboard.IsMarked(), restores);  // what goes again is for no history
         Text.PasteRich(kTarget, u"{two}", 0);
+        EXPECT_EQ(Clipboard.IsMarked(), restores);
         Text.EndPastes();
         EXPECT_EQ(Clipboard.Blocks[0].Bytes == mine.Bytes, restores);
     }

@@ -23,7 +23,7 @@ class HotkeyServiceStart : public testing::Test, protected ShellFixture {
     Journal FailedStart(bool libraryExists = true) {
         Calls.clear();
         Messages.clear();
-        errorText_ = Hotkey.Install({}, libraryExists).value_or(u"none");
+        errorText_ = Hotkey.Install({.TargetsAnswer = true}, libraryExists).value_or(u"none");
         EXPECT_FALSE(Hotkey.IsInstalled());
         EXPECT_TRUE(Objects.Owned.empty());
         EXPECT_EQ(std::ranges::count(Calls, kCloseArea), Memory.Fails ? 0 : 1);
@@ -56,6 +56,11 @@ TEST_F(HotkeyServiceStart, WithoutAllSharedObjectsNoKeyIsRegistered) {
     Objects.Refused.clear();
     Memory.Fails = true;
     EXPECT_EQ(FailedStart(), Journal());
+    // Where no target answers it is told, and all else works.
+    EXPECT_EQ(Hotkey.Install({}, true), std::nullopt);
+    EXPECT_TRUE(Hotkey.IsInstalled());
+    EXPECT_TRUE(Macros.Log.Tells(Concat(u"Another program holds the name ", kAreaInterchange)));
+    Hotkey.Stop();
 }
 
 TEST_F(HotkeyServiceStart, AKeyThatIsTakenClosesTheSharedObjects) {

@@ -98,7 +98,9 @@ class InstanceStart : public testing::Test {
     FakeNamedObjects objects_;
     FakeAutostart autostart_;
     MemoryLog log_;
-    InstanceControl control_{objects_, autostart_, log_};
+    FakeClock clock_;
+    TakenNames taken_{log_};
+    InstanceControl control_{objects_, autostart_, clock_, taken_, log_};
 };
 
 TEST_F(InstanceStart, ARunningInstanceIsSignalledAndThisProcessEnds) {
@@ -153,16 +155,51 @@ TEST_F(InstanceStart, OfTwoStartsInOneInstantTheLaterOneSignalsTheOther) {
 
 TEST_F(InstanceStart, TheInstanceEventIsGuardedAgainstClosing) {
     {
-        InstanceControl forgotten(objects_, autostart_, log_);
+        InstanceControl forgotten(objects_, autostart_, clock_, taken_, log_);
         forgotten.Settle(
             CVBRCmdLine(u""), 0, [] {}, [] {});
     }
     EXPECT_TRUE(objects_.Exists(kEventInstance));
 }
 
-TEST_F(InstanceStart, AnInstanceEventThatCannotBeMadeEndsTheProcess) {
+TEST_F(InstanceStart, ANameThatAnotherProgramHoldsIsToldAndKeepsNobodyFromRunning) {
+    // Of another kind, or closed to this user.
     objects_.Refused = {kEventInstance};
+    EXPECT_EQ(Settle(u""), std::nullopt);
+    EXPECT_TRUE(control_.StopEvent());
+    EXPECT_TRUE(log_.Tells(Concat(u"Another program holds the name ", kEventInstance)));
+    int told = 0;
+    taken_.OnNoted([&told] { ++told; });
+    EXPECT_EQ(told, 1);
+    // The next start finds this instance all the same.
+    objects_.Others = {kEventAlreadyWork};
+    EXPECT_EQ(Settle(u""), 1);
+    objects_.Refused.insert(u"");
+    objects_.Others.clear();
     EXPECT_EQ(Settle(u""), 2);
+    // An event of its kind, behind which nobody listens.
+    objects_.Refused.clear();
+    objects_.Others = {kEventInstance};
+    EXPECT_EQ(Settle(u"/exit"), 1);
+    EXPECT_EQ(Settle(u""), std::nullopt);
+    EXPECT_EQ(told, 3);
+    EXPECT_LE(clock_.Tick, 7000U);
+    // The event of an autostart delay that nobody keeps.
+    objects_.Others = {kEventAutoLoadWait};
+    EXPECT_EQ(Settle(u""), std::nullopt);
+    EXPECT_EQ(told, 4);
+}
+
+TEST_F(InstanceStart, AnInstanceThatEndsIsWaitedFor) {
+    objects_.Others = {kEventInstance};
+    clock_.WhileAsleep = [this] {
+        if (clock_.Tick > 2000) {
+            objects_.Others.clear();
+        }
+    };
+    EXPECT_EQ(Settle(u""), std::nullopt);
+    EXPECT_TRUE(objects_.Owned.contains(kEventInstance));
+    EXPECT_FALSE(log_.Tells(u"Another program holds"));
 }
 
 TEST_F(InstanceStart, AutoloadKeepsTheDelayAndGoesOnHoweverItEnds) {

@@ -146,6 +146,46 @@ TEST_F(QueryFlowTest, OnThePostedRouteTheTargetIsWaitedForAndNoLonger) {
     EXPECT_EQ(menus_, 1);
 }
 
+TEST_F(QueryFlowTest, OnlyTheTargetThatIsWaitedForMayChooseAndOnlyWhatItsMenuHas) {
+    Route.To = &Posted;
+    Settings.InsertCHIntoMenu = true;
+    AddPhrase("p", u"phrase%SELECTED_TEXT%");
+    Clips.AddClips(1);
+    EXPECT_FALSE(Flow.OnTargetsChoice(1, kTarget));
+    Flow.OnHotKey();
+    EXPECT_TRUE(View.AdmitsChoice);
+    EXPECT_FALSE(Flow.OnTargetsChoice(1, kTarget + 1));
+    EXPECT_TRUE(Flow.OnTargetsChoice(1, kTarget));
+    EXPECT_FALSE(View.AdmitsChoice);
+    EXPECT_EQ(Typed(), u"phrase");
+    EXPECT_FALSE(Flow.OnTargetsChoice(1, kTarget));
+    // A result that no menu has, a number that none has, a group or a separator.
+    for (const std::int32_t nothing : {kResultSupport, kResultEditPhrases, 0, -1, 77, 1999}) {
+        Flow.OnHotKey();
+        EXPECT_TRUE(Flow.OnTargetsChoice(nothing, 0));
+        EXPECT_FALSE(Flow.IsUnderWay());
+    }
+    EXPECT_EQ(Typed(), u"phrase");
+    EXPECT_TRUE(Opener.Opened.empty());
+    Flow.OnHotKey();
+    EXPECT_TRUE(Flow.OnTargetsChoice(2000, 0));
+    EXPECT_EQ(Typed(), u"phraseclip A");
+    // Nor when it comes too late, or under the menu.
+    Flow.OnHotKey();
+    Macros.Clock.Tick += 4000;
+    Expire(kTimerTargetAnswer);
+    EXPECT_FALSE(View.AdmitsChoice);
+    EXPECT_FALSE(Flow.OnTargetsChoice(1, kTarget));
+    Flow.OnHotKey();
+    whileMenu_ = [this] {
+        EXPECT_FALSE(View.AdmitsChoice);
+        EXPECT_FALSE(Flow.OnTargetsChoice(1, kTarget));
+    };
+    Flow.OnQueryReady(AnswerOf(kTarget));
+    EXPECT_EQ(menus_, 1);
+    EXPECT_EQ(Typed(), u"phraseclip A");
+}
+
 TEST_F(QueryFlowTest, WithoutATargetNothingOpensAndTheNextPressIsServed) {
     AddPhrase("p", u"text");
     Library.Target = 0;

@@ -200,7 +200,7 @@ TEST_F(Tray, TheCountReplacesTheBracketsOfATranslation) {
 
 TEST_F(Tray, AnIconThatTheShellRefusesIsTriedAgainAndThenTellsHowTheStartWent) {
     View.TakesIcons = false;
-    Display.SetStartError(u"\nthe start failed");
+    Display.TellAtStart(u"\nthe start failed");
     Display.InstallWithRetry();
     Expire(kTimerInstallIcon);
     EXPECT_THAT(Heard(), IsEmpty());
@@ -218,6 +218,22 @@ TEST_F(Tray, AnIconThatTheShellRefusesIsTriedAgainAndThenTellsHowTheStartWent) {
         Expire(kTimerInstallIcon);
     }
     EXPECT_FALSE(View.Timers.contains(kTimerInstallIcon));
+}
+
+TEST_F(Tray, AnElevatedProgramTellsOnceWhereItsPhrasesAreOpenToOthers) {
+    Requests.TellOfOpenPlaces(Locations, Access);
+    Display.InstallWithRetry();
+    EXPECT_EQ(View.Balloon, u"");
+    Access.OpenToOthers = {Service.PhrasesFolder()};
+    Requests.TellOfOpenPlaces(Locations, Access);
+    EXPECT_EQ(View.Balloon, Macros.Texts.LoadString(kStrPlacesOpenToOthers));
+    EXPECT_TRUE(Macros.Log.Tells(u"any program can write " + Service.PhrasesFolder()));
+    View.Balloon.clear();
+    Requests.TellOfOpenPlaces(Locations, Access);
+    EXPECT_EQ(View.Balloon, u"");
+    for (const int text : {kStrPlacesOpenToOthers, kStrNamesTaken}) {
+        EXPECT_LE(Macros.Texts.LoadString(text).size(), 255U);  // what a balloon holds
+    }
 }
 
 TEST_F(Tray, TheEditorsEndRereadsSettingsAndPhrasesAndBlinksFourTimes) {

@@ -3,6 +3,7 @@
 
 #include <system_error>
 
+#include "base/text.h"
 #include "platform/object_names.h"
 #include "platform/win32/wide.h"
 #include "platform/win32/world_security.h"
@@ -24,8 +25,8 @@ UniqueHandle OpenForAppend(const std::u16string& path) {
     UniqueHandle file(CreateFileW(Wide(path), GENERIC_WRITE, FILE_SHARE_READ, nullptr,
                                   OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
     if (!IsValid(file) && GetLastError() == ERROR_FILE_NOT_FOUND) {
-        file.reset(CreateFileW(Wide(path), GENERIC_WRITE, FILE_SHARE_READ, WorldSecurity(),
-                               CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
+        file.reset(CreateFileW(Wide(path), GENERIC_WRITE, FILE_SHARE_READ, nullptr, CREATE_ALWAYS,
+                               FILE_ATTRIBUTE_NORMAL, nullptr));
     }
     if (IsValid(file) && SetFilePointer(file.get(), 0, nullptr, FILE_END) == 0) {
         Append(file, {&kByteOrderMark, 1});
@@ -36,12 +37,29 @@ UniqueHandle OpenForAppend(const std::u16string& path) {
 }  // namespace
 
 bool FileLog::StartLog(const std::u16string& path) {
+    bool isGuardTaken = false;
+    if (!Open(path, isGuardTaken)) {
+        return false;
+    }
+    if (isGuardTaken) {
+        LogError(Concat(u"Another program holds the name ", kEventLogGuard,
+                        u": entries of two programs may mix"));
+    }
+    return true;
+}
+
+bool FileLog::Open(const std::u16string& path, bool& isGuardTaken) {
     const std::lock_guard lock(mutex_);
     if (!path_.empty() || path.empty()) {
         return false;
     }
     atom_ = GlobalAddAtomW(Wide(path));
     guard_.reset(CreateEventW(WorldSecurity(), TRUE, TRUE, Wide(kEventLogGuard.data())));
+    isGuardTaken = !guard_;
+    if (isGuardTaken) {
+        // Writers of this process still take turns.
+        guard_.reset(CreateEventW(nullptr, TRUE, TRUE, nullptr));
+    }
     if (!atom_ || !guard_) {
         TurnOff();
         return false;

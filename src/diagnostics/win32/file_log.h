@@ -37,6 +37,7 @@ class FileLog : public EntryLog, public LogFile {
         ULONGLONG QueuedAt = 0;  // ticks
     };
 
+    bool Open(const std::u16string& path, bool& isGuardTaken);
     void QueueEntry(std::u16string entry) override;
     void WriteQueue();
     void WriteEntry(const std::u16string& path, const Entry& entry);

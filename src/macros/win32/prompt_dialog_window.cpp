@@ -110,7 +110,8 @@ bool CVBRPromptDlg::DoModal() {
 
 INT_PTR CALLBACK CVBRPromptDlg::DialogProc(HWND dialog, UINT message, WPARAM wParam,
                                            LPARAM lParam) {
-    if (message == WM_INITDIALOG) {
+    // The system tells it once; anybody may tell it again.
+    if (message == WM_INITDIALOG && GetWindowLongPtrW(dialog, DWLP_USER) == 0) {
         SetWindowLongPtrW(dialog, DWLP_USER, lParam);
         auto* created = reinterpret_cast<CVBRPromptDlg*>(lParam);
         created->dialog_ = dialog;

@@ -83,7 +83,7 @@ LRESULT MenuPainter::OnMenuMEASUREITEM(MEASUREITEMSTRUCT& item) {
 }
 
 LRESULT MenuPainter::Measure(MEASUREITEMSTRUCT& item) {
-    auto* block = reinterpret_cast<MenuItemBlock*>(item.itemData);
+    MenuItemBlock* block = menu_ ? menu_->BlockAt(item.itemData) : nullptr;
     if (!block || !widths_) {
         guard_.Report().ReportError(u"M_INFO is NULL on MeasureImpl");
         return 1;
@@ -107,7 +107,12 @@ LRESULT MenuPainter::OnMenuDRAWITEMSTRUCT(const DRAWITEMSTRUCT& item) {
 }
 
 LRESULT MenuPainter::Draw(const DRAWITEMSTRUCT& item) {
-    const auto& block = *reinterpret_cast<const MenuItemBlock*>(item.itemData);
+    const MenuItemBlock* known = menu_ ? menu_->BlockAt(item.itemData) : nullptr;
+    if (!known) {
+        guard_.Report().ReportError(kFaultDrawItem);
+        return 0;
+    }
+    const MenuItemBlock& block = *known;
     if (block.InRoot && !rootHeight_) {
         rootHeight_ = menu_->LayOutRoot();
     }

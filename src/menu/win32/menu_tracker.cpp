@@ -5,6 +5,7 @@
 #include <cstdlib>
 
 #include "platform/win32/menu_handle.h"
+#include "platform/win32/received.h"
 
 namespace vbr {
 namespace {
@@ -81,11 +82,18 @@ std::optional<LRESULT> CMenuTracker::OnMessage(UINT message, WPARAM wParam, LPAR
 }
 
 LRESULT CMenuTracker::OnMeasureItem(WPARAM, LPARAM item) {
-    return with_.Painter.OnMenuMEASUREITEM(*reinterpret_cast<MEASUREITEMSTRUCT*>(item));
+    auto measured = Received<MEASUREITEMSTRUCT>(with_.Faults, item);
+    if (!measured) {
+        return 0;
+    }
+    const LRESULT done = with_.Painter.OnMenuMEASUREITEM(*measured);
+    *reinterpret_cast<MEASUREITEMSTRUCT*>(item) = *measured;
+    return done;
 }
 
 LRESULT CMenuTracker::OnDrawItem(WPARAM, LPARAM item) {
-    return with_.Painter.OnMenuDRAWITEMSTRUCT(*reinterpret_cast<const DRAWITEMSTRUCT*>(item));
+    const auto drawn = Received<DRAWITEMSTRUCT>(with_.Faults, item);
+    return drawn ? with_.Painter.OnMenuDRAWITEMSTRUCT(*drawn) : 0;
 }
 
 LRESULT CMenuTracker::OnMenuSelect(WPARAM item, LPARAM menu) {
@@ -237,8 +245,8 @@ LRESULT CMenuTracker::OnTimer(WPARAM id, LPARAM) {
 }
 
 LRESULT CMenuTracker::OnNotify(WPARAM, LPARAM header) {
-    const auto* notice = reinterpret_cast<const NMHDR*>(header);
-    return tip_ && notice->code == TTN_SHOW && KeepOnScreens(notice->hwndFrom);
+    const auto notice = Received<NMHDR>(with_.Faults, header);
+    return notice && tip_ && notice->code == TTN_SHOW && KeepOnScreens(notice->hwndFrom);
 }
 
 LRESULT CMenuTracker::OnDestroy(WPARAM, LPARAM) {

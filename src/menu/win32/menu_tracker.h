@@ -12,6 +12,7 @@
 #include "menu/win32/phrase_menu_tool_tip.h"
 #include "menu/win32/shown_menu.h"
 #include "platform/clock.h"
+#include "platform/fault_catcher.h"
 #include "platform/log.h"
 #include "platform/strings.h"
 #include "platform/win32/handle.h"
@@ -27,6 +28,7 @@ class CMenuTracker : public WindowBase {
         MenuPainter& Painter;
         const Strings& Texts;
         const vbr::Clock& Clock;
+        FaultCatcher& Faults;
         vbr::Log& Log;
         // Carries out a command of the right-click menu on an item; true when the phrase menu is to
         // close.

@@ -42,6 +42,7 @@ MenuSubject PopupMenuPresenter::Track(ShownMenu& menu, POINT point) {
         CMenuTracker tracker({.Painter = painter_,
                               .Texts = with_.Texts,
                               .Clock = with_.Clock,
+                              .Faults = with_.Guard.Catcher(),
                               .Log = with_.Log,
                               .OnRightCommand = with_.OnRightCommand,
                               .TipSource = with_.Foreground,

@@ -27,6 +27,7 @@ UniqueMenu ShownMenu::MakePopup(PhraseMenu& items, bool isRoot) {
             blocks_.pop_back();
             continue;
         }
+        addresses_.insert(&block);
         shown.push_back(&block.Info);
         if (isRoot) {
             rootBlocks_.push_back(&block);
@@ -52,6 +53,11 @@ bool ShownMenu::Append(HMENU menu, PhraseMenuItem& item, MenuItemBlock& block) {
     }
     [[maybe_unused]] const HMENU ownedByMenu = popup.release();
     return true;
+}
+
+MenuItemBlock* ShownMenu::BlockAt(ULONG_PTR address) const {
+    const auto found = addresses_.find(reinterpret_cast<MenuItemBlock*>(address));
+    return found == addresses_.end() ? nullptr : *found;
 }
 
 const std::vector<const CMenuItemInfo*>* ShownMenu::ItemsOf(HMENU menu) const {
@@ -90,6 +96,7 @@ void ShownMenu::Cleanup() {
     root_.reset();
     items_.clear();
     rootBlocks_.clear();
+    addresses_.clear();
     blocks_.clear();
 }
 

@@ -8,6 +8,7 @@
 #include <memory>
 #include <oleacc.h>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 #include "menu/menu_item_info.h"
@@ -32,6 +33,9 @@ class ShownMenu {
 
     HMENU Root() const { return root_.get(); }
 
+    // The block at the address that a message brought, null for any other address.
+    MenuItemBlock* BlockAt(ULONG_PTR address) const;
+
     // The items of the menu or one of its popups; null for any other menu.
     const std::vector<const CMenuItemInfo*>* ItemsOf(HMENU menu) const;
     // The item with that id in the same menu; null when there is none.
@@ -51,6 +55,7 @@ class ShownMenu {
     bool Append(HMENU menu, PhraseMenuItem& item, MenuItemBlock& block);
 
     std::deque<MenuItemBlock> blocks_;
+    std::unordered_set<MenuItemBlock*> addresses_;  // of the blocks
     std::vector<MenuItemBlock*> rootBlocks_;
     std::unordered_map<HMENU, std::vector<const CMenuItemInfo*>> items_;
     UniqueMenu root_;

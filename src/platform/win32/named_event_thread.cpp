@@ -4,8 +4,6 @@
 #include <system_error>
 #include <vector>
 
-#include "base/text.h"
-
 namespace vbr {
 namespace {
 
@@ -21,21 +19,21 @@ NamedEventThread::NamedEventThread(WinNamedObjects& objects, NamedEvent& stop, L
       log_(log),
       changed_(UniqueHandle(CreateEventW(nullptr, FALSE, FALSE, nullptr))) {}
 
-void NamedEventThread::Watch(std::u16string_view name, EventReset reset, ObjectAccess access,
+bool NamedEventThread::Watch(std::u16string_view name, EventReset reset, ObjectAccess access,
                              std::function<void()> onSignal) {
     std::unique_ptr<NamedEvent> event = objects_.Create(name, reset, access);
     if (!event && access == ObjectAccess::World) {
         event = objects_.Create(name, reset, ObjectAccess::Default);
     }
     if (!event) {
-        log_.LogError(Concat(u"Cannot watch the event ", name));
-        return;
+        return false;
     }
     {
         const std::lock_guard lock(mutex_);
         watched_.push_back({std::move(event), std::move(onSignal)});
     }
     changed_.Set();
+    return true;
 }
 
 void NamedEventThread::Start() {

@@ -25,9 +25,9 @@ class NamedEventThread {
     NamedEventThread& operator=(const NamedEventThread&) = delete;
 
     // Makes the event, which is there from now on; signals that come before Start are not lost.
-    // `onSignal` runs on the thread and must not wait for the main thread. A failure is logged, and
-    // the program runs without the signal.
-    void Watch(std::u16string_view name, EventReset reset, ObjectAccess access,
+    // `onSignal` runs on the thread and must not wait for the main thread. False when the event
+    // can't be had: the program runs without the signal.
+    bool Watch(std::u16string_view name, EventReset reset, ObjectAccess access,
                std::function<void()> onSignal);
 
     void Start();

@@ -3,12 +3,34 @@
 
 #include <atomic>
 #include <cstdint>
+#include <vector>
 
 #include "base/text.h"
 #include "platform/stamped_files.h"
 #include "platform/win32/handle.h"
 
 namespace vbr {
+namespace {
+
+// What the owner of a file has allowed is allowed of the one that takes its place.
+void TakeRightsOver(const std::filesystem::path& from, const std::filesystem::path& to) {
+    DWORD size = 0;
+    GetFileSecurityW(from.c_str(), DACL_SECURITY_INFORMATION, nullptr, 0, &size);
+    std::vector<BYTE> rights(size);
+    SECURITY_DESCRIPTOR_CONTROL control = 0;
+    DWORD revision = 0;
+    if (size == 0 ||
+        !GetFileSecurityW(from.c_str(), DACL_SECURITY_INFORMATION, rights.data(), size, &size) ||
+        !GetSecurityDescriptorControl(rights.data(), &control, &revision)) {
+        return;
+    }
+    const DWORD inheritance = (control & SE_DACL_PROTECTED) != 0
+                                  ? PROTECTED_DACL_SECURITY_INFORMATION
+                                  : UNPROTECTED_DACL_SECURITY_INFORMATION;
+    SetFileSecurityW(to.c_str(), DACL_SECURITY_INFORMATION | inheritance, rights.data());
+}
+
+}  // namespace
 
 std::filesystem::path NewFileIn(const std::filesystem::path& folder) {
     static std::atomic<std::uint32_t> calls;
@@ -16,9 +38,8 @@ std::filesystem::path NewFileIn(const std::filesystem::path& folder) {
                            kNewFileSuffix);
 }
 
-bool WriteWhole(const std::filesystem::path& path, std::string_view bytes,
-                SECURITY_ATTRIBUTES* security) {
-    const UniqueHandle file(CreateFileW(path.c_str(), GENERIC_WRITE, 0, security, CREATE_ALWAYS,
+bool WriteWhole(const std::filesystem::path& path, std::string_view bytes) {
+    const UniqueHandle file(CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
                                         FILE_ATTRIBUTE_NORMAL, nullptr));
     DWORD written = 0;
     return IsValid(file) &&
@@ -38,6 +59,9 @@ bool SwapIn(const std::filesystem::path& fresh, const std::filesystem::path& pat
         attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0;
     if (readOnly) {
         SetFileAttributesW(path.c_str(), attributes & ~DWORD{FILE_ATTRIBUTE_READONLY});
+    }
+    if (attributes != INVALID_FILE_ATTRIBUTES) {
+        TakeRightsOver(path, fresh);
     }
     if (MoveFileExW(fresh.c_str(), path.c_str(),
                     MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH)) {

@@ -12,12 +12,13 @@ namespace vbr {
 // other call in this one, has.
 std::filesystem::path NewFileIn(const std::filesystem::path& folder);
 
-// Makes the file of all the bytes and flushes it. The last error tells why not.
-bool WriteWhole(const std::filesystem::path& path, std::string_view bytes,
-                SECURITY_ATTRIBUTES* security);
+// Makes the file of all the bytes, with the rights of its folder, and flushes it. The last error
+// tells why not.
+bool WriteWhole(const std::filesystem::path& path, std::string_view bytes);
 
-// Moves the file to a place in the same folder: also where a file is, read-only or not, or, without
-// `replace`, only where none is. The last error tells why not; all is as it was then.
+// Moves the file to a place in the same folder: also where a file is, read-only or not, whose
+// rights stay, or, without `replace`, only where none is. The last error tells why not; all is as
+// it was then.
 bool SwapIn(const std::filesystem::path& fresh, const std::filesystem::path& path, bool replace);
 
 }  // namespace vbr

@@ -9,7 +9,6 @@
 #include "base/text.h"
 #include "platform/win32/handle.h"
 #include "platform/win32/wide.h"
-#include "platform/win32/world_security.h"
 
 namespace vbr {
 namespace {
@@ -24,14 +23,49 @@ std::u16string KnownFolder(int id) {
                : std::u16string();
 }
 
-UniqueHandle ImpersonationToken() {
-    HANDLE process = nullptr;
-    if (!OpenProcessToken(GetCurrentProcess(), TOKEN_DUPLICATE | TOKEN_QUERY, &process)) {
-        return nullptr;
-    }
-    const UniqueHandle owned(process);
+UniqueHandle ImpersonationOf(HANDLE primary) {
     HANDLE token = nullptr;
-    return UniqueHandle(DuplicateToken(process, SecurityImpersonation, &token) ? token : nullptr);
+    return UniqueHandle(DuplicateToken(primary, SecurityImpersonation, &token) ? token : nullptr);
+}
+
+UniqueHandle OwnToken() {
+    HANDLE token = nullptr;
+    OpenProcessToken(GetCurrentProcess(), TOKEN_DUPLICATE | TOKEN_QUERY, &token);
+    return UniqueHandle(token);
+}
+
+// What the system makes of an administrator's token for the programs that the user just starts.
+UniqueHandle UsualToken() {
+    const UniqueHandle own = OwnToken();
+    HANDLE usual = nullptr;
+    return UniqueHandle(own && CreateRestrictedToken(own.get(), LUA_TOKEN, 0, nullptr, 0, nullptr,
+                                                     0, nullptr, &usual)
+                            ? usual
+                            : nullptr);
+}
+
+// Whether the token's rights suffice to write the file or folder; nothing when that can't be told.
+std::optional<bool> MayWrite(const std::u16string& name, HANDLE token) {
+    constexpr SECURITY_INFORMATION kWhat =
+        OWNER_SECURITY_INFORMATION | GROUP_SECURITY_INFORMATION | DACL_SECURITY_INFORMATION;
+    DWORD size = 0;
+    GetFileSecurityW(Wide(name), kWhat, nullptr, 0, &size);
+    std::vector<BYTE> descriptor(size);
+    const UniqueHandle impersonation = ImpersonationOf(token);
+    if (size == 0 || !impersonation ||
+        !GetFileSecurityW(Wide(name), kWhat, descriptor.data(), size, &size)) {
+        return std::nullopt;
+    }
+    GENERIC_MAPPING mapping = kFileMapping;
+    DWORD wanted = GENERIC_WRITE;
+    MapGenericMask(&wanted, &mapping);
+    PRIVILEGE_SET privileges{};
+    DWORD privilegesSize = sizeof privileges;
+    DWORD granted = 0;
+    BOOL allowed = FALSE;
+    return AccessCheck(descriptor.data(), impersonation.get(), wanted, &mapping, &privileges,
+                       &privilegesSize, &granted, &allowed) &&
+           allowed;
 }
 
 }  // namespace
@@ -52,41 +86,23 @@ bool WinFileAccess::CanWrite(std::u16string_view path) const {
         ((attributes & FILE_ATTRIBUTE_READONLY) && !(attributes & FILE_ATTRIBUTE_DIRECTORY))) {
         return false;
     }
-    constexpr SECURITY_INFORMATION kWhat =
-        OWNER_SECURITY_INFORMATION | GROUP_SECURITY_INFORMATION | DACL_SECURITY_INFORMATION;
-    DWORD size = 0;
-    GetFileSecurityW(Wide(name), kWhat, nullptr, 0, &size);
-    std::vector<BYTE> descriptor(size);
-    const UniqueHandle token = ImpersonationToken();
-    if (size == 0 || !token ||
-        !GetFileSecurityW(Wide(name), kWhat, descriptor.data(), size, &size)) {
-        return false;
-    }
-    GENERIC_MAPPING mapping = kFileMapping;
-    DWORD wanted = GENERIC_WRITE;
-    MapGenericMask(&wanted, &mapping);
-    PRIVILEGE_SET privileges{};
-    DWORD privilegesSize = sizeof privileges;
-    DWORD granted = 0;
-    BOOL allowed = FALSE;
-    return AccessCheck(descriptor.data(), token.get(), wanted, &mapping, &privileges,
-                       &privilegesSize, &granted, &allowed) &&
-           allowed;
+    return MayWrite(name, OwnToken().get()).value_or(false);
 }
 
-bool WinFileAccess::CreateOpenFile(std::u16string_view path) {
-    SECURITY_ATTRIBUTES* security = WorldSecurity();
-    if (!security) {
-        return false;
-    }
+bool WinFileAccess::CanOthersWrite(std::u16string_view path) const {
+    const UniqueHandle usual = UsualToken();
+    return !usual || MayWrite(std::u16string(path), usual.get()).value_or(true);
+}
+
+bool WinFileAccess::CreateEmptyFile(std::u16string_view path) {
     const UniqueHandle file(CreateFileW(Wide(std::u16string(path)), GENERIC_READ,
-                                        FILE_SHARE_READ | FILE_SHARE_WRITE, security, CREATE_NEW,
+                                        FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, CREATE_NEW,
                                         FILE_ATTRIBUTE_SYSTEM, nullptr));
     return IsValid(file);
 }
 
-bool WinFileAccess::CreateOpenFolder(std::u16string_view path) {
-    return CreateDirectoryW(Wide(std::u16string(path)), WorldSecurity()) != 0;
+bool WinFileAccess::CreateFolder(std::u16string_view path) {
+    return CreateDirectoryW(Wide(std::u16string(path)), nullptr) != 0;
 }
 
 std::u16string WinFileAccess::UserProfileFolder() const {

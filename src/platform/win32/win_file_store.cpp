@@ -10,7 +10,6 @@
 #include "platform/win32/verbatim_path.h"
 #include "platform/win32/wide.h"
 #include "platform/win32/win_system_error.h"
-#include "platform/win32/world_security.h"
 
 namespace vbr {
 namespace {
@@ -119,7 +118,7 @@ std::optional<std::string> WinFileStore::Read(const fs::path& path) {
 std::optional<SystemError> WinFileStore::Replace(const fs::path& path, std::string_view bytes) {
     const fs::path target = FollowLink(ReachablePath(path));
     const fs::path fresh = ReachablePath(NewFileIn(target.parent_path()));
-    if (WriteWhole(fresh, bytes, WorldSecurity()) && SwapIn(fresh, target, true)) {
+    if (WriteWhole(fresh, bytes) && SwapIn(fresh, target, true)) {
         if (IsFirstIn(target.parent_path())) {
             DeleteStaleIn(target.parent_path());
         }

@@ -97,7 +97,7 @@ std::optional<SystemError> WinStampedFiles::MoveIn(const fs::path& path, std::st
                                                    const FileStamp& stamp, bool replace) {
     const fs::path target = ReachablePath(path);
     const fs::path fresh = ReachablePath(NewFileIn(path.parent_path()));
-    if (!WriteWhole(fresh, bytes, nullptr) || !SwapIn(fresh, target, replace)) {
+    if (!WriteWhole(fresh, bytes) || !SwapIn(fresh, target, replace)) {
         auto error = LastError();
         DeleteFileW(fresh.c_str());
         if (error->Code == ERROR_ALREADY_EXISTS) {

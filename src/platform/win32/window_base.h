@@ -65,6 +65,7 @@ class WindowBase {
     static LRESULT CALLBACK WindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
     HWND window_ = nullptr;
+    bool isMade_ = false;
 };
 
 }  // namespace vbr

@@ -82,7 +82,8 @@ Application::Application(std::optional<RouteKind> forcedRoute)
       log_(clock_),
       report_(log_, strings_, alerts_),
       guard_(faults_, report_),
-      instance_(objects_, autostart_, log_) {}
+      taken_(log_),
+      instance_(objects_, autostart_, clock_, taken_, log_) {}
 
 int Application::Main(std::u16string_view rawCmdLine) {
     ReadSettingsAtStart(settings_, clock_);
@@ -134,18 +135,22 @@ int Application::RunResident(const CVBRCmdLine& cmdLine) {
                       .Stop = stop,
                       .Bound = bound,
                       .Events = events,
+                      .Taken = taken_,
                       .ForcedRoute = forcedRoute_});
     const auto signal = [&tray](std::uintptr_t code) {
         const UINT message = RegisterWindowMessageW(Wide(kMessageInstanceSignal.data()));
         return [&tray, message, code] { PostMessageW(tray.Handle(), message, code, 0); };
     };
-    events.Watch(kEventExit, EventReset::Manual, ObjectAccess::World,
-                 [&bound, post = signal(kSignalExit)] {
-                     bound.Begin();
-                     post();
-                 });
-    events.Watch(kEventAlreadyWork, EventReset::Manual, ObjectAccess::World,
-                 signal(kSignalAlreadyWorks));
+    const auto watch = [&](std::u16string_view name, const std::function<void()>& onSignal) {
+        if (!events.Watch(name, EventReset::Manual, ObjectAccess::World, onSignal)) {
+            taken_.Note(name);
+        }
+    };
+    watch(kEventExit, [&bound, post = signal(kSignalExit)] {
+        bound.Begin();
+        post();
+    });
+    watch(kEventAlreadyWork, signal(kSignalAlreadyWorks));
     {
         const LogSection label(log_, u"TEMP PREFIX TEXT");
         WriteBanner(Concat(u"\n\n=============================\n===Start Vellumbridge ",
@@ -153,7 +158,11 @@ int Application::RunResident(const CVBRCmdLine& cmdLine) {
     }
     const auto optionsChanged =
         objects_.Create(kEventOptionsChanged, EventReset::Automatic, ObjectAccess::World);
+    if (!optionsChanged) {
+        taken_.Note(kEventOptionsChanged);
+    }
     const int result = tray.Create() ? RunMessageLoop(tray) : 0;
+    taken_.OnNoted(nullptr);
     instance_.SignalStop();
     return result;
 }

@@ -63,6 +63,7 @@ class Application {
     GuardedSections guard_;
     MessageList messages_;  // of this run, for the user's report
     TempFileList tempFiles_;
+    TakenNames taken_;
     InstanceControl instance_;
 };
 

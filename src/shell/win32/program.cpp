@@ -187,6 +187,7 @@ Program::Program(const ProcessContext& process, HWND window, TrayView& view)
                .Hotkeys = hotkeys_,
                .Objects = process.Objects,
                .Memory = process.Objects,
+               .Taken = process.Taken,
                .Log = process.Log,
                .Messages = process.Messages}),
       presenter_({.Foreground = window,
@@ -241,7 +242,9 @@ Program::Program(const ProcessContext& process, HWND window, TrayView& view)
                 .Hotkey = hotkey_,
                 .Window = NumberOf(window),
                 .QueryMessage = queryMessage_,
-                .Route = RouteOfLibrary(process.ForcedRoute)}),
+                .Route = RouteOfLibrary(process.ForcedRoute),
+                .TargetsAnswer = ChooseRoute(system_.Is64BitWindows(), process.ForcedRoute) ==
+                                 RouteKind::Posted}),
       settingsReader_({.Settings = process.Settings,
                        .View = view,
                        .Log = process.Log,
@@ -276,6 +279,7 @@ Program::Program(const ProcessContext& process, HWND window, TrayView& view)
              .History = menuHistory_,
              .Delivery = delivery_,
              .RightMenu = rightMenu_,
+             .View = view,
              .Display = display_,
              .Sounds = sounds_,
              .Log = process.Log,
@@ -335,6 +339,10 @@ void Program::Start() {
         requests_.InstallAtStart();
     }
     settingsReader_.TryAgainLater();
+    process_.Taken.OnNoted([this] { requests_.OnNameTaken(); });
+    if (elevated_) {
+        requests_.TellOfOpenPlaces(process_.Locations, process_.Access);
+    }
     display_.InstallWithRetry();
     BeginSessionNotices(sessionNotify_, NumberOf(window_), process_.Log);
     if (process_.CmdLine.Edit()) {
@@ -351,10 +359,10 @@ void Program::Start() {
 
 void Program::WatchEvents() {
     Watch(kEvents);
-    process_.Events.Watch(kEventStartCopy, EventReset::Automatic, ObjectAccess::World,
-                          [this] { ownCopy_.StartBracket(); });
-    process_.Events.Watch(kEventEndCopy, EventReset::Automatic, ObjectAccess::World,
-                          [this] { ownCopy_.EndBracket(); });
+    Watch(kEventStartCopy, EventReset::Automatic, ObjectAccess::World,
+          [this] { ownCopy_.StartBracket(); });
+    Watch(kEventEndCopy, EventReset::Automatic, ObjectAccess::World,
+          [this] { ownCopy_.EndBracket(); });
 }
 
 void Program::WatchLateEvents() {
@@ -363,9 +371,16 @@ void Program::WatchLateEvents() {
 
 void Program::Watch(std::span<const WatchedEvent> events) {
     for (const WatchedEvent& event : events) {
-        process_.Events.Watch(event.Name, event.Reset, event.Access, [window = window_, event] {
+        Watch(event.Name, event.Reset, event.Access, [window = window_, event] {
             PostMessageW(window, event.Message, event.Parameter, 0);
         });
+    }
+}
+
+void Program::Watch(std::u16string_view name, EventReset reset, ObjectAccess access,
+                    std::function<void()> onSignal) {
+    if (!process_.Events.Watch(name, reset, access, std::move(onSignal))) {
+        process_.Taken.Note(name);
     }
 }
 

@@ -76,9 +76,10 @@ struct ProcessContext {
     FileLog& Log;
     const CVBRCmdLine& CmdLine;
     MessageList& Messages;
-    NamedEvent& Stop;                      // set when the program ends
-    ForcedEnd& Bound;                      // of the time that the end takes
-    NamedEventThread& Events;              // not yet started
+    NamedEvent& Stop;          // set when the program ends
+    ForcedEnd& Bound;          // of the time that the end takes
+    NamedEventThread& Events;  // not yet started
+    TakenNames& Taken;
     std::optional<RouteKind> ForcedRoute;  // for tests
 };
 
@@ -147,6 +148,8 @@ class Program {
   private:
     void WatchEvents();
     void Watch(std::span<const WatchedEvent> events);
+    void Watch(std::u16string_view name, EventReset reset, ObjectAccess access,
+               std::function<void()> onSignal);
 
     ProcessContext process_;
     HWND window_;

@@ -6,6 +6,7 @@
 #include "platform/win32/auto_foreground_window.h"
 #include "platform/win32/menu_handle.h"
 #include "platform/win32/modal_loops.h"
+#include "platform/win32/received.h"
 #include "platform/win32/wide.h"
 #include "platform/win32/window_icons.h"
 #include "resources/resource_ids.h"
@@ -21,16 +22,6 @@ constexpr int kOutside = -100;  // left of and above every screen
 
 UINT Registered(std::u16string_view name) {
     return RegisterWindowMessageW(Wide(name.data()));
-}
-
-// An elevated window still takes the choice of a target with fewer rights.
-void AdmitCopyData() {
-    using Filter = BOOL(WINAPI*)(UINT, DWORD);
-    const auto filter = reinterpret_cast<Filter>(reinterpret_cast<void*>(
-        GetProcAddress(GetModuleHandleW(L"user32.dll"), "ChangeWindowMessageFilter")));
-    if (filter) {
-        filter(WM_COPYDATA, MSGFLT_ADD);
-    }
 }
 
 }  // namespace
@@ -115,7 +106,8 @@ std::optional<LRESULT> CVBRTrayWnd::OnMessage(UINT message, WPARAM wParam, LPARA
 }
 
 LRESULT CVBRTrayWnd::OnCreate(WPARAM, LPARAM) {
-    AdmitCopyData();
+    // The shell has fewer rights than an elevated window that it tells of its new taskbar.
+    ChangeWindowMessageFilterEx(Handle(), taskbarCreated_, MSGFLT_ALLOW, nullptr);
     SetWindowIcons(Handle(), kIconProgram);
     program_->Start();
     SetWindowPos(Handle(), nullptr, kOutside, kOutside, 10, 10,
@@ -181,12 +173,11 @@ LRESULT CVBRTrayWnd::OnCommand(WPARAM command, LPARAM) {
 }
 
 LRESULT CVBRTrayWnd::OnNotify(WPARAM control, LPARAM header) {
-    if (control == kHistoryControlId && header != 0) {
-        const HistoryNotice notice = RunSilently(process_.Faults, HistoryNotice{}, [header] {
-            return *reinterpret_cast<const HistoryNotice*>(header);
-        });
-        program_->History().OnNotice(notice.Header.code, notice.Parameter,
-                                     GetClipboardSequenceNumber());
+    if (control == kHistoryControlId) {
+        if (const auto notice = Received<HistoryNotice>(process_.Faults, header)) {
+            program_->History().OnNotice(notice->Header.code, notice->Parameter,
+                                         GetClipboardSequenceNumber());
+        }
     }
     return 0;
 }
@@ -248,13 +239,13 @@ LRESULT CVBRTrayWnd::OnCommandFromSelf(WPARAM choice, LPARAM target) {
 }
 
 LRESULT CVBRTrayWnd::OnCopyData(WPARAM, LPARAM block) {
-    const auto* data = reinterpret_cast<const COPYDATASTRUCT*>(block);
-    const auto choice = ReadChoiceBlock(
-        {static_cast<const std::byte*>(data->lpData), data->lpData ? data->cbData : 0});
-    if (choice) {
-        program_->Flow().OnOutsideChoice(choice->Choice, choice->Target);
-    }
-    return choice.has_value();
+    const auto data = Received<COPYDATASTRUCT>(process_.Faults, block);
+    const auto choice = RunSilently(process_.Faults, std::optional<ChoiceBlock>(), [&data] {
+        return data && data->lpData
+                   ? ReadChoiceBlock({static_cast<const std::byte*>(data->lpData), data->cbData})
+                   : std::nullopt;
+    });
+    return choice && program_->Flow().OnTargetsChoice(choice->Choice, choice->Target);
 }
 
 LRESULT CVBRTrayWnd::OnGetQueue(WPARAM, LPARAM) {
@@ -290,10 +281,12 @@ LRESULT CVBRTrayWnd::OnHistorySaveEnded(WPARAM, LPARAM) {
 }
 
 LRESULT CVBRTrayWnd::OnAddMessage(LPARAM text) {
-    if (text != 0) {
-        process_.Messages.push_back(RunSilently(process_.Faults, std::u16string(), [text] {
-            return std::u16string(FromWide(reinterpret_cast<const wchar_t*>(text)));
-        }));
+    std::u16string message = RunSilently(process_.Faults, std::u16string(), [text] {
+        return text != 0 ? std::u16string(FromWide(reinterpret_cast<const wchar_t*>(text)))
+                         : std::u16string();
+    });
+    if (!message.empty()) {
+        process_.Messages.push_back(std::move(message));
     }
     return 0;
 }
@@ -308,6 +301,10 @@ bool CVBRTrayWnd::ShowBalloon(std::u16string_view text, std::uint32_t millisecon
 
 bool CVBRTrayWnd::StartTimer(std::uintptr_t id, std::uint32_t milliseconds) {
     return SetTimer(Handle(), id, milliseconds, nullptr) != 0;
+}
+
+void CVBRTrayWnd::AdmitChoice(bool on) {
+    ChangeWindowMessageFilterEx(Handle(), WM_COPYDATA, on ? MSGFLT_ALLOW : MSGFLT_RESET, nullptr);
 }
 
 void CVBRTrayWnd::ShowTrayMenu() {

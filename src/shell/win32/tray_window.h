@@ -66,6 +66,7 @@ class CVBRTrayWnd : public WindowBase, private TrayView {
     bool ShowBalloon(std::u16string_view text, std::uint32_t milliseconds) override;
     bool StartTimer(std::uintptr_t id, std::uint32_t milliseconds) override;
     void ShowError(std::u16string_view text) override;
+    void AdmitChoice(bool on) override;
     void ShowTrayMenu() override;
     void PostCommand(int command) override;
     void Close() override;
