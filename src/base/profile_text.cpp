@@ -221,6 +221,11 @@ bool IsProfileValue(std::u16string_view value) {
     return value.find_first_of(u"\r\n\0"sv) == value.npos;
 }
 
+std::u16string QuotedProfileValue(std::u16string_view value) {
+    const bool isKept = WithoutQuotes(TrimBlanks(value)).size() == value.size();
+    return isKept ? std::u16string(value) : Concat(u"\"", value, u"\"");
+}
+
 std::u16string EncodeProfileStruct(std::span<const std::uint8_t> bytes) {
     constexpr std::u16string_view kDigits = u"0123456789ABCDEF";
     std::u16string text;

@@ -50,6 +50,9 @@ class ProfileText {
 // Whether an INI file can hold the text as one value.
 bool IsProfileValue(std::u16string_view value);
 
+// The value in quotes, if reading would take blanks or quotes at its ends away.
+std::u16string QuotedProfileValue(std::u16string_view value);
+
 // Bytes as the profile functions store them: hexadecimal, then one byte that is their sum.
 std::u16string EncodeProfileStruct(std::span<const std::uint8_t> bytes);
 

@@ -27,20 +27,13 @@ std::u16string FileKey(std::size_t number) {
     return Concat(u"File", number);
 }
 
-// The text as one line. Reading takes blanks at the ends and one pair of quotes away, so such a
-// text goes into quotes.
+// The text as one line that is read back as it is.
 std::u16string AsValue(std::u16string_view text) {
     std::u16string value(CutUnits(text, kMaxWritten));
     std::replace_if(
         value.begin(), value.end(),
         [](char16_t unit) { return unit == u'\r' || unit == u'\n' || unit == u'\0'; }, u' ');
-    const auto isFragile = [](char16_t unit) {
-        return unit == u' ' || unit == u'\t' || unit == u'"' || unit == u'\'';
-    };
-    if (!value.empty() && (isFragile(value.front()) || isFragile(value.back()))) {
-        value = Concat(u"\"", value, u"\"");
-    }
-    return value;
+    return QuotedProfileValue(value);
 }
 
 std::u16string TextOf(const ProfileText& text, std::u16string_view key) {

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <filesystem>
+#include <functional>
 #include <mutex>
 #include <vector>
 
@@ -15,9 +16,10 @@ class TempFileList {
   public:
     void Add(const std::filesystem::path& path);
 
-    // Deletes all files on the list, read-only ones too, but no folders, and empties the list. The
-    // number deleted; the log tells each.
-    std::size_t DeleteAll(Log& log);
+    // Empties the list and has each file deleted; `deleteFile` tells whether it was. The number
+    // deleted; the log tells each.
+    std::size_t DeleteAll(const std::function<bool(const std::filesystem::path&)>& deleteFile,
+                          Log& log);
 
   private:
     std::mutex mutex_;

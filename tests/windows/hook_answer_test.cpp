@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "platform/win32/windows.h"
 
+#include <atomic>
 #include <gtest/gtest.h>
 #include <oleacc.h>
 #include <richedit.h>
 
+#include "desktop/driver/waiting.h"
 #include "hook/posted/query_answer.h"
 #include "windows/hook_fixture.h"
 #include "windows/target_thread.h"
@@ -147,6 +149,50 @@ TEST_F(HookAnswerTest, AControlThatNeverAnswersDoesNotHoldTheAnswerUp) {
     const auto next = fixture_.Ask(target.Window());
     ASSERT_TRUE(next);
     EXPECT_EQ(next->SelText, u"one");
+}
+
+std::atomic<int> g_meantForRichEdits;
+
+LRESULT CALLBACK LookAlike(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    g_meantForRichEdits += message >= WM_USER ? 1 : 0;
+    return DefWindowProcW(window, message, wParam, lParam);
+}
+
+TEST_F(HookAnswerTest, AWindowThatOnlyLooksLikeARichEditGetsNoNumbersThatMeanOtherThingsToIt) {
+    WNDCLASSW look{};
+    look.lpfnWndProc = LookAlike;
+    look.hInstance = GetModuleHandleW(nullptr);
+    look.lpszClassName = L"MyRichEdit20W";
+    RegisterClassW(&look);
+    {
+        const TargetThread target(look.lpszClassName, 0);
+        const auto query = fixture_.Ask(target.Window());
+        ASSERT_TRUE(query);
+        EXPECT_EQ(query->StateSelText, kSelTextFailed);
+    }
+    EXPECT_EQ(g_meantForRichEdits, 0);
+    UnregisterClassW(look.lpszClassName, look.hInstance);
+}
+
+bool IsLibraryLoaded() {
+    const auto path = ProgramFolder() / "test_build" / "Vellumbridge.dll";
+    return GetModuleHandleW(path.c_str()) != nullptr;
+}
+
+TEST_F(HookAnswerTest, TheLibraryStaysUntilTheThreadThatWasAskedHasLeft) {
+    const UniqueHandle blocked(CreateEventW(nullptr, TRUE, FALSE, nullptr));
+    g_blocked = blocked.get();
+    const TargetThread target(L"Edit", 0, Block);
+    ASSERT_TRUE(fixture_.Ask(target.Window()));
+    // The answer is given without the thread, which is still within the library's code.
+    ASSERT_TRUE(fixture_.Uninstall());
+    Sleep(2 * hook::kAnswerMs);
+    EXPECT_TRUE(IsLibraryLoaded());
+    SetEvent(g_blocked);
+    EXPECT_TRUE(desktop::WaitUntil([] { return !IsLibraryLoaded(); }));
+    // It goes on as if nothing had been.
+    SendMessageW(target.Window(), WM_SETTEXT, 0, Address(L"one"));
+    EXPECT_EQ(SendMessageW(target.Window(), WM_GETTEXTLENGTH, 0, 0), 3);
 }
 
 TEST_F(HookAnswerTest, AnAnswerThatNobodyHasReadYetIsNotWrittenOver) {

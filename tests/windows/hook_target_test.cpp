@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/win32/windows.h"
 
-#include <dbghelp.h>
 #include <gtest/gtest.h>
-#include <set>
 #include <string>
 #include <tlhelp32.h>
 #include <vector>
@@ -140,19 +138,22 @@ TEST(HookTargetTest, AMissingOrForeignLibraryInstallsNothing) {
     }
 }
 
-TEST(HookTargetTest, TheLibraryNeedsNothingButTheSystem) {
-    const std::wstring path = (ProgramFolder() / "Vellumbridge.dll").wstring();
-    const HMODULE module = LoadLibraryExW(path.c_str(), nullptr, DONT_RESOLVE_DLL_REFERENCES);
-    ASSERT_TRUE(module);
-    ULONG size = 0;
-    const auto* entry = static_cast<const IMAGE_IMPORT_DESCRIPTOR*>(
-        ImageDirectoryEntryToData(module, TRUE, IMAGE_DIRECTORY_ENTRY_IMPORT, &size));
-    std::set<std::string> imports;
-    for (; entry && entry->Name; ++entry) {
-        imports.insert(reinterpret_cast<const char*>(module) + entry->Name);
-    }
-    FreeLibrary(module);
-    EXPECT_EQ(imports, (std::set<std::string>{"KERNEL32.dll", "USER32.dll"}));
+TEST(HookTargetTest, TheShippedLibraryKnowsTheWindowInFrontAndEntersNobody) {
+    HookModule library((ProgramFolder() / "Vellumbridge.dll").u16string());
+    ASSERT_TRUE(library.Load());
+    WPInstallParams posted = HookFixture::Params(QueryRouteChoice::Posted);
+    EXPECT_EQ(library.Install(posted), false);
+    EXPECT_EQ(posted.ErrorCode, kHookNotHooked);
+    WPInstallParams local = HookFixture::Params(QueryRouteChoice::OfSystem);
+    EXPECT_EQ(library.Install(local), true);
+    const Notepad target;
+    ASSERT_TRUE(BringToFront(target.Window()));
+    EXPECT_TRUE(WaitUntil([&] {
+        return library.GetTargetWindow() == reinterpret_cast<WindowHandle>(target.Edit());
+    }));
+    EXPECT_EQ(library.GetTargetWindowOther(), reinterpret_cast<WindowHandle>(target.Window()));
+    EXPECT_FALSE(HasHookLibrary(target));
+    EXPECT_EQ(library.Uninstall(), true);
 }
 
 }  // namespace

@@ -76,14 +76,13 @@ TEST_F(PhraseMenuPainting, SelectionGroundTextAndSideBarReachTheScreen) {
     painter_.End();
 }
 
-TEST_F(PhraseMenuPainting, AFaultInDrawingIsToldOnceForEachItemAndTheOthersAreDrawn) {
+TEST_F(PhraseMenuPainting, DataThatIsNoItemsIsToldOnceAndTheOthersAreDrawn) {
     ShownMenu menu(Items());
     painter_.Begin(menu, 96);
     EXPECT_EQ(Draw(16), 0);
     EXPECT_EQ(Draw(16), 0);
     ASSERT_EQ(box_.Shown.size(), 1U);
-    EXPECT_TRUE(box_.Shown[0].Text.starts_with(
-        u"ERROR: Exception in IDataNeededHander_MenuSelf::OnMenuDRAWITEMSTRUCT "));
+    EXPECT_EQ(box_.Shown[0].Text, kFaultDrawItem);
     EXPECT_EQ(Draw(DataOf(menu.Root(), 0)), 1);
     EXPECT_EQ(Draw(32), 0);
     EXPECT_EQ(box_.Shown.size(), 2U);

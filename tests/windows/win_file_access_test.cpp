@@ -37,12 +37,12 @@ TEST_F(WinFileAccessTest, AFolderWithoutWriteAccessIsNotWritable) {
     EXPECT_FALSE(access_.CanWrite(Path("locked")));
 }
 
-TEST_F(WinFileAccessTest, AFileItCreatesIsOpenToEverybodyAndReplacesNone) {
-    EXPECT_TRUE(access_.CreateOpenFile(Path("Settings.ini")));
-    EXPECT_EQ(AccessListOf(folder_.Path() / "Settings.ini"),
-              AccessListOfOpenFileIn(folder_.Path()));
+TEST_F(WinFileAccessTest, AFileItCreatesHasTheRightsOfAnyOtherInTheFolderAndReplacesNone) {
+    EXPECT_TRUE(access_.CreateEmptyFile(Path("Settings.ini")));
     folder_.Write("own.ini", "[Main]");
-    EXPECT_FALSE(access_.CreateOpenFile(Path("own.ini")));
+    EXPECT_EQ(AccessListOf(folder_.Path() / "Settings.ini"),
+              AccessListOf(folder_.Path() / "own.ini"));
+    EXPECT_FALSE(access_.CreateEmptyFile(Path("own.ini")));
     EXPECT_EQ(folder_.Read("own.ini"), "[Main]");
 }
 

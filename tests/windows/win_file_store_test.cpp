@@ -71,13 +71,17 @@ TEST_F(WinFileStoreTest, ReplaceLeavesTheNewContentAloneAndTakesAReadOnlyMarkAwa
     EXPECT_THAT(Files(), ElementsAre(kName));
 }
 
-TEST_F(WinFileStoreTest, AReplacedFileIsOpenToEverybodyWhateverTheOldOneWas) {
-    folder_.Write(kName, "old");
-    const std::wstring open = AccessListOfOpenFileIn(folder_.Path());
-    ASSERT_TRUE(SetAccess(File(), L"D:P(A;;FA;;;SY)"));
-    ASSERT_NE(AccessListOf(File()), open);
+TEST_F(WinFileStoreTest, AReplacedFileKeepsItsRightsAndANewOneHasThoseOfAnyOtherInTheFolder) {
+    folder_.Write("plain", "old");
+    const std::wstring plain = AccessListOf(folder_.Path() / "plain");
     EXPECT_FALSE(store_.Replace(File(), "new"));
-    EXPECT_EQ(AccessListOf(File()), open);
+    EXPECT_EQ(AccessListOf(File()), plain);
+    ASSERT_TRUE(SetAccess(File(), L"D:P(A;;FRFW;;;WD)"));
+    const std::wstring own = AccessListOf(File());
+    ASSERT_NE(own, plain);
+    EXPECT_FALSE(store_.Replace(File(), "newer"));
+    EXPECT_EQ(AccessListOf(File()), own);
+    EXPECT_EQ(store_.Read(File()), "newer");
 }
 
 TEST_F(WinFileStoreTest, AHeldFileStaysAsItWasAndTheErrorSaysWhy) {

@@ -7,6 +7,7 @@
 #include "platform/stamped_files.h"
 #include "platform/win32/handle.h"
 #include "platform/win32/new_file.h"
+#include "platform/win32/own_file.h"
 #include "platform/win32/verbatim_path.h"
 #include "platform/win32/wide.h"
 #include "platform/win32/win_system_error.h"
@@ -83,7 +84,7 @@ void DeleteStaleIn(const fs::path& folder) {
     ForEachEntry(folder / Concat(kNewFilePrefix, u"*", kNewFileSuffix),
                  [&](const WIN32_FIND_DATAW& entry) {
                      if (Ticks(entry.ftLastWriteTime) + kStaleAfter < Ticks(now)) {
-                         DeleteFileW(ReachablePath(folder / entry.cFileName).c_str());
+                         DeleteOwnFile(folder / entry.cFileName);
                      }
                  });
 }

@@ -4,8 +4,10 @@
 #include <algorithm>
 #include <new>
 
+#include "platform/win32/elevation.h"
 #include "platform/win32/handle.h"
 #include "platform/win32/new_file.h"
+#include "platform/win32/own_file.h"
 #include "platform/win32/verbatim_path.h"
 #include "platform/win32/win_system_error.h"
 
@@ -21,6 +23,8 @@ constexpr std::size_t kMaxWrite = 16 * 1024 * 1024;
 // Another process holds a file for one save.
 constexpr DWORD kHoldPatienceMs = 500;
 constexpr DWORD kHoldStepMs = 10;
+// A link of that name goes, not what it leads to.
+constexpr DWORD kHeldFlags = FILE_FLAG_DELETE_ON_CLOSE | FILE_FLAG_OPEN_REPARSE_POINT;
 
 std::optional<SystemError> LastError() {
     const DWORD code = GetLastError();
@@ -152,20 +156,21 @@ std::optional<StampedFiles::Content> WinStampedFiles::Read(const fs::path& path)
 }
 
 std::optional<SystemError> WinStampedFiles::Delete(const fs::path& path) {
-    const fs::path target = ReachablePath(path);
-    SetReadOnly(target, false);
-    if (DeleteFileW(target.c_str()) || GetLastError() == ERROR_FILE_NOT_FOUND) {
+    if (DeleteOwnFile(path) || GetLastError() == ERROR_FILE_NOT_FOUND) {
         return std::nullopt;
     }
     return LastError();
 }
 
 std::unique_ptr<HeldFile> WinStampedFiles::Hold(const fs::path& path) {
+    if (IsProcessElevated() && IsInLink(path)) {
+        return nullptr;
+    }
     const fs::path target = ReachablePath(path);
     const ULONGLONG start = GetTickCount64();
     for (;;) {
         UniqueHandle file(CreateFileW(target.c_str(), GENERIC_WRITE | DELETE, 0, nullptr,
-                                      OPEN_ALWAYS, FILE_FLAG_DELETE_ON_CLOSE, nullptr));
+                                      OPEN_ALWAYS, kHeldFlags, nullptr));
         if (IsValid(file)) {
             return std::make_unique<WinHeldFile>(std::move(file));
         }

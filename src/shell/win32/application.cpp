@@ -10,6 +10,7 @@
 #include "base/version.h"
 #include "platform/date_forms.h"
 #include "platform/object_names.h"
+#include "platform/win32/own_file.h"
 #include "platform/win32/wide.h"
 #include "platform/win32/win_menu_font.h"
 #include "resources/resource_ids.h"
@@ -102,7 +103,7 @@ int Application::Main(std::u16string_view rawCmdLine) {
     }
     const int result = RunResident(cmdLine);
     instance_.Release();
-    tempFiles_.DeleteAll(log_);
+    tempFiles_.DeleteAll([](const auto& path) { return DeleteOwnFile(path); }, log_);
     WriteBanner(u"===End Vellum Bridge===");
     return result;
 }
