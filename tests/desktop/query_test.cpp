@@ -25,8 +25,9 @@ TEST_F(Query, ACancelledMenuGivesTheClipboardTheKeyboardAndTheTextBack) {
     const ClipboardContent before = ReadClipboard();
     ASSERT_GE(before.size(), 3U);
     OpenMenu(notepad);
-    // Before the menu is there.
+    // Before the menu is there, and for no history a second time.
     EXPECT_EQ(ReadClipboard(), before);
+    EXPECT_TRUE(IsClipboardMarked());
     CloseMenu();
     EXPECT_EQ(ReadClipboard(), before);
     ASSERT_TRUE(WaitUntil([&] { return notepad.BringToFront(); }));

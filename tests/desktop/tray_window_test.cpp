@@ -92,13 +92,8 @@ TEST_F(TrayWindowTest, ChoicesOfAnotherProcessAreCarriedOut) {
     const Notepad notepad;
     StartWithPhrase("sent");
     ASSERT_TRUE(WaitUntil([&] { return notepad.BringToFront(); }));
-    BYTE block[138]{};
-    block[0] = 1;
-    COPYDATASTRUCT data{0, sizeof block, block};
-    Send(WM_COPYDATA, 0, reinterpret_cast<LPARAM>(&data));
-    EXPECT_EQ(notepad.WaitForText(u"sent"), u"sent");
     Send(kMsgCommandFromSelf, 1);
-    EXPECT_EQ(notepad.WaitForText(u"sentsent"), u"sentsent");
+    EXPECT_EQ(notepad.WaitForText(u"sent"), u"sent");
     for (const auto& [choice, command] :
          {std::pair(kResultEditPhrases, kCmdEditPhrases),
           std::pair(kResultHistoryPane, kCmdTogglePane),

@@ -16,11 +16,11 @@
 namespace vbr {
 namespace {
 
-// What Windows takes from its own folder whatever lies beside the program: libraries that it has
-// loaded before any program, and the one that the manifest binds to a version.
-const std::set<std::string> kSafeImports = {"ADVAPI32.dll", "COMCTL32.dll", "GDI32.dll",
-                                            "KERNEL32.dll", "msvcrt.dll",   "ole32.dll",
-                                            "SHELL32.dll",  "USER32.dll"};
+// What Windows takes from its own folder whatever lies beside the program: libraries that it keeps
+// ready for all programs.
+const std::set<std::string> kSafeImports = {"ADVAPI32.dll", "GDI32.dll", "KERNEL32.dll",
+                                            "msvcrt.dll",   "ole32.dll", "SHELL32.dll",
+                                            "USER32.dll"};
 
 class BuiltFile : public testing::TestWithParam<const char*> {
   protected:

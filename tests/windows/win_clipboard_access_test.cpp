@@ -148,7 +148,8 @@ std::size_t TakeMarksFrom(std::vector<std::pair<UINT, std::string>>& seen) {
     return std::erase_if(seen, [](const auto& item) {
         const std::vector<ClipboardBlock> marks = PassingMarks();
         return std::any_of(marks.begin(), marks.end(), [&item](const ClipboardBlock& mark) {
-            return RegisterClipboardFormatW(reinterpret_cast<const wchar_t*>(mark.Name.c_str())) == item.first &&
+            return RegisterClipboardFormatW(reinterpret_cast<const wchar_t*>(mark.Name.c_str())) ==
+                       item.first &&
                    item.second == std::string(4, '\0');
         });
     });

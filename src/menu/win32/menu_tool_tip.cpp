@@ -5,6 +5,7 @@
 #include <commctrl.h>
 
 #include "platform/object_names.h"
+#include "platform/win32/common_controls.h"
 #include "platform/win32/wide.h"
 #include "platform/win32/win_geometry.h"
 
@@ -87,8 +88,7 @@ bool CMenuToolTip::EnsureWindow() {
     if (tip_) {
         return true;
     }
-    const INITCOMMONCONTROLSEX controls{sizeof controls, ICC_BAR_CLASSES};
-    InitCommonControlsEx(&controls);
+    UseCommonControls(ICC_BAR_CLASSES);
     tip_.reset(CreateWindowExW(WS_EX_TOPMOST, IsSubclassed() ? TipClass() : TOOLTIPS_CLASSW,
                                nullptr, style_ | WS_POPUP, CW_USEDEFAULT, CW_USEDEFAULT,
                                CW_USEDEFAULT, CW_USEDEFAULT, nullptr, nullptr,

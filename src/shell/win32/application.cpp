@@ -10,6 +10,7 @@
 #include "base/version.h"
 #include "platform/date_forms.h"
 #include "platform/object_names.h"
+#include "platform/win32/common_controls.h"
 #include "platform/win32/own_file.h"
 #include "platform/win32/wide.h"
 #include "platform/win32/win_menu_font.h"
@@ -42,9 +43,7 @@ SettingsFiles SettingsFilesOf(const FileLocations& locations) {
 class WindowToolkit {
   public:
     WindowToolkit() {
-        const INITCOMMONCONTROLSEX controls{sizeof controls,
-                                            ICC_LISTVIEW_CLASSES | ICC_BAR_CLASSES};
-        InitCommonControlsEx(&controls);
+        UseCommonControls(ICC_LISTVIEW_CLASSES | ICC_BAR_CLASSES);
         initialized_ = SUCCEEDED(OleInitialize(nullptr));
     }
     ~WindowToolkit() {

@@ -3,7 +3,11 @@
 
 #include "platform/win32/windows.h"
 
+#include <algorithm>
+
 #include "desktop/driver/waiting.h"
+#include "platform/clipboard_blocks.h"
+#include "platform/win32/wide.h"
 
 namespace vbr::desktop {
 namespace {
@@ -36,7 +40,17 @@ ClipboardContent ReadClipboard() {
             data ? BytesOf(data) : std::string();
     }
     CloseClipboard();
+    for (const ClipboardBlock& mark : PassingMarks()) {
+        content.erase(Wide(mark.Name));
+    }
     return content;
+}
+
+bool IsClipboardMarked() {
+    const std::vector<ClipboardBlock> marks = PassingMarks();
+    return std::all_of(marks.begin(), marks.end(), [](const ClipboardBlock& mark) {
+        return IsClipboardFormatAvailable(RegisterClipboardFormatW(Wide(mark.Name)));
+    });
 }
 
 }  // namespace vbr::desktop

@@ -11,6 +11,10 @@ using ClipboardContent = std::map<std::wstring, std::string>;
 
 // Waits while another program has the clipboard open. Opens it only after a change: a program that
 // wants to write meanwhile would find it in use and not try again. Empty when it cannot be opened.
+// Marks of content that is there for an instant or again are left out.
 ClipboardContent ReadClipboard();
+
+// Whether the content has all of these marks.
+bool IsClipboardMarked();
 
 }  // namespace vbr::desktop
