@@ -165,7 +165,12 @@ wants() {
 fuzz_target() {
     local program=$root/build/fuzz/bin/$1_fuzz work=$root/build/fuzz/corpus/$1 code=0
     need_program "$program"
-    mkdir -p "$work" "$logs"
+    mkdir -p "$logs"
+    if [[ ! -d $work ]]; then
+        mkdir -p "$work"
+        # What earlier runs found.
+        tar -C "$work" -xf "$root/fuzz/found/$1.tar.xz" 2>/dev/null || true
+    fi
     "$program" "-max_total_time=$fuzz" -timeout=10 -max_len=4096 "-artifact_prefix=$work-" \
         "$work" "$root/fuzz/corpus/$1" >"$logs/fuzz-$1.log" 2>&1 </dev/null || code=$?
     if ((code == 0)); then

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "shell/tray_display.h"
 
-#include <utility>
+#include <algorithm>
 
 #include "base/text.h"
 #include "shell/tray_messages.h"
@@ -29,17 +29,16 @@ bool TrayDisplay::OnInstallTrayIcon() {
 
 void TrayDisplay::TellAtStart(std::u16string_view text) {
     const std::u16string_view trimmed = TrimLeft(text, u"\n");
-    if (startTexts_.emplace(trimmed).second) {
-        startText_ += Concat(startText_.empty() ? u"" : u"\n\n", trimmed);
-        if (isInstalled_) {
-            TellStartText();
-        }
+    if (std::ranges::find(startTexts_, trimmed) == startTexts_.end()) {
+        startTexts_.emplace_back(trimmed);
+        TellStartText();
     }
 }
 
 void TrayDisplay::TellStartText() {
-    if (!startText_.empty()) {
-        ShowTrayBalloon(std::exchange(startText_, {}), kStartErrorBalloonMs);
+    if (isInstalled_ && !tellsStartText_ && startTextsTold_ < startTexts_.size()) {
+        tellsStartText_ = true;
+        ShowTrayBalloon(startTexts_[startTextsTold_++], kStartErrorBalloonMs);
     }
 }
 
@@ -92,6 +91,8 @@ bool TrayDisplay::OnTimer(std::uintptr_t id) {
     switch (id) {
         case kTimerHideBalloon:
             HideTrayBalloon();
+            tellsStartText_ = false;
+            TellStartText();
             return true;
         case kTimerInstallIcon:
             OnRetry();

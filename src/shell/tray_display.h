@@ -3,9 +3,9 @@
 
 #include <cstdint>
 #include <functional>
-#include <set>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/event_sounds.h"
 #include "platform/log.h"
@@ -35,8 +35,8 @@ class TrayDisplay {
     bool OnInstallTrayIcon();
     // The same, and again every two seconds, 200 times at most: at logon the shell may not be up.
     void InstallWithRetry();
-    // A text for the first balloon, or, when the icon is there already, for one of its own. Each
-    // text is told once.
+    // A text for a balloon of its own, as soon as the icon is there and those before it were told.
+    // Each text is told once.
     void TellAtStart(std::u16string_view text);
 
     // What the icon tells from its next update on.
@@ -59,9 +59,10 @@ class TrayDisplay {
     void TellStartText();
 
     Collaborators with_;
-    std::u16string startText_;  // not told yet
-    std::set<std::u16string> startTexts_;
+    std::vector<std::u16string> startTexts_;
+    std::size_t startTextsTold_ = 0;
     bool isInstalled_ = false;
+    bool tellsStartText_ = false;  // a balloon shows one
     bool historyNotSaved_ = false;
     int triesLeft_ = 0;
     int blinksLeft_ = 0;  // changes of the image

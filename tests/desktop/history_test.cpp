@@ -325,11 +325,15 @@ class HastyUser {
             copied_.erase(copied_.begin());
         }
     }
-    void Look() {
-        // Between two saves; in the middle of one an item may be on its way to another name.
+    // The folder between two saves; in the middle of one an item may be on its way to another name,
+    // or open to be deleted. Not valid while the program is at it.
+    UniqueHandle HoldFolder() const {
         const std::filesystem::path lock = folder_ / L"ClipboardHistory" / L"vellumbridge_cb.lock";
-        const UniqueHandle held(CreateFileW(lock.c_str(), GENERIC_WRITE | DELETE, 0, nullptr,
-                                            OPEN_ALWAYS, FILE_FLAG_DELETE_ON_CLOSE, nullptr));
+        return UniqueHandle(CreateFileW(lock.c_str(), GENERIC_WRITE | DELETE, 0, nullptr,
+                                        OPEN_ALWAYS, FILE_FLAG_DELETE_ON_CLOSE, nullptr));
+    }
+    void Look() {
+        const UniqueHandle held = HoldFolder();
         if (!IsValid(held)) {
             return;
         }
@@ -353,7 +357,10 @@ class HastyUser {
         copied_.clear();
         saved_.clear();
         past_.clear();
-        copier_.WaitUntil([this] { return NewestTexts(folder_, 1).empty(); });
+        copier_.WaitUntil([this] {
+            const UniqueHandle held = HoldFolder();
+            return IsValid(held) && NewestTexts(folder_, 1).empty();
+        });
     }
 
     Copier& copier_;

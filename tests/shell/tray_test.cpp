@@ -209,7 +209,14 @@ TEST_F(Tray, AnIconThatTheShellRefusesIsTriedAgainAndThenTellsHowTheStartWent) {
     EXPECT_FALSE(View.Timers.contains(kTimerInstallIcon));
     EXPECT_THAT(Heard(), ElementsAre("start.wav"));
     EXPECT_EQ(View.Balloon, u"the start failed");
+    // What else there is to tell comes behind it, once.
+    Display.TellAtStart(u"more");
+    Display.TellAtStart(u"more");
+    EXPECT_EQ(View.Balloon, u"the start failed");
     Expire(kTimerHideBalloon);
+    EXPECT_EQ(View.Balloon, u"more");
+    Expire(kTimerHideBalloon);
+    EXPECT_EQ(View.Balloon, u"");
     // The shell announces itself again.
     View.TakesIcons = false;
     Display.InstallWithRetry();

@@ -77,7 +77,7 @@ bool AllowWriting(const UniqueHandle& file) {
 }
 
 // What is checked and what is deleted are one file, whatever happens to the path meanwhile.
-bool DeleteByHandle(const fs::path& path) {
+bool DeleteByHandle(const std::wstring& path) {
     const UniqueHandle file = Open(path, DELETE | FILE_READ_ATTRIBUTES | FILE_WRITE_ATTRIBUTES,
                                    FILE_FLAG_OPEN_REPARSE_POINT);
     if (!IsValid(file)) {

@@ -5,9 +5,9 @@
 
 namespace vbr {
 
-// Deletes the file, read-only or not, and no folder. A link of that name goes, not what it leads to.
-// With `isElevated` nothing is deleted in a folder that is a link: whoever may make one there would
-// have this process delete files that are not their own. The last error tells why not.
+// Deletes the file, read-only or not, and no folder. A link of that name goes, not what it leads
+// to. With `isElevated` nothing is deleted in a folder that is a link: whoever may make one there
+// would have this process delete files that are not their own. The last error tells why not.
 bool DeleteOwnFile(const std::filesystem::path& path, bool isElevated);
 // As this process is.
 bool DeleteOwnFile(const std::filesystem::path& path);
