@@ -194,9 +194,8 @@ constexpr StringEntry kStrings[] = {
     {kCmdTrim, u"Trim spaces/tabs/new line on left and right"},
     {kCmdEmptyClipboard, u"Empty all data in clipboard"},
     {kCmdWriteLog,
-     u"Write log file about events of working (ATTENTION: may considerably slow down)\nThe log "
-     u"holds "
-     u"texts: what was selected, copied and inserted"},
+     u"Write log file about events of working (ATTENTION: may considerably slow down). "
+     u"It holds texts: what is selected, copied and inserted"},
     {kCmdMenuOnMouseEvent,
      u"Show menu with phrases and clipboard history on triple click by left mouse button"},
     {kCmdSounds, u"Enable sounds on phrase insertion, copying and etc"},
