@@ -44,6 +44,8 @@ void TrayRequests::OnHotKey(std::uint32_t tick) {
     if (heldHotkey_.IsPress(tick)) {
         WatchHotkey();
         with_.Flow.OnHotKey();
+        // No timer came while the choice was carried out.
+        WatchHotkey();
     }
 }
 

@@ -249,11 +249,19 @@ TEST_F(QueryFlowTest, AHeldHotKeyIsPressedOnce) {
     EXPECT_EQ(menus_, 2);
     Requests.OnHotKey(2200);
     EXPECT_EQ(menus_, 3);
+    // It was let go under the menu, and no timer came before the next press.
+    Input.Held = {13};
+    whileMenu_ = [this] { Input.Held.clear(); };
+    Requests.OnHotKey(2250);
+    EXPECT_EQ(menus_, 4);
+    whileMenu_ = [] {};
+    Requests.OnHotKey(2300);
+    EXPECT_EQ(menus_, 5);
     // Nobody could look at the key for a while.
     Input.Held = {13};
-    Requests.OnHotKey(2300);
-    Requests.OnHotKey(3500);
-    EXPECT_EQ(menus_, 5);
+    Requests.OnHotKey(2400);
+    Requests.OnHotKey(3600);
+    EXPECT_EQ(menus_, 7);
 }
 
 TEST_F(QueryFlowTest, AChoiceFromOutsideIsCarriedOutByItsNumber) {
