@@ -105,7 +105,8 @@ class Answer {
     // even when the program lets go of the library meanwhile.
     bool StartGuard() {
         left_ = CreateEventW(nullptr, TRUE, FALSE, nullptr);
-        thread_ = OpenThread(SYNCHRONIZE, FALSE, GetCurrentThreadId());
+        thread_ =
+            OpenThread(SYNCHRONIZE | THREAD_QUERY_LIMITED_INFORMATION, FALSE, GetCurrentThreadId());
         if (!left_ || !thread_ ||
             !GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS,
                                 reinterpret_cast<const wchar_t*>(&RunGuard), &module_)) {
