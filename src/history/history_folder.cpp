@@ -2,11 +2,10 @@
 #include "history/history_folder.h"
 
 #include <algorithm>
-#include <array>
 
 #include "base/text.h"
 #include "history/history_queue.h"
-#include "platform/profile_text_store.h"
+#include "history/item_names.h"
 
 namespace vbr {
 namespace {
@@ -14,65 +13,8 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::u16string_view kLockName = u"vellumbridge_cb.lock";
-constexpr std::u16string_view kInfoStem = u"vellumbridge_cb";
-constexpr std::u16string_view kInfoExtension = u".info";
-constexpr std::u16string_view kDataStem = u"clipboard_history";
-constexpr std::u16string_view kUnicodePrefix = u"Unicode_";
-constexpr std::u16string_view kUnicodeStem = u"Unicode_clipboard_history";
-
-constexpr std::array<std::byte, 2> kUtf16Mark = {std::byte{0xFF}, std::byte{0xFE}};
-
 // Names that other programs make meanwhile; more in a row are no accident.
 constexpr int kMaxNameTries = 100;
-
-struct FormatExtension {
-    ItemFormat Format;
-    std::u16string_view Extension;
-};
-
-constexpr FormatExtension kExtensions[] = {
-    {CHF_UNICODE_TEXT, u".txt"}, {CHF_ANSI_TEXT, u".txt"}, {CHF_RTF, u".rtf"},
-    {CHF_KELPNOTES, u".knd"},    {CHF_HTML, u".html"},
-};
-
-std::u16string_view ExtensionOf(ItemFormat format) {
-    const auto* row =
-        std::find_if(std::begin(kExtensions), std::end(kExtensions),
-                     [format](const FormatExtension& known) { return known.Format == format; });
-    return row == std::end(kExtensions) ? std::u16string_view() : row->Extension;
-}
-
-ItemFormat FormatOfFile(std::u16string_view name) {
-    const auto* row = std::find_if(
-        std::begin(kExtensions), std::end(kExtensions),
-        [name](const FormatExtension& known) { return EndsWithNoCase(name, known.Extension); });
-    const bool isPlain = row != std::end(kExtensions) && row->Format == CHF_UNICODE_TEXT &&
-                         !StartsWithNoCase(name, kUnicodePrefix);
-    if (isPlain) {
-        return CHF_ANSI_TEXT;
-    }
-    return row == std::end(kExtensions) ? CHF_UNICODE_TEXT : row->Format;
-}
-
-// Whether only this program gives a file such a name, and none that tells of an item.
-bool IsNameOfOurs(std::u16string_view name) {
-    return (StartsWithNoCase(name, kNewFilePrefix) && EndsWithNoCase(name, kNewFileSuffix)) ||
-           IsNumberedName(name, kUnicodeStem, ExtensionOf(CHF_UNICODE_TEXT)) ||
-           std::any_of(std::begin(kExtensions), std::end(kExtensions),
-                       [name](const FormatExtension& known) {
-                           return IsNumberedName(name, kDataStem, known.Extension);
-                       });
-}
-
-bool IsInfoName(const FolderEntry& entry) {
-    return entry.Kind == PathKind::File && EndsWithNoCase(entry.Name, kInfoExtension) &&
-           IsPlainFileName(entry.Name);
-}
-
-// A description may name what it likes: a file elsewhere, or another description.
-bool IsDataName(std::u16string_view name) {
-    return IsPlainFileName(name) && !EndsWithNoCase(name, kInfoExtension);
-}
 
 // False when one of them was there already.
 bool AddNames(const ItemInfo& info, std::unordered_set<std::u16string>& names) {
@@ -303,7 +245,7 @@ bool HistoryFolder::WriteInfo(const CCHItem& item, const Stored* before, Stored&
 }
 
 HistoryFolder::Owner HistoryFolder::OwnerOf(const Stored& stored) {
-    const std::optional<ItemInfo> info = ReadInfo(folder_ / stored.Info);
+    const std::optional<ItemInfo> info = reader_.ReadInfo(folder_ / stored.Info);
     if (!info) {
         return store_.KindOf(folder_ / stored.Info) == PathKind::Missing ? Owner::Others
                                                                          : Owner::Unknown;
@@ -376,7 +318,7 @@ std::optional<std::size_t> HistoryFolder::Clear_Directory_Exclude(Names excluded
     for (const FolderEntry& entry : entries) {
         const bool isOthers = IsInfoName(entry) && !excluded.contains(ToUpper(entry.Name));
         const std::optional<ItemInfo> info =
-            isOthers ? ReadInfo(folder_ / entry.Name) : std::nullopt;
+            isOthers ? reader_.ReadInfo(folder_ / entry.Name) : std::nullopt;
         done = done && (!isOthers || info);
         if (isOthers && (!info || info->Protected)) {
             excluded.insert(ToUpper(entry.Name));
@@ -452,18 +394,18 @@ bool HistoryFolder::Load(CCHQueue& queue) {
             continue;
         }
         fs::path path = folder_ / entry.Name;
-        std::optional<ItemInfo> info = ReadInfo(path);
+        std::optional<ItemInfo> info = reader_.ReadInfo(path);
         if (!info) {
             isAllRead = false;
-            LogSkipped(path, u"it can't be read");
+            reader_.LogSkipped(path, u"it can't be read");
             continue;
         }
         // The files of the one would go with the other.
         if (!AddNames(*info, named)) {
-            LogSkipped(path, u"it names a file that another one has");
+            reader_.LogSkipped(path, u"it names a file that another one has");
             continue;
         }
-        if (auto item = LoadItem(std::move(path), *info)) {
+        if (auto item = reader_.ReadItem(std::move(path), *info)) {
             stored_[item->key] = {.Info = entry.Name,
                                   .Data = std::move(info->Files),
                                   .Time = info->Time,
@@ -488,76 +430,6 @@ bool HistoryFolder::Load(CCHQueue& queue) {
     return true;
 }
 
-std::optional<ItemInfo> HistoryFolder::ReadInfo(const fs::path& path) {
-    const auto content = files_.Read(path);
-    if (!content || content->Bytes.size() > kProfileMaxBytes) {
-        return std::nullopt;
-    }
-    return ReadItemInfo(
-        {reinterpret_cast<const char*>(content->Bytes.data()), content->Bytes.size()});
-}
-
-std::unique_ptr<CCHItem> HistoryFolder::LoadItem(fs::path infoPath, const ItemInfo& info) {
-    if (info.Files.empty()) {
-        LogSkipped(infoPath, u"it names no file");
-        return nullptr;
-    }
-    std::unique_ptr<CCHItem> item = LoadNamed(info.Files[0], infoPath);
-    if (!item) {
-        return nullptr;
-    }
-    for (std::size_t i = 1; i < info.Files.size(); ++i) {
-        if (std::shared_ptr<CCHItem> alternative = LoadNamed(info.Files[i], infoPath)) {
-            item->alternatives.push_back(std::move(alternative));
-        }
-    }
-    item->infoPath = std::move(infoPath);
-    item->sourceUrl = info.Url;
-    item->isProtected = info.Protected;
-    item->exeName = info.ExeName;
-    item->wndName = info.WndName;
-    if (info.Time != 0) {
-        item->time = SystemTimeOf(info.Time).value_or(item->time);
-    }
-    return item;
-}
-
-std::unique_ptr<CCHItem> HistoryFolder::LoadNamed(std::u16string_view name,
-                                                  const fs::path& infoPath) {
-    if (!IsDataName(name)) {
-        LogSkipped(infoPath, Concat(u"it names no data file of the folder: ", name));
-        return nullptr;
-    }
-    auto item = LoadDataFile(name);
-    if (!item) {
-        LogSkipped(infoPath, Concat(u"there is nothing in the file that it names: ", name));
-    }
-    return item;
-}
-
-std::unique_ptr<CCHItem> HistoryFolder::LoadDataFile(std::u16string_view name) {
-    fs::path path = folder_ / name;
-    auto content = files_.Read(path);
-    if (!content) {
-        return nullptr;
-    }
-    const ItemFormat format = FormatOfFile(name);
-    ItemBytes& bytes = content->Bytes;
-    if (format == CHF_UNICODE_TEXT && bytes.size() >= kUtf16Mark.size() &&
-        std::equal(kUtf16Mark.begin(), kUtf16Mark.end(), bytes.begin())) {
-        bytes.erase(bytes.begin(), bytes.begin() + kUtf16Mark.size());
-    }
-    if (bytes.empty()) {
-        return nullptr;
-    }
-    auto item =
-        std::make_unique<CCHItem>(format, 0, SystemTimeOf(content->Created).value_or(SystemTime{}));
-    item->SetData(std::move(bytes));
-    item->dataPath = std::move(path);
-    item->storeState = StoreState::Loaded;
-    return item;
-}
-
 void HistoryFolder::SweepStale(const std::vector<FolderEntry>& entries, const Names& named) {
     for (const FolderEntry& entry : entries) {
         if (entry.Kind == PathKind::File && !EndsWithNoCase(entry.Name, kInfoExtension) &&
@@ -566,10 +438,6 @@ void HistoryFolder::SweepStale(const std::vector<FolderEntry>& entries, const Na
             log_.Write(Concat(u"Left by a program that ended while it wrote: ", entry.Name));
         }
     }
-}
-
-void HistoryFolder::LogSkipped(const fs::path& infoPath, std::u16string_view why) {
-    log_.LogError(Concat(u"History item skipped: ", infoPath.u16string(), u": ", why));
 }
 
 void HistoryFolder::LogNotSaved(std::u16string_view name, std::u16string_view why) {

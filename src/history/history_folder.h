@@ -17,7 +17,7 @@
 #include "history/file_changes.h"
 #include "history/folder_names.h"
 #include "history/history_item.h"
-#include "history/item_info.h"
+#include "history/item_reader.h"
 #include "platform/file_store.h"
 #include "platform/log.h"
 #include "platform/stamped_files.h"
@@ -32,7 +32,13 @@ class CCHQueue;
 class HistoryFolder {
   public:
     HistoryFolder(std::filesystem::path folder, FileStore& store, StampedFiles& files, Log& log)
-        : folder_(std::move(folder)), store_(store), files_(files), log_(log) {}
+        : folder_(std::move(folder)),
+          store_(store),
+          files_(files),
+          log_(log),
+          reader_(folder_, files, log) {}
+    HistoryFolder(const HistoryFolder&) = delete;
+    HistoryFolder& operator=(const HistoryFolder&) = delete;
 
     const std::filesystem::path& Path() const { return folder_; }
 
@@ -67,10 +73,6 @@ class HistoryFolder {
     // Adds what the folder holds beyond what was written or loaded before, in the order of time. A
     // file that can't be read is logged and stays. False when the folder can't be listed now.
     bool Load(CCHQueue& queue);
-
-    // One data file as an item of the format that its name tells; null when it is empty or can't
-    // be read.
-    std::unique_ptr<CCHItem> LoadDataFile(std::u16string_view name);
 
     // Deletes all files of the folder but these names, which are in upper case, and what other
     // processes protect. The number deleted; nothing when something couldn't be looked at or
@@ -117,20 +119,16 @@ class HistoryFolder {
     // What can't be deleted now is deleted later.
     void DeleteData(const std::vector<std::u16string>& names);
 
-    std::optional<ItemInfo> ReadInfo(const std::filesystem::path& path);
-    std::unique_ptr<CCHItem> LoadItem(std::filesystem::path infoPath, const ItemInfo& info);
-    std::unique_ptr<CCHItem> LoadNamed(std::u16string_view name,
-                                       const std::filesystem::path& infoPath);
     // Deletes what a process left behind that ended while it wrote or deleted.
     void SweepStale(const std::vector<FolderEntry>& entries, const Names& named);
     Names StoredNames() const;
-    void LogSkipped(const std::filesystem::path& infoPath, std::u16string_view why);
     void LogNotSaved(std::u16string_view name, std::u16string_view why);
 
     std::filesystem::path folder_;
     FileStore& store_;
     StampedFiles& files_;
     Log& log_;
+    ItemReader reader_;
 
     std::mutex mutex_;  // guards what follows
     std::weak_ptr<HeldFile> held_;

@@ -9,8 +9,6 @@ namespace vbr {
 namespace {
 
 constexpr std::uint32_t kGuardPatienceMs = 200;
-// Nobody saves for longer. The folder's own lock still keeps two apart.
-constexpr int kMostWaits = 150;
 
 }  // namespace
 
@@ -59,13 +57,14 @@ void HistoryWorker::Guarded(const std::function<void()>& work) {
 }
 
 bool HistoryWorker::WaitForGuard() {
-    for (int waits = 0; guard_ && guard_->Wait(kGuardPatienceMs) == WaitResult::TimedOut; ++waits) {
+    const auto giveUp = std::chrono::steady_clock::now() + patience_.Time;
+    while (guard_ && guard_->Wait(kGuardPatienceMs) == WaitResult::TimedOut) {
         if (worker_.IsEnding()) {
             return false;
         }
-        if (waits == kMostWaits) {
-            // It is not the history's guard.
+        if (std::chrono::steady_clock::now() >= giveUp) {
             guard_.reset();
+            patience_.OnGivenUp();
         }
     }
     return true;

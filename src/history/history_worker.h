@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <chrono>
 #include <functional>
 #include <memory>
 
@@ -9,6 +10,14 @@
 #include "platform/serial_worker.h"
 
 namespace vbr {
+
+// Nobody saves for longer than the patience: a guard that is held so long is another program's.
+// The worker goes on without it, and says so once, on its thread; the folder's own lock still
+// keeps two apart.
+struct GuardPatience {
+    std::chrono::milliseconds Time = std::chrono::seconds(30);
+    std::function<void()> OnGivenUp = [] {};
+};
 
 // Saves and loads the history without making the caller wait, one job at a time and in order. The
 // guard event is reset meanwhile. Its end waits for all jobs; those that find the guard held by
@@ -31,8 +40,9 @@ class HistoryWorker {
     };
 
     // Without a guard nobody else is told.
-    HistoryWorker(HistoryFolder& folder, std::unique_ptr<NamedEvent> guard)
-        : folder_(folder), guard_(std::move(guard)) {}
+    HistoryWorker(HistoryFolder& folder, std::unique_ptr<NamedEvent> guard,
+                  GuardPatience patience = {})
+        : folder_(folder), guard_(std::move(guard)), patience_(std::move(patience)) {}
 
     void Save(Order order, SaveCalls calls);
     void Load(LoadCalls calls);
@@ -51,6 +61,7 @@ class HistoryWorker {
 
     HistoryFolder& folder_;
     std::unique_ptr<NamedEvent> guard_;
+    GuardPatience patience_;
     SerialWorker worker_;
 };
 

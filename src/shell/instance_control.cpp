@@ -135,6 +135,7 @@ void InstanceControl::WaitForNextInstance(std::uint32_t delaySeconds) {
     const auto event =
         objects_.Create(kEventAutoLoadWait, EventReset::Automatic, ObjectAccess::World);
     if (!event) {
+        taken_.Note(kEventAutoLoadWait);
         return;
     }
     log_.Write(u"Starting waiting for automode...");

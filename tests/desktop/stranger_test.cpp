@@ -96,8 +96,9 @@ TEST_F(Stranger, HoldsNamesAndTheProgramSaysSoAndDoesItsWork) {
     const Notepad notepad;
     // Of another kind than the program's.
     std::vector<UniqueHandle> taken;
-    for (const std::u16string_view name : {kEventEdit, kEventAlreadyWork, kEventDataNeeded,
-                                           kEventLogGuard, kEventStartCopy, kEventOptionsChanged}) {
+    for (const std::u16string_view name :
+         {kEventEdit, kEventAlreadyWork, kEventDataNeeded, kEventLogGuard, kEventStartCopy,
+          kEventOptionsChanged, kEventSaveLoadHistory}) {
         taken.emplace_back(CreateMutexW(nullptr, FALSE, Name(name)));
     }
     for (const std::u16string_view name : {kAreaSettings, kAreaInterchange}) {
@@ -108,7 +109,7 @@ TEST_F(Stranger, HoldsNamesAndTheProgramSaysSoAndDoesItsWork) {
     EXPECT_EQ(notepad.WaitForText(u"works"), u"works");
     for (const std::u16string_view name :
          {kEventEdit, kEventAlreadyWork, kEventDataNeeded, kEventLogGuard, kEventStartCopy,
-          kEventOptionsChanged, kAreaSettings, kAreaInterchange}) {
+          kEventOptionsChanged, kEventSaveLoadHistory, kAreaSettings, kAreaInterchange}) {
         EXPECT_EQ(CountInLog(Concat(u"Another program holds the name ", name)), 1)
             << Utf16ToUtf8(name);
     }

@@ -329,16 +329,17 @@ TEST_F(HistoryFiles, FormatComesFromTheNameAndTimeFromTheFileWithoutTheKey) {
         {"a.TXT", CHF_ANSI_TEXT}, {"unicode_a.txt", CHF_UNICODE_TEXT},
         {"a.Rtf", CHF_RTF},       {"a.knd", CHF_KELPNOTES},
         {"a.html", CHF_HTML},     {"a.dat", CHF_UNICODE_TEXT}};
+    ItemReader reader(Folder.Path(), Files, Log);
     for (const auto& [name, format] : cases) {
         WriteFile(name, "ab");
         Files.Created[(Folder.Path() / name).string()] = *FileTicksOf(TimeAt(7));
-        const auto item = Folder.LoadDataFile(Utf8ToUtf16(name));
+        const auto item = reader.LoadDataFile(Utf8ToUtf16(name));
         ASSERT_TRUE(item) << name;
         EXPECT_EQ(item->format, format) << name;
         EXPECT_EQ(item->time.Second, 7) << name;
     }
     WriteFile("Unicode_b.txt", "\xFF\xFE");
-    EXPECT_FALSE(Folder.LoadDataFile(u"Unicode_b.txt"));
+    EXPECT_FALSE(reader.LoadDataFile(u"Unicode_b.txt"));
 }
 
 TEST_F(HistoryFiles, FileInTheFoldersPlaceIsNoFolder) {

@@ -285,6 +285,22 @@ TEST_F(Saver, TheWorkersEndWaitsForNoHolderOfTheGuard) {
     EXPECT_FALSE(std::filesystem::exists(Folder.Path()));
 }
 
+TEST_F(Saver, AGuardThatIsHeldTooLongIsAnotherProgramsAndSavingGoesOn) {
+    AddTexts(u"a");
+    auto guard = std::make_unique<HeldEvent>();
+    guard->Reset();
+    int givenUp = 0;
+    HistoryWorker worker(Folder, std::move(guard),
+                         {.Time = std::chrono::milliseconds(0), .OnGivenUp = [&] { ++givenUp; }});
+    for (int i = 0; i < 2; ++i) {
+        worker.Save({{}, Queue.CopyUnsaved()},
+                    {.OnSaved = [](const CCHItem&) {}, .OnEnd = [](bool) {}});
+    }
+    worker.Flush();
+    EXPECT_EQ(givenUp, 1);
+    EXPECT_EQ(Reloaded(), u"a");
+}
+
 TEST_F(Saver, WhileSavingIsOffItemsStayUnsaved) {
     isOn_ = false;
     AddTexts(u"a");

@@ -86,6 +86,9 @@ TEST(MenuTrackerTest, MessagesWithWildAddressesAreSurvived) {
                   WM_MENURBUTTONUP, WM_ENTERIDLE, WM_APP + 1, WM_APP + 2, WM_EXITMENULOOP}) {
                 SendMessageW(window, message, 0, address);
             }
+            // Memory that can't be written.
+            static constexpr MEASUREITEMSTRUCT kConstant{};
+            SendMessageW(window, WM_MEASUREITEM, 0, reinterpret_cast<LPARAM>(&kConstant));
             // Good structures with wild data in them.
             DRAWITEMSTRUCT drawn{};
             drawn.itemData = static_cast<ULONG_PTR>(address);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "history/win32/clipboard_handler.h"
 
+#include "base/text.h"
 #include "platform/object_names.h"
 #include "platform/win32/wide.h"
 #include "platform/win32/win_named_objects.h"
@@ -15,10 +16,19 @@ constexpr std::u16string_view kProductName = u"Vellumbridge";
 enum Answer : LRESULT { kNotTaken = 0, kTaken = 1, kLater = 2 };
 constexpr DWORD kLaterMs = 200;
 
+void LogGuardTaken(Log& log) {
+    log.LogError(Concat(u"Another program holds the name ", kEventSaveLoadHistory,
+                        u": the history is saved without it"));
+}
+
 // Set while nobody saves or loads.
-std::unique_ptr<NamedEvent> OpenSaveLoadGuard() {
+std::unique_ptr<NamedEvent> OpenSaveLoadGuard(Log& log) {
     UniqueHandle event(CreateEventW(nullptr, TRUE, TRUE, Wide(kEventSaveLoadHistory.data())));
-    return event ? std::make_unique<WinNamedEvent>(std::move(event)) : nullptr;
+    if (!event) {
+        LogGuardTaken(log);
+        return nullptr;
+    }
+    return std::make_unique<WinNamedEvent>(std::move(event));
 }
 
 UINT Registered(std::u16string_view name) {
@@ -63,7 +73,8 @@ CVBRWndClipboardHandler::CVBRWndClipboardHandler(Collaborators with)
                       return SendFromWorker(reportTo_, saved_, &item) == kTaken;
                   },
               .TellEnded = with_.SaveEnded}),
-      worker_(folder_, OpenSaveLoadGuard()) {
+      worker_(folder_, OpenSaveLoadGuard(with_.Log),
+              {.OnGivenUp = [this] { LogGuardTaken(with_.Log); }}) {
     queue_.OnArrived([this] { OnAdded(HistoryChange::Captured); });
 }
 

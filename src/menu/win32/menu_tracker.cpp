@@ -87,8 +87,11 @@ LRESULT CMenuTracker::OnMeasureItem(WPARAM, LPARAM item) {
         return 0;
     }
     const LRESULT done = with_.Painter.OnMenuMEASUREITEM(*measured);
-    *reinterpret_cast<MEASUREITEMSTRUCT*>(item) = *measured;
-    return done;
+    // It may be memory that is there to be read alone.
+    return RunSilently(with_.Faults, LRESULT{0}, [&] {
+        *reinterpret_cast<MEASUREITEMSTRUCT*>(item) = *measured;
+        return done;
+    });
 }
 
 LRESULT CMenuTracker::OnDrawItem(WPARAM, LPARAM item) {
