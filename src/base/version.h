@@ -27,6 +27,9 @@ namespace vbr {
 
 inline constexpr char16_t kProductName[] = u"" VBR_PRODUCT_NAME;
 
+// Year, month and day of the release.
+inline constexpr std::array<int, 3> kReleaseDate{2026, 11, 24};
+
 // Major, minor, patch and build number.
 inline constexpr std::array<int, 4> kVersionNumbers{VBR_VERSION_MAJOR, VBR_VERSION_MINOR,
                                                     VBR_VERSION_PATCH, VBR_VERSION_BUILD};

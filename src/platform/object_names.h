@@ -34,6 +34,8 @@ inline constexpr std::u16string_view kEventLogGuard = u"Local\\VellumbridgeLogge
 // Shared memory, with its size in bytes.
 inline constexpr std::u16string_view kAreaSettings = u"Local\\$VELLUMBRIDGE_SETTING_AREA$";
 inline constexpr std::uint32_t kAreaSettingsSize = 1024;
+// The selection that is too long for the area above, UTF-8; as large as the text.
+inline constexpr std::u16string_view kAreaSelection = u"Local\\$VELLUMBRIDGE_SELECTION_AREA$";
 inline constexpr std::u16string_view kAreaInterchange = u"Local\\$VELLUMBRIDGE_INTERCHANGE_AREA$";
 inline constexpr std::uint32_t kAreaInterchangeSize = 2'252'800;
 
@@ -54,6 +56,9 @@ inline constexpr std::u16string_view kMessageHistoryLoaded =
 inline constexpr std::u16string_view kMessageItemSaved = u"{F762C94C-9D69-4a96-B8FD-7F53F4157D13}";
 inline constexpr std::u16string_view kMessageAddItem = u"{540F133E-3D6B-49e4-87A5-C19CA88FC341}";
 inline constexpr std::u16string_view kMessageItemStored = u"{30462FA5-8E5D-4702-A0CD-6C06742AD9BC}";
+// Of a second start of the editor to the first: what it was started for, as bits.
+inline constexpr std::u16string_view kMessageEditorRequest =
+    u"{7D0C2B1E-61A7-4E0C-9B0B-2E2D6C3C9C55}";
 // Of a menu's tip to the window that may know more of an item.
 inline constexpr std::u16string_view kMessageMenuTip = u"9176C785-52C0-432a-AB51-C8439932297C";
 // The closing brace is missing in the name itself.

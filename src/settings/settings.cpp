@@ -404,6 +404,10 @@ bool CVBRSettings::IsWelcomeAlreadyStarted() const {
     return GetInt(kKeyWelcomeStarted, 0) != 0;
 }
 
+void CVBRSettings::NoteWelcomeStarted() {
+    SetInt(kKeyWelcomeStarted, 1);
+}
+
 std::optional<std::u16string> CVBRSettings::FindValue(std::u16string_view key) const {
     auto value = Read(files_.Local, kSection, key);
     return value ? value : Read(files_.User, kSection, key);

@@ -149,6 +149,7 @@ class CVBRSettings : public SettingsValues {
     std::u16string GetDirectoryForSave() const;
     void SetDirectoryForSave(std::u16string_view folder);
     bool IsWelcomeAlreadyStarted() const;
+    void NoteWelcomeStarted();
 
     const SettingsFiles& Files() const { return files_; }
 

@@ -56,6 +56,10 @@ std::u16string ElevationArgument() {
     return Concat(u"/", KeyText(CmdKey::AsAdmin));
 }
 
+std::u16string AutoLoadArgument() {
+    return Concat(u"/", KeyText(CmdKey::AutoLoad));
+}
+
 std::u16string CommandLineHelp(const Strings& strings) {
     std::u16string help = strings.LoadString(kStrCommandLineKeys) + u":\n\n";
     for (const KeyRow& row : kKeys) {

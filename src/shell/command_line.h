@@ -26,8 +26,9 @@ enum class CmdKey {
 std::u16string_view KeyText(CmdKey key);
 std::u16string_view KeyDescription(CmdKey key);
 
-// The argument with which the program starts itself elevated.
+// The arguments with which the program starts itself elevated, and with Windows.
 std::u16string ElevationArgument();
+std::u16string AutoLoadArgument();
 
 // The list of keys that "?" shows.
 std::u16string CommandLineHelp(const Strings& strings);

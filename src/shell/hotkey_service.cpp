@@ -3,6 +3,7 @@
 
 #include "base/text.h"
 #include "platform/object_names.h"
+#include "settings/hotkey_text.h"
 
 namespace vbr {
 namespace {
@@ -10,22 +11,6 @@ namespace {
 constexpr std::uint16_t kVkEnter = 13;
 
 }  // namespace
-
-std::u16string HotkeyText(std::uint16_t mods, std::u16string_view keyName) {
-    struct Modifier {
-        std::uint16_t Bit;
-        std::u16string_view Name;
-    };
-    constexpr Modifier kModifiers[] = {
-        {kModControl, u"Ctrl+"}, {kModAlt, u"Alt+"}, {kModShift, u"Shift+"}, {kModWin, u"Win+"}};
-    std::u16string text;
-    for (const Modifier& modifier : kModifiers) {
-        if (mods & modifier.Bit) {
-            text += modifier.Name;
-        }
-    }
-    return text.append(keyName);
-}
 
 std::optional<std::u16string> HotkeyService::Install(const HookServiceStart& start,
                                                      bool libraryExists) {
@@ -35,7 +20,9 @@ std::optional<std::u16string> HotkeyService::Install(const HookServiceStart& sta
         with_.Log.Write(u"ERROR: Cannot create wait objects");
         return Report(u"ERROR: Cannot create wait objects");
     }
-    if (const auto error = RegisterHotkey()) {
+    const auto error = RegisterHotkey();
+    hotkeyTaken_ = error.has_value();
+    if (error) {
         with_.Log.Write(u"ERROR: Cannot register hot key");
         CloseInterchangeObjects();
         const std::u16string message = Concat(u"ERROR: Cannot register hot key ", HotkeyName());

@@ -23,9 +23,6 @@ namespace vbr {
 // Start-up and service messages of this run, for the user's report.
 using MessageList = std::vector<std::u16string>;
 
-// A hot key in words, "Ctrl+Alt+Enter".
-std::u16string HotkeyText(std::uint16_t mods, std::u16string_view keyName);
-
 // What the program registers and installs so that the hot key brings a menu: the key itself, the
 // objects shared with the hook library, the library, and the wait for its queries. Belongs to the
 // main thread.
@@ -58,6 +55,9 @@ class HotkeyService {
     // The hook library is installed: a hot key press will be served.
     bool IsInstalled() const { return with_.Hooks.IsInstalled(); }
 
+    // The last time that the service was turned on, the system refused the key.
+    bool IsHotkeyTaken() const { return hotkeyTaken_; }
+
     // The settings' hot key in words.
     std::u16string HotkeyName() const;
 
@@ -75,6 +75,7 @@ class HotkeyService {
     Collaborators with_;
     SharedSettings shared_;
     bool hotkeyRegistered_ = false;
+    bool hotkeyTaken_ = false;
     std::unique_ptr<SharedBlock> area_;
     std::unique_ptr<NamedEvent> dataNeeded_;
     std::unique_ptr<NamedEvent> dataCompleted_;

@@ -19,18 +19,20 @@ constexpr std::uint32_t kWaitFailed = 0xFFFFFFFF;
 }  // namespace
 
 std::optional<int> InstanceControl::Settle(const CVBRCmdLine& cmdLine, std::uint32_t delaySeconds,
-                                           const std::function<void()>& makeLanguage,
-                                           const std::function<void()>& showHelp) {
+                                           const StartSteps& steps) {
     if (cmdLine.Ua()) {
         autostart_.Delete();
     }
     if (const std::optional<int> code = KeepAutoLoadDelay(cmdLine, delaySeconds)) {
         return code;
     }
-    makeLanguage();
+    steps.MakeLanguage();
+    if (cmdLine.Edit()) {
+        steps.LetOthersToFront();
+    }
     const bool editHeard = cmdLine.Edit() && objects_.Signal(kEventEdit);
     if (cmdLine.Help()) {
-        showHelp();
+        steps.ShowHelp();
     }
     if (editHeard || cmdLine.Help()) {
         return kExitDone;
@@ -39,12 +41,12 @@ std::optional<int> InstanceControl::Settle(const CVBRCmdLine& cmdLine, std::uint
         TakeOver();
     }
     if (IsAnotherResident(cmdLine.Exit())) {
-        return SignalRunning(cmdLine);
+        return SignalRunning(cmdLine, steps);
     }
     if (cmdLine.Exit()) {
         return kExitSignalled;
     }
-    return BecomeResident(cmdLine);
+    return BecomeResident(cmdLine, steps);
 }
 
 // An event that is there while nobody listens belongs to an instance that starts or ends, for a
@@ -62,7 +64,8 @@ bool InstanceControl::IsAnotherResident(bool atOnce) {
     return false;
 }
 
-std::optional<int> InstanceControl::BecomeResident(const CVBRCmdLine& cmdLine) {
+std::optional<int> InstanceControl::BecomeResident(const CVBRCmdLine& cmdLine,
+                                                   const StartSteps& steps) {
     const bool isTaken = objects_.Exists(kEventInstance);
     if (!isTaken) {
         instance_ = objects_.Create(kEventInstance, EventReset::Manual, ObjectAccess::World);
@@ -70,11 +73,11 @@ std::optional<int> InstanceControl::BecomeResident(const CVBRCmdLine& cmdLine) {
     // Another start in the same instant was the first to make it.
     if (instance_ && instance_->WasThere()) {
         instance_.reset();
-        return SignalRunning(cmdLine);
+        return SignalRunning(cmdLine, steps);
     }
     // The resident one may have had to do without the event.
     if (!instance_ && objects_.Exists(kEventAlreadyWork)) {
-        return SignalRunning(cmdLine);
+        return SignalRunning(cmdLine, steps);
     }
     if (!instance_) {
         // Without the name nobody finds this instance, and it still needs the event for its end.
@@ -94,11 +97,25 @@ void InstanceControl::SignalStop() {
     }
 }
 
+bool InstanceControl::PrepareTakeOver() {
+    takeOver_ = objects_.Create(kEventTakeOver, EventReset::Manual, ObjectAccess::Default);
+    return takeOver_ != nullptr;
+}
+
+void InstanceControl::CancelTakeOver() {
+    if (takeOver_) {
+        takeOver_->Set();
+        takeOver_.reset();
+    }
+}
+
 void InstanceControl::Release() {
     if (instance_) {
         instance_->ProtectFromClose(false);
         instance_.reset();
     }
+    // Only now the other one finds no instance.
+    CancelTakeOver();
 }
 
 std::optional<int> InstanceControl::KeepAutoLoadDelay(const CVBRCmdLine& cmdLine,
@@ -160,7 +177,8 @@ void InstanceControl::TakeOver() {
     }
 }
 
-int InstanceControl::SignalRunning(const CVBRCmdLine& cmdLine) {
+int InstanceControl::SignalRunning(const CVBRCmdLine& cmdLine, const StartSteps& steps) {
+    steps.LetOthersToFront();
     if (cmdLine.ShowMenu()) {
         objects_.Signal(kEventShowMenu);
     } else if (cmdLine.Exit()) {

@@ -122,12 +122,12 @@ void QueryFlow::Serve(const WPQuery& query, WPAnswer& answer) {
     CarryOut(stopped_ ? MenuChoice() : choice, target);
 }
 
-void QueryFlow::CarryOut(const MenuChoice& choice, WindowHandle target) {
+void QueryFlow::CarryOut(const MenuChoice& choice, WindowHandle target, WindowHandle asker) {
     with_.Log.Write(u"CVBRTrayWnd::OnWmCommandFromSelf");
     with_.CaptureFirst();
     with_.Selection.TakeBackLateCopy();
     if (const auto* result = std::get_if<std::int32_t>(&choice)) {
-        RunExtraCommand(*result);
+        RunExtraCommand(*result, asker);
         return;
     }
     if (const auto lost = Deliver(choice, target)) {
@@ -156,16 +156,16 @@ std::optional<UndeliveredText> QueryFlow::Deliver(const MenuChoice& choice, Wind
     return clip ? with_.Delivery.DeliverClip(*clip, target, context) : std::nullopt;
 }
 
-void QueryFlow::RunExtraCommand(std::int32_t result) {
+void QueryFlow::RunExtraCommand(std::int32_t result, WindowHandle asker) {
     switch (result) {
         case kResultEditPhrases:
-            with_.RunCommand(kCmdEditPhrases);
+            with_.StartEditor(asker, {});
             break;
         case kResultHistoryPane:
             with_.RunCommand(kCmdTogglePane);
             break;
         case kResultSelectionIntoPhrase:
-            with_.RunCommand(kCmdAddSelectionAsPhrase);
+            with_.StartEditor(asker, with_.Menu.Context().SelText);
             break;
         case kResultSupport:
             with_.RunCommand(kCmdSupport);
@@ -208,13 +208,14 @@ void QueryFlow::OnOutsideChoice(std::int32_t number, WindowHandle target) {
                                u" is under way, a choice from outside is not carried out"));
         return;
     }
+    const WindowHandle asker = target;
     if (target == 0) {
         target = with_.Hooks.GetTargetWindow();
     }
     query_ = Query{.Number = ++lastNumber_, .Target = target};
     CarryOut(number > 0 ? with_.Menu.ChoiceOfNumber(static_cast<std::uint32_t>(number))
                         : MenuChoice(number),
-             target);
+             target, asker);
     End();
 }
 

@@ -56,6 +56,9 @@ class QueryFlow {
         EventSounds& Sounds;
         vbr::Log& Log;
         std::function<void(int command)> RunCommand;  // of the tray menu
+        // Starts the editor, with the selection as a new phrase if there is one; it tells that
+        // window, 0 for the program's own.
+        std::function<void(WindowHandle asker, std::u16string selection)> StartEditor;
     };
 
     explicit QueryFlow(Collaborators with) : with_(std::move(with)) {}
@@ -106,10 +109,11 @@ class QueryFlow {
     void Serve(const WPQuery& query, WPAnswer& answer);
     void Await(WindowHandle target);
     void EndAwaiting();
-    void CarryOut(const MenuChoice& choice, WindowHandle target);
+    // `asker` is the window of another program that wants to know of what it has asked for.
+    void CarryOut(const MenuChoice& choice, WindowHandle target, WindowHandle asker = 0);
     std::optional<UndeliveredText> Deliver(const MenuChoice& choice, WindowHandle target);
     std::u16string ClipboardText();
-    void RunExtraCommand(std::int32_t result);
+    void RunExtraCommand(std::int32_t result, WindowHandle asker);
     void End();
 
     Collaborators with_;

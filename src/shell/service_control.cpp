@@ -7,6 +7,10 @@ std::optional<std::u16string> ServiceControl::InstallService() {
     isWanted_ = true;
     SetLog(with_.Settings.WriteLog);
     LoadPhrases();
+    return InstallHotkey();
+}
+
+std::optional<std::u16string> ServiceControl::InstallHotkey() {
     return with_.Hotkey.Install({.TrayWindow = with_.Window,
                                  .QueryMessage = with_.QueryMessage,
                                  .LogPath = with_.LogOfUser.Path(),
@@ -22,20 +26,21 @@ void ServiceControl::StopService() {
     with_.Hotkey.Stop();
 }
 
-void ServiceControl::Renew() {
+std::optional<std::u16string> ServiceControl::Renew() {
     SetLog(with_.Settings.WriteLog);
-    if (isWanted_) {
-        with_.Hotkey.Stop();
-        InstallService();
+    if (!isWanted_) {
+        return std::nullopt;
     }
+    with_.Hotkey.Stop();
+    return InstallHotkey();
 }
 
-void ServiceControl::SetLog(bool on) {
-    if (on) {
-        with_.LogOfUser.StartLog(with_.Locations.LogFile);
-    } else {
+bool ServiceControl::SetLog(bool on) {
+    if (!on) {
         with_.LogOfUser.StopLog();
+        return true;
     }
+    return with_.LogOfUser.StartLog(with_.Locations.LogFile) || with_.Log.IsLogOn();
 }
 
 void ServiceControl::LoadPhrases() {

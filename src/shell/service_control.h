@@ -11,8 +11,8 @@
 #include "platform/file_access.h"
 #include "platform/log.h"
 #include "platform/log_file.h"
+#include "settings/file_locations.h"
 #include "settings/settings.h"
-#include "shell/file_locations.h"
 #include "shell/hotkey_service.h"
 #include "shell/tray_texts.h"
 
@@ -43,9 +43,12 @@ class ServiceControl {
     // On a failure the hot key stays off, and the text tells the user why.
     std::optional<std::u16string> InstallService();
     void StopService();
-    // After the settings were read late: the log, and the service if it is to be on, as they say.
-    void Renew();
+    // After the settings were read again: the log, and the service if it is to be on, as they say.
+    // The phrases stay as they are. The text as above.
+    std::optional<std::u16string> Renew();
     bool IsServiceInstalled() const { return with_.Hotkey.IsInstalled(); }
+    // Another program has the hot key: the service could not be turned on for that reason.
+    bool IsHotkeyTaken() const { return with_.Hotkey.IsHotkeyTaken(); }
 
     void RestartQueryWait() { with_.Hotkey.RestartWait(); }
     bool IsAllow_WaitAnswerFromExeAgent() const {
@@ -54,8 +57,8 @@ class ServiceControl {
     // After the settings were read again.
     void ClearMenuFonts() { with_.Menu.ClearFonts(); }
 
-    // The log is on afterwards, or off.
-    void SetLog(bool on);
+    // Turns the log on or off; false when it can't be turned on.
+    bool SetLog(bool on);
 
     // Reads the phrases anew, after what is still to be saved. Records and ids handed out before
     // are invalid then.
@@ -70,6 +73,8 @@ class ServiceControl {
     std::u16string PhrasesFolder() const;
 
   private:
+    std::optional<std::u16string> InstallHotkey();
+
     Collaborators with_;
     bool isWanted_ = false;  // even if it could not be installed
 };

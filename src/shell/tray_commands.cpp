@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "base/text.h"
+#include "platform/clipboard_blocks.h"
 #include "resources/resource_ids.h"
 #include "shell/tray_messages.h"
 #include "web/vbr_url.h"
@@ -14,7 +15,12 @@ std::span<const TrayCommands::Command> TrayCommands::All() {
     using Self = TrayCommands;
     static constexpr Command kCommands[] = {
         {.Id = kCmdEnableService, .Run = &Self::ToggleService, .Checked = &Self::IsServiceOn},
+        {.Id = kCmdEditPhrases, .Run = &Self::EditPhrases},
+        {.Id = kCmdStartWithWindows, .Run = &Self::InvertAutostart, .Checked = &Self::IsAutostart},
         {.Id = kCmdRereadPhrases, .Run = &Self::Reread},
+        {.Id = kCmdSavePhraseFromClipboard,
+         .Run = &Self::SaveClipboardAsPhrase,
+         .Available = &Self::HasClipboardText},
         {.Id = kCmdSounds, .Run = &Self::ToggleSounds, .Checked = &Self::AreSoundsOn},
         {.Id = kCmdWriteLog, .Run = &Self::ToggleLog, .Checked = &Self::IsLogOn},
         {.Id = kCmdHistoryPaneOnStart,
@@ -26,6 +32,12 @@ std::span<const TrayCommands::Command> TrayCommands::All() {
         {.Id = kCmdSaveHistoryOnExit,
          .Run = &Self::ToggleSavingHistory,
          .Checked = &Self::IsHistorySaved},
+        {.Id = kCmdCheckForUpdates, .Checked = &Self::ChecksForUpdates},
+        {.Id = kCmdRunAsAdministrator,
+         .Run = &Self::RunAsAdministrator,
+         .Available = &Self::MayRunAsAdministrator},
+        {.Id = kCmdOpenSettingsFile, .Run = &Self::OpenSettingsFile},
+        {.Id = kCmdWelcome, .Run = &Self::StartWelcome},
         {.Id = kCmdShowTrayMenu, .Run = &Self::ShowTrayMenu},
         {.Id = kCmdShowPhraseMenu, .Run = &Self::ShowPhraseMenu},
         {.Id = kCmdEmailToUs, .Run = &Self::SendMailToMakers},
@@ -53,7 +65,8 @@ const TrayCommands::Command* TrayCommands::Find(int id) {
 
 bool TrayCommands::IsAvailable(int id) const {
     const Command* command = Find(id);
-    return command && (!command->Available || (this->*command->Available)());
+    return command && (command->Run || command->Address) &&
+           (!command->Available || (this->*command->Available)());
 }
 
 bool TrayCommands::IsChecked(int id) const {
@@ -61,7 +74,16 @@ bool TrayCommands::IsChecked(int id) const {
     return command && command->Checked && (this->*command->Checked)();
 }
 
+std::u16string TrayCommands::AddressOf(int id) {
+    const Command* command = Find(id);
+    return command && command->Address ? command->Address() : std::u16string();
+}
+
 void TrayCommands::Run(int id) {
+    if (id >= kCmdFirstTrayHistory && id <= kCmdLastTrayHistory) {
+        PutClip(id);
+        return;
+    }
     const Command* command = IsAvailable(id) ? Find(id) : nullptr;
     if (!command) {
         with_.Log.Write(Concat(u"Command ", id, u" is not available"));
@@ -83,7 +105,7 @@ void TrayCommands::ToggleService() {
         const auto error = with_.Service.InstallService();
         with_.History.StartWithRetry();
         if (error) {
-            with_.View.ShowError(u"ERROR\n\n" + *error);
+            with_.View.ShowMessage(u"ERROR\n\n" + *error, MessageIcon::Error);
         }
         with_.Display.UpdateTrayIcon(TrayIconMode::ModifyWithBalloon);
     });
@@ -115,8 +137,13 @@ void TrayCommands::ToggleSounds() {
 void TrayCommands::ToggleLog() {
     const bool wanted = !with_.Log.IsLogOn();
     with_.Reader.ReadMissing();
+    if (!with_.Service.SetLog(wanted)) {
+        with_.View.ShowMessage(
+            Concat(with_.Texts.LoadString(kStrLogNotStarted), u"\n", with_.Locations.LogFile),
+            MessageIcon::Warning);
+        return;
+    }
     with_.Settings.WriteLog = wanted;
-    with_.Service.SetLog(wanted);
     with_.Reader.Save();
 }
 
@@ -136,6 +163,27 @@ void TrayCommands::ToggleKeeping() {
 void TrayCommands::ToggleSavingHistory() {
     Toggle(&CVBRSettings::SaveClipboardHistory);
     with_.History.Save();
+}
+
+bool TrayCommands::HasClipboardText() const {
+    return with_.Clipboard.IsFormatAvailable(kClipText) ||
+           with_.Clipboard.IsFormatAvailable(kClipUnicodeText);
+}
+
+void TrayCommands::OpenSettingsFile() {
+    if (const auto error =
+            with_.Opener.Open(with_.Window, with_.Locations.SettingsFile, ShowState::Normal)) {
+        with_.View.ShowMessage(Concat(with_.Locations.SettingsFile, u"\n", error->Text),
+                               MessageIcon::Error);
+    }
+}
+
+void TrayCommands::PutClip(int id) {
+    if (with_.Clips.PutOnClipboard(id)) {
+        with_.Display.UpdateTrayIcon(TrayIconMode::Modify);
+    } else {
+        with_.Log.Write(Concat(u"There is no clip for command ", id));
+    }
 }
 
 void TrayCommands::ShowPhraseMenu() {

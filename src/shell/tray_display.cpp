@@ -47,6 +47,11 @@ void TrayDisplay::InstallWithRetry() {
     OnRetry();
 }
 
+void TrayDisplay::OnTaskbarCreated() {
+    with_.View.DeleteIcon();
+    InstallWithRetry();
+}
+
 void TrayDisplay::OnRetry() {
     if (triesLeft_ > 0 && (OnInstallTrayIcon() || --triesLeft_ == 0 ||
                            !with_.View.StartTimer(kTimerInstallIcon, kInstallIconMs))) {
@@ -73,6 +78,11 @@ void TrayDisplay::HideTrayBalloon() {
 }
 
 void TrayDisplay::BlinkTrayIcon() {
+    if (blinksLeft_ > 0) {
+        // Which image comes next stays.
+        blinksLeft_ = kBlinkChanges - blinksLeft_ % 2;
+        return;
+    }
     with_.Sounds.PlayNotification();
     blinksLeft_ = kBlinkChanges;
     OnBlink();

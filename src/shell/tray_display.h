@@ -35,6 +35,9 @@ class TrayDisplay {
     bool OnInstallTrayIcon();
     // The same, and again every two seconds, 200 times at most: at logon the shell may not be up.
     void InstallWithRetry();
+    // The shell has started anew, or its icons changed their size: the one that may still be there
+    // goes first.
+    void OnTaskbarCreated();
     // A text for a balloon of its own, as soon as the icon is there and those before it were told.
     // Each text is told once.
     void TellAtStart(std::u16string_view text);
@@ -47,7 +50,8 @@ class TrayDisplay {
     void ShowTrayBalloon(std::u16string_view text, std::uint32_t milliseconds);
     void HideTrayBalloon();
     void DeleteIcon() { with_.View.DeleteIcon(); }
-    // Changes the icon to another and back, four times within two seconds.
+    // Changes the icon to another and back, four times within two seconds; once more from the start
+    // when it is at it.
     void BlinkTrayIcon();
 
     // The timers of this class; false for any other.

@@ -29,6 +29,14 @@ inline constexpr std::uint32_t kMsgGetPaneText = 32793;       // the pane's sele
 inline constexpr std::uint32_t kMsgPhraseChanged = 32800;     // the saver: a file isn't as loaded
 inline constexpr std::uint32_t kMsgHistorySaveEnded = 32801;  // the history's worker
 
+// What the shell tells of the icon, as the window messages and the shell number it.
+inline constexpr std::uint32_t kNoticeContextMenu = 123;  // the menu key, or behind a right click
+inline constexpr std::uint32_t kNoticeLeftButtonUp = 514;
+inline constexpr std::uint32_t kNoticeRightButtonUp = 517;
+inline constexpr std::uint32_t kNoticeSelect = 1024;     // behind a left click
+inline constexpr std::uint32_t kNoticeKeySelect = 1025;  // Enter, or the space bar
+inline constexpr std::uint32_t kNoticeBalloonClick = 1029;
+
 // wParam of the registered instance signal.
 inline constexpr std::uintptr_t kSignalAlreadyWorks = 0;
 inline constexpr std::uintptr_t kSignalExit = 1;
@@ -42,8 +50,8 @@ inline constexpr std::uint32_t kPhraseMenuMs = 500;
 inline constexpr std::uintptr_t kTimerLateWatchers = 1248;
 inline constexpr std::uint32_t kLateWatchersMs = 3000;
 
-// Nobody else knows these.
-inline constexpr std::uintptr_t kTimerInstallIcon = 1;
+// Nobody else knows these. The first is the menus' tips'.
+inline constexpr std::uintptr_t kTimerInstallIcon = 9;
 inline constexpr std::uint32_t kInstallIconMs = 2000;
 inline constexpr std::uintptr_t kTimerBlink = 2;
 inline constexpr std::uint32_t kBlinkMs = 250;
@@ -58,6 +66,8 @@ inline constexpr std::uint32_t kReadSettingsMs = 1000;  // doubled each time
 inline constexpr std::uint32_t kReadSettingsMostMs = 64'000;
 inline constexpr std::uintptr_t kTimerSaveAgain = 7;
 inline constexpr std::uintptr_t kTimerTargetAnswer = 8;
+inline constexpr std::uintptr_t kTimerFirstRun = 10;
+inline constexpr std::uint32_t kFirstRunMs = 1000;
 
 inline constexpr std::uint32_t kTrayIconId = 10;
 inline constexpr std::uint32_t kHistoryControlId = 1333;

@@ -10,26 +10,76 @@ namespace vbr {
 namespace {
 
 constexpr std::uint32_t kExitBalloonMs = 500;
+constexpr std::uint32_t kFailureBalloonMs = 10'000;
 
 }  // namespace
 
 void TrayRequests::InstallAtStart() {
     if (const auto error = with_.Service.InstallService()) {
-        with_.Display.TellAtStart(*error);
+        with_.Display.TellAtStart(FailureText(*error));
     }
     with_.History.StartWithRetry();
+}
+
+std::u16string TrayRequests::FailureText(std::u16string_view error) const {
+    std::u16string text(TrimLeft(error, u"\n"));
+    if (with_.Service.IsHotkeyTaken()) {
+        text += Concat(u"\n", with_.Texts.LoadString(kStrTakeAnotherHotKey));
+    }
+    return text;
+}
+
+void TrayRequests::OnTrayNotify(std::uint32_t notice) {
+    switch (notice) {
+        case kNoticeLeftButtonUp:
+        case kNoticeRightButtonUp:
+            with_.View.ShowTrayMenu(TrayMenuPlace::Mouse);
+            break;
+        case kNoticeSelect:
+        case kNoticeKeySelect:
+        case kNoticeContextMenu:
+            // Of the mouse they come behind its own message, when the menu is open already.
+            with_.View.ShowTrayMenu(TrayMenuPlace::Icon);
+            break;
+        case kNoticeBalloonClick:
+            OnBalloonClick();
+            break;
+        default:
+            break;
+    }
+}
+
+void TrayRequests::OnBalloonClick() {
+    if (with_.Service.IsHotkeyTaken()) {
+        with_.Companions.StartEditor({.ShowSettings = true});
+    } else {
+        with_.View.ShowTrayMenu(TrayMenuPlace::Mouse);
+    }
+}
+
+void TrayRequests::BeginFirstRun(const FileLocations& locations) {
+    if (with_.Settings.IsNewVersion() && !locations.Portable) {
+        with_.View.StartTimer(kTimerFirstRun, kFirstRunMs);
+    }
+    if (with_.Settings.WasRead() && !with_.Settings.IsWelcomeAlreadyStarted()) {
+        with_.Companions.StartWelcome(true);
+    }
 }
 
 void TrayRequests::OnInstanceSignal(std::uintptr_t code) {
     if (code == kSignalAlreadyWorks) {
         with_.Flow.WhenIdle([this] {
+            std::optional<std::u16string> error;
             if (!with_.Service.IsServiceInstalled()) {
-                with_.Service.InstallService();
+                error = with_.Service.InstallService();
                 with_.History.StartWithRetry();
             }
             with_.Sounds.PlayEventSound(EventSound::AlreadyWorks);
             with_.Display.UpdateTrayIcon(TrayIconMode::ModifyWithBalloon,
                                          with_.Texts.LoadString(kStrAlreadyWorks), true);
+            if (error) {
+                with_.Display.ShowTrayBalloon(FailureText(*error), kFailureBalloonMs);
+            }
         });
     } else if (code == kSignalExit) {
         with_.Flow.Stop();
@@ -58,10 +108,35 @@ void TrayRequests::WatchHotkey() {
 
 void TrayRequests::OnEditorEnded() {
     with_.Log.Write(u"Detected event: PhraseEditor closed");
-    with_.Flow.WhenIdle([this] {
-        with_.Reader.Read();
-        ApplySettings();
-    });
+    with_.Flow.WhenIdle([this] { TakeChanges(); });
+}
+
+void TrayRequests::OnEditorState(EditorState state) {
+    switch (state) {
+        case EditorState::Failed:
+            with_.Companions.OnEditorNotStarted();
+            break;
+        case EditorState::Runs:
+            languageBefore_ = with_.Settings.Language;
+            break;
+        case EditorState::Closed:
+            with_.Flow.WhenIdle([this] {
+                TakeChanges();
+                if (!EqualsNoCase(languageBefore_, with_.Settings.Language)) {
+                    with_.Display.UpdateTrayIcon(TrayIconMode::ModifyWithBalloon);
+                }
+            });
+            break;
+    }
+}
+
+void TrayRequests::TakeChanges() {
+    with_.Reader.Read();
+    const auto error = with_.Service.Renew();
+    ApplySettings();
+    if (error) {
+        with_.Display.ShowTrayBalloon(FailureText(*error), kFailureBalloonMs);
+    }
 }
 
 void TrayRequests::OnSettingsReadLate() {
@@ -122,6 +197,10 @@ void TrayRequests::OnWaitError() {
 void TrayRequests::OnTimer(std::uintptr_t id) {
     if (id == kTimerPhraseMenu) {
         with_.Flow.OnMenuWanted();
+    } else if (id == kTimerFirstRun) {
+        with_.Autostart.SetAutostart(true);
+        // From now on the settings tell that this version was here.
+        with_.Reader.Save();
     } else if (id == kTimerTargetAnswer) {
         with_.Flow.OnAnswerOverdue();
     } else if (id == kTimerHeldHotkey) {

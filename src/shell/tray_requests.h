@@ -41,6 +41,8 @@ class TrayRequests {
         HistoryControl& History;
         QueryFlow& Flow;
         TrayCommands& Commands;
+        vbr::Companions& Companions;
+        AutostartControl& Autostart;
         TrayView& View;
         TrayDisplay& Display;
         EventSounds& Sounds;
@@ -58,8 +60,16 @@ class TrayRequests {
     void OnInstanceSignal(std::uintptr_t code);
     // The system tells of the hot key, by the key's event at that tick.
     void OnHotKey(std::uint32_t tick);
-    // The editor has changed settings and phrases.
+    // The shell tells of the icon: a mouse message, or a number of its own.
+    void OnTrayNotify(std::uint32_t notice);
+    // At the first start of this version, unless it lies on something that is carried about: it
+    // starts with Windows from now on if it doesn't end at once. Then the welcome program, if that
+    // was never there.
+    void BeginFirstRun(const FileLocations& locations);
+    // An editor of any start has ended and may have changed settings and phrases.
     void OnEditorEnded();
+    // Of an editor that this instance has started.
+    void OnEditorState(EditorState state);
     // The settings were read later than they were needed.
     void OnSettingsReadLate();
     void OnLanguageChanged();
@@ -77,11 +87,17 @@ class TrayRequests {
   private:
     // Phrases, texts, history and icon become as the settings say.
     void ApplySettings();
+    // The same with the service, after the settings were read again.
+    void TakeChanges();
+    void OnBalloonClick();
+    // What the user is told of a service that could not be turned on.
+    std::u16string FailureText(std::u16string_view error) const;
     // Looks whether the hot key was let go, and goes on looking until it is.
     void WatchHotkey();
 
     Collaborators with_;
     HeldHotkey heldHotkey_;
+    std::u16string languageBefore_;  // the editor's start
     Announcer<UiChange, std::uint32_t> uiObservers_;
 };
 

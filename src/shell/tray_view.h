@@ -8,6 +8,11 @@
 
 namespace vbr {
 
+enum class MessageIcon { Error, Warning };
+
+// Where the tray menu opens.
+enum class TrayMenuPlace { Mouse, Icon };
+
 // What the hidden window does for the shell: the icon in the notification area, timers, message
 // boxes, the menu. Belongs to the main thread.
 class TrayView {
@@ -29,10 +34,11 @@ class TrayView {
     // Takes the choice of a target that has fewer rights, or takes it no longer.
     virtual void AdmitChoice(bool on) = 0;
 
-    // Waits until the user has closed the box.
-    virtual void ShowError(std::u16string_view text) = 0;
-    // At the mouse; the command that is chosen is carried out when the menu is gone.
-    virtual void ShowTrayMenu() = 0;
+    // Waits until the user has closed the box, which may stand above all other windows.
+    virtual void ShowMessage(std::u16string_view text, MessageIcon icon, bool onTop = false) = 0;
+    // The command that is chosen is carried out when the menu is gone. While it is open, no second
+    // one opens.
+    virtual void ShowTrayMenu(TrayMenuPlace place) = 0;
     // A command for later, from the message queue.
     virtual void PostCommand(int command) = 0;
     // The program ends; a menu or a dialog that is open closes first, as if it was cancelled.

@@ -86,7 +86,8 @@ std::u16string CVBRUrl::GetVkUrl() {
     return std::u16string(kVkPage);
 }
 
-std::intptr_t OpenUrl(ShellOpener& shell, WindowHandle window, std::u16string_view url) {
+std::optional<SystemError> OpenUrl(ShellOpener& shell, WindowHandle window,
+                                   std::u16string_view url) {
     return shell.Open(window, url, ShowState::Maximized);
 }
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -35,8 +35,9 @@ class CVBRUrl {
     static std::u16string GetVkUrl();
 };
 
-// Opens the address in the user's browser, maximised; the shell's answer.
-std::intptr_t OpenUrl(ShellOpener& shell, WindowHandle window, std::u16string_view url);
+// Opens the address in the user's browser, maximised.
+std::optional<SystemError> OpenUrl(ShellOpener& shell, WindowHandle window,
+                                   std::u16string_view url);
 
 // Opens a new mail to the makers.
 void SendMail(ShellOpener& shell, WindowHandle window);

@@ -95,9 +95,7 @@ TEST_F(TrayWindowTest, ChoicesOfAnotherProcessAreCarriedOut) {
     Send(kMsgCommandFromSelf, 1);
     EXPECT_EQ(notepad.WaitForText(u"sent"), u"sent");
     for (const auto& [choice, command] :
-         {std::pair(kResultEditPhrases, kCmdEditPhrases),
-          std::pair(kResultHistoryPane, kCmdTogglePane),
-          std::pair(kResultSelectionIntoPhrase, kCmdAddSelectionAsPhrase)}) {
+         {std::pair(kResultHistoryPane, kCmdTogglePane)}) {
         Send(kMsgCommandFromSelf, static_cast<WPARAM>(choice));
         EXPECT_TRUE(WaitForLog(Concat(u"Command ", command, u" is not available")));
     }

@@ -5,7 +5,7 @@
 #include <set>
 #include <string>
 
-#include "shell/file_locations.h"
+#include "settings/file_locations.h"
 
 namespace vbr {
 

@@ -27,6 +27,7 @@ class FakeNamedObjects : public NamedObjects {
     std::map<Name, std::pair<EventReset, ObjectAccess>> Made;
     std::function<WaitResult(Name, std::uint32_t milliseconds)> OnWait;
     std::function<void(Name)> BeforeCreate = [](Name) {};
+    std::function<void(Name)> OnSet = [](Name) {};
 
     std::unique_ptr<NamedEvent> Create(Name name, EventReset reset, ObjectAccess access) override {
         BeforeCreate(name);
@@ -60,7 +61,10 @@ class FakeNamedObjects : public NamedObjects {
             }
         }
         bool WasThere() const override { return wasThere_; }
-        void Set() override { session_.SetByOwner.insert(name_); }
+        void Set() override {
+            session_.OnSet(name_);
+            session_.SetByOwner.insert(name_);
+        }
         void Reset() override { session_.SetByOwner.erase(name_); }
         WaitResult Wait(std::uint32_t ms) override { return session_.OnWait(name_, ms); }
         void ProtectFromClose(bool on) override { guarded_ = on; }

@@ -1,16 +1,20 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <algorithm>
 #include <filesystem>
 #include <functional>
+#include <memory>
 #include <set>
 #include <string>
 #include <vector>
 
+#include "fakes/fake_autostart.h"
 #include "fakes/fake_desktops.h"
 #include "fakes/fake_file_access.h"
 #include "fakes/fake_hotkeys.h"
 #include "fakes/fake_shared_memory.h"
+#include "fakes/held_event.h"
 #include "fakes/menu_fixture.h"
 #include "shell/tray_menu.h"
 #include "shell/tray_messages.h"
@@ -28,7 +32,7 @@ class FakeTrayView : public TrayView {
     std::set<std::uintptr_t> Timers;
     std::vector<std::uint32_t> Pauses;  // of all timers
     std::vector<std::u16string> Messages;
-    int MenusShown = 0;
+    std::vector<TrayMenuPlace> Menus;
     bool IsClosed = false;
     bool AdmitsChoice = false;
     std::u16string Tip;
@@ -50,8 +54,10 @@ class FakeTrayView : public TrayView {
         return true;
     }
     void AdmitChoice(bool on) override { AdmitsChoice = on; }
-    void ShowError(std::u16string_view text) override { Messages.emplace_back(text); }
-    void ShowTrayMenu() override { ++MenusShown; }
+    void ShowMessage(std::u16string_view text, MessageIcon, bool) override {
+        Messages.emplace_back(text);
+    }
+    void ShowTrayMenu(TrayMenuPlace place) override { Menus.push_back(place); }
     void PostCommand(int) override {}
     void Close() override { IsClosed = true; }
 };
@@ -85,10 +91,11 @@ class FakeHistoryCapture : public HistoryCapture {
 class FakeLogFile : public LogFile {
   public:
     std::u16string Running;
+    bool CanStart = true;
 
     bool StartLog(const std::u16string& path) override {
-        Running = path;
-        return true;
+        Running = CanStart ? path : u"";
+        return CanStart;
     }
     void StopLog() override { Running.clear(); }
     std::u16string Path() const override { return Running; }
@@ -98,16 +105,44 @@ class FakeLogFile : public LogFile {
 class RecordingOpener : public ShellOpener {
   public:
     std::vector<std::u16string> Opened;
+    std::vector<ShellStart> Started;
+    std::optional<SystemError> Error;
 
-    std::intptr_t Open(WindowHandle, std::u16string_view target, ShowState) override {
+    std::optional<SystemError> Open(WindowHandle, std::u16string_view target, ShowState) override {
         Opened.emplace_back(target);
-        return 33;
+        return Error;
     }
+    std::optional<SystemError> Start(WindowHandle, const ShellStart& start) override {
+        Started.push_back(start);
+        return Error;
+    }
+};
+
+// Starts processes that end at once, unless that way is refused.
+class FakeProcessStarter : public ProcessStarter {
+  public:
+    std::set<StartWay> Refused;
+    std::vector<std::pair<StartWay, std::u16string>> Starts;  // with the arguments
+
+    ProcessStart Start(StartWay way, std::u16string_view, std::u16string_view arguments) override {
+        Starts.emplace_back(way, arguments);
+        if (Refused.contains(way)) {
+            return {.Process = nullptr, .Error = {1223, u"refused"}};
+        }
+        return {.Process = std::make_unique<Ended>(), .Error = {}};
+    }
+
+  private:
+    struct Ended : StartedProcess {
+        bool WaitForEnd(NamedEvent&) override { return true; }
+    };
 };
 
 // All of the program but its window: the target is window 50, on the local route.
 struct ShellFixture : MenuFixture {
     static constexpr WindowHandle kTarget = 50;
+    static constexpr WindowHandle kTrayWindow = 7;
+    static constexpr std::u16string_view kModule = u"C:\\App\\Vellumbridge.exe";
 
     ShellFixture() {
         // The program looks for its phrases in a folder whose name ends in a backslash.
@@ -129,6 +164,14 @@ struct ShellFixture : MenuFixture {
         return Phrases.Folder.Path().string() + "\\/" + name + ".vellumbridge";
     }
     std::size_t PhraseCount() const { return Service.CountPhrases().Total; }
+    // Whether the editor was started so.
+    bool SeesStart(StartWay way, std::u16string_view arguments) {
+        return std::ranges::find(Processes.Starts, std::pair(way, std::u16string(arguments))) !=
+               Processes.Starts.end();
+    }
+    void CopyText(std::u16string_view text) {
+        Clipboard.Copy({StandardBlock(kClipUnicodeText, TextBytes(text))});
+    }
     void Expire(std::uintptr_t timer) {
         EXPECT_EQ(View.Timers.erase(timer), 1U) << timer;
         Requests.OnTimer(timer);
@@ -202,8 +245,42 @@ struct ShellFixture : MenuFixture {
                     .Display = Display,
                     .Sounds = Sounds,
                     .Log = Macros.Log,
-                    .RunCommand = [this](int command) { Commands.Run(command); }}};
+                    .RunCommand = [this](int command) { Commands.Run(command); },
+                    .StartEditor =
+                        [this](WindowHandle asker, std::u16string selection) {
+                            Editor.StartEditor(
+                                {.Window = asker, .SelectedText = std::move(selection)});
+                        }}};
+    FakeProcessStarter Processes;
+    FakeAutostart Autostart;
+    InstanceControl Instance{Objects, Autostart, Macros.Clock, Taken, Macros.Log};
+    HeldEvent StopEvent;
+    std::vector<std::pair<WindowHandle, EditorState>> EditorStates;
+    Companions Editor{
+        {.Settings = Settings,
+         .Locations = Locations,
+         .Files = Access,
+         .Shared = Hotkey.Shared(),
+         .Processes = Processes,
+         .Opener = Opener,
+         .Instance = Instance,
+         .View = View,
+         .Stop = StopEvent,
+         .Window = kTrayWindow,
+         .OnThread = [](const std::function<void()>& work) { work(); },
+         .Tell = [this](WindowHandle window,
+                        EditorState state) { EditorStates.emplace_back(window, state); },
+         .Log = Macros.Log}};
+    AutostartControl AutostartSwitch{Autostart, kModule, Macros.Log};
+    TrayHistory TrayClips{{.Queue = Clips.Queue,
+                           .Texts = Clips.Contents,
+                           .Clipboard = Clipboard,
+                           .Copy = [this](std::uint32_t id) {
+                               CopiedClips.push_back(id);
+                               return true;
+                           }}};
     TrayCommands Commands{{.Settings = Settings,
+                           .Locations = Locations,
                            .Reader = SettingsFile,
                            .Service = Service,
                            .History = History,
@@ -211,8 +288,19 @@ struct ShellFixture : MenuFixture {
                            .View = View,
                            .Display = Display,
                            .Sounds = Sounds,
+                           .Clipboard = Clipboard,
+                           .Clips = TrayClips,
+                           .Companions = Editor,
+                           .Autostart = AutostartSwitch,
                            .Opener = Opener,
+                           .Texts = Macros.Texts,
                            .Log = Macros.Log}};
+    TrayMenu TheMenu{{.Commands = Commands,
+                      .Service = Service,
+                      .Clips = TrayClips,
+                      .Settings = Settings,
+                      .History = History,
+                      .Texts = Macros.Texts}};
     TrayRequests Requests{{.Settings = Settings,
                            .Reader = SettingsFile,
                            .Profile = Profile,
@@ -222,6 +310,8 @@ struct ShellFixture : MenuFixture {
                            .History = History,
                            .Flow = Flow,
                            .Commands = Commands,
+                           .Companions = Editor,
+                           .Autostart = AutostartSwitch,
                            .View = View,
                            .Display = Display,
                            .Sounds = Sounds,

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "base/text.h"
+#include "fakes/fake_autostart.h"
 #include "fakes/fake_clock.h"
 #include "fakes/fake_named_objects.h"
 #include "fakes/journal.h"
@@ -69,18 +70,15 @@ TEST(SettingsStart, AHeldFileIsTriedForTwoSecondsAtMost) {
 
 using Names = std::vector<std::u16string_view>;
 
-struct FakeAutostart : Autostart {
-    void Delete() override {}
-};
-
 class InstanceStart : public testing::Test {
   protected:
     std::optional<int> Settle(std::u16string_view cmdLine, std::uint32_t delaySeconds = 0) {
         objects_.Signals.clear();
         objects_.Pulses.clear();
-        return control_.Settle(
-            CVBRCmdLine(cmdLine), delaySeconds, [this] { calls_.push_back("language"); },
-            [this] { calls_.push_back("help"); });
+        return control_.Settle(CVBRCmdLine(cmdLine), delaySeconds,
+                               {.MakeLanguage = [this] { calls_.push_back("language"); },
+                                .ShowHelp = [this] { calls_.push_back("help"); },
+                                .LetOthersToFront = [this] { calls_.push_back("let to front"); }});
     }
     void RunAnother() {
         objects_.Others = {kEventInstance, kEventEdit,        kEventShowMenu,
@@ -122,6 +120,7 @@ TEST_F(InstanceStart, ARunningInstanceIsSignalledAndThisProcessEnds) {
     }
     EXPECT_EQ(calls_.back(), "help");  // in the user's language, asked for by the last alone
     EXPECT_EQ(std::ranges::count(calls_, "help"), 1);
+    EXPECT_EQ(std::ranges::count(calls_, "let to front"), 8);  // not by the help
     EXPECT_EQ(control_.StopEvent(), nullptr);
 }
 
@@ -156,8 +155,7 @@ TEST_F(InstanceStart, OfTwoStartsInOneInstantTheLaterOneSignalsTheOther) {
 TEST_F(InstanceStart, TheInstanceEventIsGuardedAgainstClosing) {
     {
         InstanceControl forgotten(objects_, autostart_, clock_, taken_, log_);
-        forgotten.Settle(
-            CVBRCmdLine(u""), 0, [] {}, [] {});
+        forgotten.Settle(CVBRCmdLine(u""), 0, {[] {}, [] {}, [] {}});
     }
     EXPECT_TRUE(objects_.Exists(kEventInstance));
 }
@@ -222,6 +220,23 @@ TEST_F(InstanceStart, ATakeOverThatCannotWaitLogsTheReasonAndGoesOn) {
     objects_.Others = {kEventTakeOver};
     AnswerWaits(kEventTakeOver, 10000, WaitResult::TimedOut);
     EXPECT_EQ(Settle(u"/asadmin"), std::nullopt);
+}
+
+TEST_F(InstanceStart, TheInstanceThatIsTakenOverLetsGoOfTheNameBeforeItTellsTheOther) {
+    EXPECT_EQ(Settle(u""), std::nullopt);
+    objects_.Refused = {kEventTakeOver};
+    EXPECT_FALSE(control_.PrepareTakeOver());
+    objects_.Refused.clear();
+    EXPECT_TRUE(control_.PrepareTakeOver());
+    EXPECT_EQ(objects_.Made[kEventTakeOver], std::pair(EventReset::Manual, ObjectAccess::Default));
+    EXPECT_TRUE(objects_.Exists(kEventTakeOver));
+    bool wasFree = false;
+    objects_.OnSet = [&](std::u16string_view name) {
+        wasFree = name == kEventTakeOver && !objects_.Exists(kEventInstance);
+    };
+    control_.Release();
+    EXPECT_TRUE(wasFree);
+    EXPECT_FALSE(objects_.Exists(kEventTakeOver));
 }
 
 }  // namespace

@@ -67,7 +67,7 @@ TEST(Announcer, TellsAllButTheSenderAndThoseWhoLeftMeanwhile) {
 class Tray : public testing::Test, protected ShellFixture {
   protected:
     const MenuEntry& Entry(int id) {
-        menu_ = BuildTrayMenu(Commands, Service.CountPhrases(), Macros.Texts);
+        menu_ = TheMenu.Entries(true);
         return *FindCommand(menu_, id);
     }
     bool IsOn(int id) { return Entry(id).Checked; }
@@ -163,7 +163,7 @@ TEST_F(Tray, CommandsThatOpenSomethingOpenIt) {
     EXPECT_EQ(Opener.Opened[0], CVBRUrl::GetForumUrl());
     EXPECT_TRUE(Opener.Opened[1].starts_with(u"mailto:"));
     Commands.Run(kCmdShowTrayMenu);
-    EXPECT_EQ(View.MenusShown, 1);
+    EXPECT_THAT(View.Menus, ElementsAre(TrayMenuPlace::Mouse));
     AddPhrase("p", u"text");
     Commands.Run(kCmdShowPhraseMenu);
     Expire(kTimerPhraseMenu);
@@ -173,7 +173,7 @@ TEST_F(Tray, CommandsThatOpenSomethingOpenIt) {
 }
 
 TEST_F(Tray, ACommandThatTheProgramLacksIsGrayAndRunsNothing) {
-    for (const int id : {kCmdEditPhrases, kCmdCheckForUpdates, kCmdTogglePane}) {
+    for (const int id : {kCmdAbout, kCmdCheckForUpdates, kCmdTogglePane, kCmdMenuOnMouseEvent}) {
         EXPECT_FALSE(CanBeChosen(id));
         Commands.Run(id);
         EXPECT_TRUE(Told(Concat(u"Command ", id, u" is not available")));
@@ -194,8 +194,9 @@ class TranslatedStrings : public EmbeddedStrings {
 };
 
 TEST_F(Tray, TheCountReplacesTheBracketsOfATranslation) {
-    const auto menu = BuildTrayMenu(Commands, {.Total = 7, .Enabled = 6}, TranslatedStrings());
-    EXPECT_EQ(FindCommand(menu, kCmdRereadPhrases)->Text, u"Neu lesen [6/7]");
+    const TranslatedStrings texts;
+    TrayMenu menu({Commands, Service, TrayClips, Settings, History, texts});
+    EXPECT_EQ(FindCommand(menu.Entries(false), kCmdRereadPhrases)->Text, u"Neu lesen [0/0]");
 }
 
 TEST_F(Tray, AnIconThatTheShellRefusesIsTriedAgainAndThenTellsHowTheStartWent) {
@@ -217,9 +218,11 @@ TEST_F(Tray, AnIconThatTheShellRefusesIsTriedAgainAndThenTellsHowTheStartWent) {
     EXPECT_EQ(View.Balloon, u"more");
     Expire(kTimerHideBalloon);
     EXPECT_EQ(View.Balloon, u"");
-    // The shell announces itself again.
+    // The shell announces itself again, perhaps with the icon still there.
     View.TakesIcons = false;
-    Display.InstallWithRetry();
+    View.Icons = {TrayIconMode::Modify};
+    Display.OnTaskbarCreated();
+    EXPECT_THAT(View.Icons, ElementsAre(TrayIconMode::Add));
     EXPECT_EQ(View.Balloon, u"");
     for (int i = 1; i < 200; ++i) {
         Expire(kTimerInstallIcon);
@@ -259,6 +262,117 @@ TEST_F(Tray, TheEditorsEndRereadsSettingsAndPhrasesAndBlinksFourTimes) {
     }
     EXPECT_FALSE(View.Timers.contains(kTimerBlink));
     EXPECT_EQ(View.Blinks, (std::vector{true, false, true, false, true, false, true, false}));
+}
+
+TEST_F(Tray, AnEditorThatWasStartedHereBringsHotKeyAndLanguageWithOneBlink) {
+    Requests.OnEditorState(EditorState::Runs);
+    Settings.HotkeyVk = 112;
+    Settings.SetLanguage(u"German.lng");
+    Settings.Save();
+    Settings.HotkeyVk = 13;
+    Settings.SetLanguage(u"");
+    Requests.OnEditorEnded();
+    Expire(kTimerBlink);
+    Requests.OnEditorState(EditorState::Closed);
+    EXPECT_THAT(Calls, testing::IsSupersetOf({"unregister", "register 3+112"}));
+    EXPECT_EQ(View.Icons.back(), TrayIconMode::ModifyWithBalloon);
+    for (; View.Timers.contains(kTimerBlink);) {
+        Expire(kTimerBlink);
+    }
+    // The second one only lasts longer.
+    EXPECT_EQ(View.Blinks,
+              (std::vector{true, false, true, false, true, false, true, false, true, false}));
+    EXPECT_EQ(std::ranges::count(Heard(), "SystemNotification"), 1);
+}
+
+TEST_F(Tray, AHotKeyThatIsTakenIsNamedAndAClickLeadsToWhereAnotherIsChosen) {
+    Commands.Run(kCmdEnableService);
+    Requests.OnTrayNotify(kNoticeBalloonClick);
+    EXPECT_EQ(View.Menus.size(), 1U);
+    Hotkeys.Error = SystemError{1409, u"taken"};
+    Requests.OnInstanceSignal(kSignalAlreadyWorks);
+    EXPECT_NE(View.Balloon.find(u"hot key Ctrl+Alt+Key13"), std::u16string::npos);
+    EXPECT_TRUE(View.Balloon.ends_with(Macros.Texts.LoadString(kStrTakeAnotherHotKey)));
+    EXPECT_LE(View.Balloon.size(), 255U);
+    Requests.OnTrayNotify(kNoticeBalloonClick);
+    EXPECT_EQ(View.Menus.size(), 1U);
+    EXPECT_TRUE(SeesStart(StartWay::Elevated, u" /settings"));
+}
+
+TEST_F(Tray, TheIconsNoticesOpenTheMenuWhereTheHandIs) {
+    for (const std::uint32_t notice : {512U, 513U, 516U, 1026U, 1027U, 1028U}) {
+        Requests.OnTrayNotify(notice);
+    }
+    EXPECT_THAT(View.Menus, IsEmpty());
+    for (const std::uint32_t notice :
+         {kNoticeLeftButtonUp, kNoticeRightButtonUp, kNoticeBalloonClick, kNoticeSelect,
+          kNoticeKeySelect, kNoticeContextMenu}) {
+        Requests.OnTrayNotify(notice);
+    }
+    using enum TrayMenuPlace;
+    EXPECT_THAT(View.Menus, ElementsAre(Mouse, Mouse, Mouse, Icon, Icon, Icon));
+}
+
+TEST_F(Tray, EntriesTellCountsDelayAndWhatCanBeDone) {
+    Settings.DelayAutoLoadSeconds = 30;
+    EXPECT_EQ(Entry(kCmdStartWithWindows).Text, u"Start With Windows (+30sec)");
+    Settings.DelayAutoLoadSeconds = 0;
+    EXPECT_EQ(Entry(kCmdStartWithWindows).Text, u"Start With Windows");
+    Settings.AutoCheckForUpdates = true;
+    EXPECT_TRUE(IsOn(kCmdCheckForUpdates));
+    EXPECT_FALSE(CanBeChosen(kCmdSavePhraseFromClipboard));
+    CopyText(u"text");
+    EXPECT_TRUE(CanBeChosen(kCmdSavePhraseFromClipboard));
+    Settings.ClipboardHistoryMax = 40;
+    Capture.Keeping = true;
+    Clips.AddClips(3);
+    const auto menu = TheMenu.Entries(false);
+    const auto history = std::ranges::find_if(
+        menu, [](const MenuEntry& entry) { return IsHistoryMenu(entry.Children); });
+    EXPECT_EQ(history->Text, u"Clipboard History [3/40]");
+    EXPECT_TRUE(history->Checked);
+    EXPECT_EQ(history->Children.size(), 4U);
+}
+
+TEST_F(Tray, ClipsKeepTheirEntriesWhileTheMenuIsOpen) {
+    Clips.AddClip(u"\tA & B");
+    Clips.AddClip(u"on the clipboard");
+    Clips.AddClip(u"newest");
+    CopyText(u"on the clipboard");
+    const MenuEntry* first = &Entry(kCmdFirstTrayHistory);
+    EXPECT_TRUE(first[-1].IsSeparator());
+    EXPECT_EQ(first[0].Text, u" newest");
+    EXPECT_TRUE(!first[0].Default && first[1].Default && !first[2].Default);
+    EXPECT_EQ(first[2].Text, u" A && B");
+    const std::uint32_t id = Clips.Queue.GetItem(2)->id;
+    Clips.AddClip(u"copied under the open menu");
+    Commands.Run(kCmdFirstTrayHistory + 2);
+    EXPECT_THAT(CopiedClips, ElementsAre(id));
+    Commands.Run(kCmdFirstTrayHistory + 3);  // not in the menu
+    EXPECT_EQ(CopiedClips.size(), 1U);
+    TrayClips.Forget();
+    Commands.Run(kCmdFirstTrayHistory + 3);  // another program's, by the place
+    EXPECT_THAT(CopiedClips, ElementsAre(id, id));
+    Commands.Run(kCmdLastTrayHistory);
+    EXPECT_TRUE(Told(u"no clip for command 34099"));
+    for (int i = 0; i < 200; ++i) {
+        Clips.AddClip(Concat(u"clip ", i));
+    }
+    EXPECT_EQ(Entry(kCmdLastTrayHistory).Text, u" clip 100");
+    EXPECT_FALSE(FindCommand(menu_, kCmdLastTrayHistory + 1));
+    // Without clips nothing parts them off.
+    Clips.Queue.Clear();
+    EXPECT_EQ(FindCommand(TheMenu.Entries(true), kCmdFirstTrayHistory), nullptr);
+}
+
+TEST_F(Tray, ALogThatCannotBeStartedIsToldAndNotChecked) {
+    Macros.Log.On = false;
+    LogOfUser.CanStart = false;
+    Commands.Run(kCmdWriteLog);
+    EXPECT_FALSE(IsOn(kCmdWriteLog));
+    EXPECT_FALSE(Settings.WriteLog);
+    ASSERT_EQ(View.Messages.size(), 1U);
+    EXPECT_TRUE(View.Messages[0].ends_with(Locations.LogFile));
 }
 
 class HeldSettings : public Tray {

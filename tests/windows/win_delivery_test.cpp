@@ -58,9 +58,9 @@ TEST(WinShellOpener, OpensAFileAndTellsOfAMissingOne) {
     TempFolder folder;
     folder.Write(u"привет a.cmd", "@>\"%~dp0seen.txt\" echo seen %*\r\n");
     const std::u16string path = (folder.Path() / u"привет a.cmd").u16string();
-    EXPECT_GT(WinShellOpener().Open(0, path, ShowState::Normal), 32);
+    EXPECT_EQ(WinShellOpener().Open(0, path, ShowState::Normal), std::nullopt);
     EXPECT_TRUE(PumpUntil([&] { return folder.Read("seen.txt") == "seen \r\n"; }));
-    EXPECT_LE(WinShellOpener().Open(0, path + u".txt", ShowState::Normal), 32);
+    EXPECT_TRUE(WinShellOpener().Open(0, path + u".txt", ShowState::Normal));
 }
 
 // The command line of a program whose parameters hold values, as the system takes it apart.

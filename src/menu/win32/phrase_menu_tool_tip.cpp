@@ -5,6 +5,7 @@
 
 #include "base/text.h"
 #include "base/version.h"
+#include "menu/command_icons.h"
 #include "platform/win32/wide.h"
 #include "resources/resource_ids.h"
 
@@ -21,25 +22,6 @@ std::u16string OpenWithProgram() {
     return Concat(std::u16string_view(FromWide(folder)), u"\\OpenWith.exe");
 }
 
-int IconOfCommand(std::uint32_t id) {
-    switch (id) {
-        case kCmdSupport:
-        case kCmdOpenAsUrl:
-        case kCmdOpenSourceUrl:
-            return kIconUrl;
-        case kCmdMenuSearchGoogle:
-            return kIconGoogle;
-        case kCmdMenuSearchYandex:
-            return kIconYandex;
-        case kCmdMenuSearchMsdn:
-            return kIconMsdn;
-        case kCmdMenuSearchWikipedia:
-            return kIconWikipedia;
-        default:
-            return kIconProgram;
-    }
-}
-
 }  // namespace
 
 void CPhraseMenuToolTip::Create(HWND owner) {
@@ -53,7 +35,7 @@ void CPhraseMenuToolTip::DressTip() {
 
 HICON CPhraseMenuToolTip::GetCommandIcon(std::uint32_t id) {
     HICON program = nullptr;
-    if (id == kCmdEditPhrases || id == kCmdAddSelectionAsPhrase) {
+    if (IsEditorCommand(id)) {
         program = painter_.Icons().GetProgram(editor_);
     } else if (id == kCmdOpenWith) {
         program = painter_.Icons().GetProgram(OpenWithProgram());

@@ -14,8 +14,9 @@ UINT StateOf(const MenuEntry& entry) {
     return state;
 }
 
-void AppendEntry(HMENU menu, const MenuEntry& entry) {
-    std::u16string text = entry.Text;
+// All but a sub-menu; `text` is the entry's and outlives the call that takes this.
+MENUITEMINFOW InfoOf(const MenuEntry& entry, std::u16string& text) {
+    text = entry.Text;
     MENUITEMINFOW info{};
     info.cbSize = sizeof info;
     info.fMask = MIIM_FTYPE | MIIM_STATE | MIIM_ID | MIIM_STRING;
@@ -24,6 +25,12 @@ void AppendEntry(HMENU menu, const MenuEntry& entry) {
     info.fState = StateOf(entry);
     info.wID = static_cast<UINT>(entry.Id);
     info.dwTypeData = Wide(text.data());
+    return info;
+}
+
+void AppendEntry(HMENU menu, const MenuEntry& entry) {
+    std::u16string text;
+    MENUITEMINFOW info = InfoOf(entry, text);
     UniqueMenu popup;
     if (entry.IsSubMenu()) {
         popup = MakePopupMenu(entry.Children);
@@ -44,6 +51,27 @@ UniqueMenu MakePopupMenu(const std::vector<MenuEntry>& entries) {
         AppendEntry(menu.get(), entry);
     }
     return menu;
+}
+
+void UpdatePopupMenu(HMENU menu, const std::vector<MenuEntry>& entries) {
+    const auto count = static_cast<int>(entries.size());
+    for (int i = GetMenuItemCount(menu); i > count; --i) {
+        DeleteMenu(menu, static_cast<UINT>(i - 1), MF_BYPOSITION);
+    }
+    for (int i = 0; i < count; ++i) {
+        if (i >= GetMenuItemCount(menu)) {
+            AppendEntry(menu, entries[static_cast<std::size_t>(i)]);
+            continue;
+        }
+        std::u16string text;
+        MENUITEMINFOW info = InfoOf(entries[static_cast<std::size_t>(i)], text);
+        MENUITEMINFOW before{};
+        before.cbSize = sizeof before;
+        before.fMask = MIIM_STATE;
+        GetMenuItemInfoW(menu, static_cast<UINT>(i), TRUE, &before);
+        info.fState |= before.fState & MFS_HILITE;
+        SetMenuItemInfoW(menu, static_cast<UINT>(i), TRUE, &info);
+    }
 }
 
 }  // namespace vbr

@@ -7,7 +7,9 @@ namespace vbr {
 
 class WinShellOpener : public ShellOpener {
   public:
-    std::intptr_t Open(WindowHandle owner, std::u16string_view target, ShowState show) override;
+    std::optional<SystemError> Open(WindowHandle owner, std::u16string_view target,
+                                    ShowState show) override;
+    std::optional<SystemError> Start(WindowHandle owner, const ShellStart& start) override;
 };
 
 }  // namespace vbr

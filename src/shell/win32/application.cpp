@@ -11,6 +11,7 @@
 #include "platform/date_forms.h"
 #include "platform/object_names.h"
 #include "platform/win32/common_controls.h"
+#include "platform/win32/module_path.h"
 #include "platform/win32/own_file.h"
 #include "platform/win32/wide.h"
 #include "platform/win32/win_menu_font.h"
@@ -22,22 +23,6 @@
 
 namespace vbr {
 namespace {
-
-std::u16string ModulePath() {
-    std::u16string path(MAX_PATH, u'\0');
-    DWORD length = 0;
-    while ((length = GetModuleFileNameW(nullptr, Wide(path.data()),
-                                        static_cast<DWORD>(path.size()))) == path.size()) {
-        path.resize(path.size() * 2);
-    }
-    path.resize(length);
-    return path;
-}
-
-SettingsFiles SettingsFilesOf(const FileLocations& locations) {
-    return {locations.SettingsFile, locations.LocalSettings, locations.UserSettings,
-            locations.ProgramFolder, locations.ModulePath.substr(locations.ProgramFolder.size())};
-}
 
 // COM and the controls that the windows use, for as long as this lives.
 class WindowToolkit {
@@ -91,8 +76,11 @@ int Application::Main(std::u16string_view rawCmdLine) {
     const CVBRCmdLine cmdLine(rawCmdLine);
     log_.Write(Concat(u"Start Vellumbridge ", VersionText(), u" with cmdline [", rawCmdLine,
                       u"] on ", DateAndTime()));
-    const std::optional<int> exitCode = instance_.Settle(
-        cmdLine, settings_.DelayAutoLoadSeconds, [] {}, [this] { ShowHelp(); });
+    const std::optional<int> exitCode =
+        instance_.Settle(cmdLine, settings_.DelayAutoLoadSeconds,
+                         {.MakeLanguage = [] {},
+                          .ShowHelp = [this] { ShowHelp(); },
+                          .LetOthersToFront = [] { AllowSetForegroundWindow(ASFW_ANY); }});
     if (exitCode) {
         return *exitCode;
     }
@@ -135,6 +123,8 @@ int Application::RunResident(const CVBRCmdLine& cmdLine) {
                       .Stop = stop,
                       .Bound = bound,
                       .Events = events,
+                      .Instance = instance_,
+                      .Autostart = autostart_,
                       .Taken = taken_,
                       .ForcedRoute = forcedRoute_});
     const auto signal = [&tray](std::uintptr_t code) {

@@ -19,7 +19,7 @@
 #include "settings/embedded_strings.h"
 #include "settings/settings.h"
 #include "shell/command_line.h"
-#include "shell/file_locations.h"
+#include "settings/file_locations.h"
 #include "shell/hotkey_service.h"
 #include "shell/instance_control.h"
 #include "shell/temp_files.h"

@@ -32,6 +32,18 @@ constexpr WatchedEvent kLateEvents[] = {
     {kEventFloatPaneBlink, EventReset::Automatic, ObjectAccess::World, kMsgPaneBlink},
 };
 
+std::u16string_view TrackingMethodText(TrackingState state) {
+    switch (state) {
+        case TrackingState::NotTried:
+            return u"no try install service of clipboard history";
+        case TrackingState::Listener:
+            return u"using AddClipboardListener";
+        case TrackingState::Viewer:
+            return u"using SetClipboardViewer";
+    }
+    return u"using unknow method";
+}
+
 WindowHandle NumberOf(HWND window) {
     return reinterpret_cast<WindowHandle>(window);
 }
@@ -283,8 +295,38 @@ Program::Program(const ProcessContext& process, HWND window, TrayView& view)
              .Display = display_,
              .Sounds = sounds_,
              .Log = process.Log,
-             .RunCommand = [this](int command) { commands_.Run(command); }}),
+             .RunCommand = [this](int command) { commands_.Run(command); },
+             .StartEditor =
+                 [this](WindowHandle asker, std::u16string selection) {
+                     companions_.StartEditor(
+                         {.Window = asker, .SelectedText = std::move(selection)});
+                 }}),
+      companions_(
+          {.Settings = process.Settings,
+           .Locations = process.Locations,
+           .Files = process.Access,
+           .Shared = hotkey_.Shared(),
+           .Processes = processes_,
+           .Opener = opener_,
+           .Instance = process.Instance,
+           .View = view,
+           .Stop = process.Stop,
+           .Window = NumberOf(window),
+           .Elevated = elevated_,
+           .OnThread = [this](std::function<void()> work) { editors_.Start(std::move(work)); },
+           .Tell =
+               [](WindowHandle told, EditorState state) {
+                   PostMessageW(reinterpret_cast<HWND>(told), kMsgEditorState,
+                                static_cast<WPARAM>(state), 0);
+               },
+           .Log = process.Log}),
+      autostart_(process.Autostart, process.Locations.ModulePath, process.Log),
+      clips_({.Queue = handler_.Queue(),
+              .Texts = itemTexts_,
+              .Clipboard = clipboard_,
+              .Copy = [this](std::uint32_t id) { return itemClipboard_.PutItemOnClipboard(id); }}),
       commands_({.Settings = process.Settings,
+                 .Locations = process.Locations,
                  .Reader = settingsReader_,
                  .Service = service_,
                  .History = history_,
@@ -292,9 +334,34 @@ Program::Program(const ProcessContext& process, HWND window, TrayView& view)
                  .View = view,
                  .Display = display_,
                  .Sounds = sounds_,
+                 .Clipboard = clipboard_,
+                 .Clips = clips_,
+                 .Companions = companions_,
+                 .Autostart = autostart_,
                  .Opener = opener_,
+                 .Texts = process.Texts,
                  .Window = NumberOf(window),
                  .Log = process.Log}),
+      trayMenu_({.Commands = commands_,
+                 .Service = service_,
+                 .Clips = clips_,
+                 .Settings = process.Settings,
+                 .History = history_,
+                 .Texts = process.Texts}),
+      tips_({.Settings = process.Settings,
+             .Locations = process.Locations,
+             .Service = service_,
+             .Commands = commands_,
+             .Clips = clips_,
+             .Messages = process.Messages,
+             .Clipboard = clipboard_,
+             .Ansi = ansi_,
+             .Items = itemTexts_,
+             .Clock = process.Clock,
+             .Locale = process.Locale,
+             .Texts = process.Texts,
+             .HistoryFolder = process.Locations.ProgramFolder + std::u16string(kHistoryFolderName),
+             .TrackingMethod = [this] { return TrackingMethodText(handler_.Tracking()); }}),
       requests_({.Settings = process.Settings,
                  .Reader = settingsReader_,
                  .Profile = process.Profile,
@@ -304,6 +371,8 @@ Program::Program(const ProcessContext& process, HWND window, TrayView& view)
                  .History = history_,
                  .Flow = flow_,
                  .Commands = commands_,
+                 .Companions = companions_,
+                 .Autostart = autostart_,
                  .View = view,
                  .Display = display_,
                  .Sounds = sounds_,
@@ -318,6 +387,9 @@ Program::Program(const ProcessContext& process, HWND window, TrayView& view)
                         requests_.UiObservers().Announce(UiChange::Session, reason);
                     }},
                process.Log) {
+    // The editor shows it.
+    history_.KeepObservers().Add(this,
+                                 [this](bool) { process_.Objects.Pulse(kEventOptionsChanged); });
     handler_.OnSpyStateChanged([this](bool) { history_.AnnounceKeep(); });
     process.Bound.SetSavers({handler_.Busy(), saver_.Busy()}, [this] {
         handler_.SaveForHangingThread();
@@ -354,7 +426,22 @@ void Program::Start() {
     if (process_.CmdLine.ShowMenu()) {
         PostMessageW(window_, kMsgShowMenuRequest, 0, 0);
     }
+    requests_.BeginFirstRun(process_.Locations);
     process_.Events.Start();
+}
+
+CTrayMenuToolTip::Source Program::MenuTips() {
+    return {.Tip =
+                [this](std::uint32_t id, std::u16string& text, std::u16string& title) {
+                    auto tip = tips_.TipOf(id);
+                    if (tip) {
+                        text = std::move(tip->Text);
+                        title = std::move(tip->Title);
+                    }
+                    return tip.has_value();
+                },
+            .IsOn = [this] { return process_.Settings.MenuToolTips; },
+            .Editor = process_.Locations.Editor()};
 }
 
 void Program::WatchEvents() {

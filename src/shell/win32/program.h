@@ -24,9 +24,11 @@
 #include "macros/phrase_texts.h"
 #include "macros/win32/prompt_dialog_window.h"
 #include "menu/right_menu_commands.h"
+#include "menu/win32/command_tool_tip.h"
 #include "menu/win32/popup_menu.h"
 #include "platform/clipboard_snapshot.h"
 #include "platform/my_copy.h"
+#include "platform/task_threads.h"
 #include "platform/win32/named_event_thread.h"
 #include "platform/win32/win_ansi_text.h"
 #include "platform/win32/win_bitmaps.h"
@@ -36,6 +38,7 @@
 #include "platform/win32/win_hotkey_registrar.h"
 #include "platform/win32/win_input_injector.h"
 #include "platform/win32/win_input_join.h"
+#include "platform/win32/win_process_starter.h"
 #include "platform/win32/win_program_starter.h"
 #include "platform/win32/win_program_windows.h"
 #include "platform/win32/win_rich_text_engine.h"
@@ -45,16 +48,22 @@
 #include "platform/win32/win_system_info.h"
 #include "platform/win32/win_target_windows.h"
 #include "settings/settings.h"
+#include "shell/autostart_control.h"
 #include "shell/command_line.h"
-#include "shell/file_locations.h"
+#include "shell/companions.h"
+#include "settings/file_locations.h"
 #include "shell/history_control.h"
 #include "shell/hotkey_service.h"
+#include "shell/instance_control.h"
 #include "shell/query_flow.h"
 #include "shell/service_control.h"
 #include "shell/settings_reader.h"
 #include "shell/tray_commands.h"
 #include "shell/tray_display.h"
+#include "shell/tray_history.h"
+#include "shell/tray_menu.h"
 #include "shell/tray_requests.h"
+#include "shell/tray_tips.h"
 #include "shell/tray_view.h"
 #include "shell/win32/forced_end.h"
 
@@ -79,6 +88,8 @@ struct ProcessContext {
     NamedEvent& Stop;          // set when the program ends
     ForcedEnd& Bound;          // of the time that the end takes
     NamedEventThread& Events;  // not yet started
+    InstanceControl& Instance;
+    vbr::Autostart& Autostart;
     TakenNames& Taken;
     std::optional<RouteKind> ForcedRoute;  // for tests
 };
@@ -140,6 +151,9 @@ class Program {
     HistoryControl& History() { return history_; }
     CVBRWndClipboardHandler& Handler() { return handler_; }
     SessionWatch& Session() { return session_; }
+    TrayMenu& Menu() { return trayMenu_; }
+    TrayHistory& Clips() { return clips_; }
+    CTrayMenuToolTip::Source MenuTips();
     // The query whose addresses a message of the wait thread gives.
     std::shared_ptr<QueryExchange> FindQuery(WPARAM query, LPARAM answer) {
         return queryWait_.Find(query, answer);
@@ -221,7 +235,14 @@ class Program {
     HandlerCapture capture_;
     HistoryControl history_;
     QueryFlow flow_;
+    WinProcessStarter processes_;
+    Companions companions_;
+    TaskThreads editors_;
+    AutostartControl autostart_;
+    TrayHistory clips_;
     TrayCommands commands_;
+    TrayMenu trayMenu_;
+    TrayTips tips_;
     TrayRequests requests_;
     CWtsNotify sessionNotify_;
     SessionWatch session_;

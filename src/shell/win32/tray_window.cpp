@@ -4,14 +4,12 @@
 #include "base/text.h"
 #include "platform/object_names.h"
 #include "platform/win32/auto_foreground_window.h"
-#include "platform/win32/menu_handle.h"
 #include "platform/win32/modal_loops.h"
 #include "platform/win32/received.h"
 #include "platform/win32/wide.h"
 #include "platform/win32/window_icons.h"
 #include "resources/resource_ids.h"
 #include "shell/choice_block.h"
-#include "shell/tray_menu.h"
 #include "shell/tray_messages.h"
 
 namespace vbr {
@@ -65,9 +63,13 @@ std::optional<LRESULT> CVBRTrayWnd::OnMessage(UINT message, WPARAM wParam, LPARA
         {WM_COMMAND, &CVBRTrayWnd::OnCommand},
         {WM_COPYDATA, &CVBRTrayWnd::OnCopyData},
         {WM_NOTIFY, &CVBRTrayWnd::OnNotify},
+        {WM_INITMENUPOPUP, &CVBRTrayWnd::OnInitMenuPopup},
+        {WM_MENUSELECT, &CVBRTrayWnd::OnMenuSelect},
+        {WM_ENTERIDLE, &CVBRTrayWnd::OnEnterIdle},
         {kMsgInstallTrayIcon, &CVBRTrayWnd::OnInstallTrayIcon},
         {kMsgTrayNotify, &CVBRTrayWnd::OnTrayNotify},
         {kMsgQueryReady, &CVBRTrayWnd::OnQueryReady},
+        {kMsgEditorState, &CVBRTrayWnd::OnEditorState},
         {kMsgEditorEnded, &CVBRTrayWnd::OnEditorEnded},
         {kMsgGetPaneTitle, &CVBRTrayWnd::OnGetPaneTitle},
         {kMsgInstallSpy, &CVBRTrayWnd::OnInstallSpy},
@@ -75,6 +77,7 @@ std::optional<LRESULT> CVBRTrayWnd::OnMessage(UINT message, WPARAM wParam, LPARA
         {kMsgCommandFromSelf, &CVBRTrayWnd::OnCommandFromSelf},
         {kMsgGetQueue, &CVBRTrayWnd::OnGetQueue},
         {kMsgWaitError, &CVBRTrayWnd::OnWaitError},
+        {kMsgHideTip, &CVBRTrayWnd::OnHideTip},
         {kMsgShowMenuRequest, &CVBRTrayWnd::OnShowMenuRequest},
         {kMsgRightMenuCommand, &CVBRTrayWnd::OnRightMenuCommand},
         {kMsgLanguageChanged, &CVBRTrayWnd::OnLanguageChanged},
@@ -83,6 +86,8 @@ std::optional<LRESULT> CVBRTrayWnd::OnMessage(UINT message, WPARAM wParam, LPARA
     };
     if (message == WM_CREATE) {
         program_ = std::make_unique<Program>(process_, Handle(), static_cast<TrayView&>(*this));
+        menu_ = std::make_unique<TrayMenuPopup>(Handle(), program_->Menu(), program_->MenuTips(),
+                                                process_.Texts, process_.Clock, process_.Log);
     }
     if (!program_) {
         return std::nullopt;
@@ -92,7 +97,7 @@ std::optional<LRESULT> CVBRTrayWnd::OnMessage(UINT message, WPARAM wParam, LPARA
         return 0;
     }
     if (message == taskbarCreated_) {
-        program_->Display().InstallWithRetry();
+        program_->Display().OnTaskbarCreated();
         return 0;
     }
     if (message == addMessage_) {
@@ -132,7 +137,7 @@ LRESULT CVBRTrayWnd::OnTimer(WPARAM id, LPARAM) {
         StartTimer(kTimerEnd, kEndMs);
     } else if (id == kTimerLateWatchers) {
         program_->WatchLateEvents();
-    } else {
+    } else if (!menu_->OnTimer(id)) {
         program_->Requests().OnTimer(id);
     }
     return 0;
@@ -178,15 +183,34 @@ LRESULT CVBRTrayWnd::OnNotify(WPARAM control, LPARAM header) {
             program_->History().OnNotice(notice->Header.code, notice->Parameter,
                                          GetClipboardSequenceNumber());
         }
+        return 0;
     }
+    const auto notice = Received<NMHDR>(process_.Faults, header);
+    return notice && menu_->OnNotify(*notice);
+}
+
+LRESULT CVBRTrayWnd::OnTrayNotify(WPARAM, LPARAM notice) {
+    program_->Requests().OnTrayNotify(static_cast<std::uint32_t>(notice));
     return 0;
 }
 
-LRESULT CVBRTrayWnd::OnTrayNotify(WPARAM, LPARAM mouseMessage) {
-    if (mouseMessage == WM_LBUTTONUP || mouseMessage == WM_RBUTTONUP ||
-        mouseMessage == NIN_BALLOONUSERCLICK) {
-        ShowTrayMenu();
-    }
+LRESULT CVBRTrayWnd::OnInitMenuPopup(WPARAM menu, LPARAM) {
+    menu_->OnInitMenuPopup(reinterpret_cast<HMENU>(menu));
+    return 0;
+}
+
+LRESULT CVBRTrayWnd::OnMenuSelect(WPARAM item, LPARAM menu) {
+    menu_->OnMenuSelect(item, menu);
+    return 0;
+}
+
+LRESULT CVBRTrayWnd::OnEnterIdle(WPARAM reason, LPARAM window) {
+    menu_->OnEnterIdle(reason, window);
+    return 0;
+}
+
+LRESULT CVBRTrayWnd::OnHideTip(WPARAM, LPARAM) {
+    menu_->HideTip();
     return 0;
 }
 
@@ -201,6 +225,13 @@ LRESULT CVBRTrayWnd::OnQueryReady(WPARAM query, LPARAM answer) {
 
 LRESULT CVBRTrayWnd::OnWaitError(WPARAM, LPARAM) {
     program_->Requests().OnWaitError();
+    return 0;
+}
+
+LRESULT CVBRTrayWnd::OnEditorState(WPARAM state, LPARAM) {
+    if (state <= static_cast<WPARAM>(EditorState::Closed)) {
+        program_->Requests().OnEditorState(static_cast<EditorState>(state));
+    }
     return 0;
 }
 
@@ -256,7 +287,7 @@ LRESULT CVBRTrayWnd::OnShowMenuRequest(WPARAM, LPARAM) {
     const CAutoForegroundWindow front(Handle());
     SetActiveWindow(Handle());
     MessageBeep(MB_ICONINFORMATION);
-    ShowTrayMenu();
+    ShowTrayMenu(TrayMenuPlace::Mouse);
     return 0;
 }
 
@@ -307,22 +338,14 @@ void CVBRTrayWnd::AdmitChoice(bool on) {
     ChangeWindowMessageFilterEx(Handle(), WM_COPYDATA, on ? MSGFLT_ALLOW : MSGFLT_RESET, nullptr);
 }
 
-void CVBRTrayWnd::ShowTrayMenu() {
-    if (isEnding_) {
+void CVBRTrayWnd::ShowTrayMenu(TrayMenuPlace place) {
+    if (isEnding_ || menu_->IsOpen()) {
         return;
     }
-    POINT point{};
-    GetCursorPos(&point);
-    const UniqueMenu menu = MakePopupMenu(
-        BuildTrayMenu(program_->Commands(), program_->Service().CountPhrases(), process_.Texts));
-    EndMenu();
-    SetForegroundWindow(Handle());
-    const int command =
-        TrackPopupMenu(menu.get(), TPM_RETURNCMD, point.x, point.y, 0, Handle(), nullptr);
-    EndMenu();
-    if (command != 0) {
+    if (const int command = menu_->Show(place, kTrayIconId)) {
         program_->Commands().Run(command);
     }
+    program_->Clips().Forget();
 }
 
 // The message loop destroys the window when all loops above it have come back.
@@ -340,12 +363,14 @@ void CVBRTrayWnd::PostCommand(int command) {
     PostMessageW(Handle(), WM_COMMAND, static_cast<WPARAM>(command), 0);
 }
 
-void CVBRTrayWnd::ShowError(std::u16string_view text) {
+void CVBRTrayWnd::ShowMessage(std::u16string_view text, MessageIcon icon, bool onTop) {
     if (process_.Settings.SoundOnEvents) {
         MessageBeep(MB_OK);
     }
+    const UINT flags = icon == MessageIcon::Error ? MB_ICONERROR : MB_ICONWARNING;
     MessageBoxW(Handle(), Wide(std::u16string(text)),
-                Wide(process_.Texts.LoadString(kStrProductName)), MB_ICONERROR);
+                Wide(process_.Texts.LoadString(kStrProductName)),
+                flags | (onTop ? MB_TOPMOST : 0U));
 }
 
 }  // namespace vbr

@@ -10,6 +10,7 @@
 #include "shell/tray_view.h"
 #include "shell/win32/program.h"
 #include "shell/win32/tray_icon.h"
+#include "shell/win32/tray_menu_popup.h"
 
 namespace vbr {
 
@@ -39,12 +40,16 @@ class CVBRTrayWnd : public WindowBase, private TrayView {
     LRESULT OnHotKey(WPARAM id, LPARAM);
     LRESULT OnCommand(WPARAM command, LPARAM);
     LRESULT OnNotify(WPARAM control, LPARAM header);
-    LRESULT OnTrayNotify(WPARAM, LPARAM mouseMessage);
+    LRESULT OnTrayNotify(WPARAM, LPARAM notice);
+    LRESULT OnInitMenuPopup(WPARAM menu, LPARAM);
+    LRESULT OnMenuSelect(WPARAM item, LPARAM menu);
+    LRESULT OnEnterIdle(WPARAM reason, LPARAM window);
 
     // Requests of threads and outside programs.
     LRESULT OnInstallTrayIcon(WPARAM, LPARAM);
     LRESULT OnQueryReady(WPARAM query, LPARAM answer);
     LRESULT OnWaitError(WPARAM, LPARAM);
+    LRESULT OnEditorState(WPARAM state, LPARAM);
     LRESULT OnEditorEnded(WPARAM, LPARAM);
     LRESULT OnGetPaneTitle(WPARAM, LPARAM buffer);
     LRESULT OnInstallSpy(WPARAM, LPARAM);
@@ -52,6 +57,7 @@ class CVBRTrayWnd : public WindowBase, private TrayView {
     LRESULT OnCommandFromSelf(WPARAM choice, LPARAM target);
     LRESULT OnCopyData(WPARAM, LPARAM block);
     LRESULT OnGetQueue(WPARAM, LPARAM);
+    LRESULT OnHideTip(WPARAM, LPARAM);
     LRESULT OnShowMenuRequest(WPARAM, LPARAM);
     LRESULT OnRightMenuCommand(WPARAM code, LPARAM item);
     LRESULT OnLanguageChanged(WPARAM, LPARAM);
@@ -65,9 +71,9 @@ class CVBRTrayWnd : public WindowBase, private TrayView {
     void ShowBlinkImage(bool second) override { icon_.ShowBlinkImage(Handle(), second); }
     bool ShowBalloon(std::u16string_view text, std::uint32_t milliseconds) override;
     bool StartTimer(std::uintptr_t id, std::uint32_t milliseconds) override;
-    void ShowError(std::u16string_view text) override;
+    void ShowMessage(std::u16string_view text, MessageIcon icon, bool onTop) override;
     void AdmitChoice(bool on) override;
-    void ShowTrayMenu() override;
+    void ShowTrayMenu(TrayMenuPlace place) override;
     void PostCommand(int command) override;
     void Close() override;
 
@@ -78,7 +84,9 @@ class CVBRTrayWnd : public WindowBase, private TrayView {
     UINT mouseEvent_;
     TrayIcon icon_;
     bool isEnding_ = false;
-    std::unique_ptr<Program> program_;  // made with the window
+    // Made with the window.
+    std::unique_ptr<Program> program_;
+    std::unique_ptr<TrayMenuPopup> menu_;
 };
 
 }  // namespace vbr

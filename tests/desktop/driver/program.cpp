@@ -52,6 +52,7 @@ Program::Program(Build build) {
     for (const wchar_t* file : {L"Vellumbridge.exe", L"Vellumbridge.dll"}) {
         std::filesystem::copy_file(FolderOf(build) / file, folder_ / file);
     }
+    WriteSettings("");
 }
 
 Program::~Program() {
@@ -75,7 +76,10 @@ std::filesystem::path Program::AddPhrase(const std::string& name, int sortId,
 }
 
 void Program::WriteSettings(const std::string& lines) const {
-    std::ofstream(folder_ / L"Settings.ini") << "[Settings]\n" << lines << "\n";
+    // Not the first start, which does more than others.
+    std::ofstream(folder_ / L"Settings.ini")
+        << "[Settings]\nVBRVersion=VBR_150\nWelcome_Already_Started_V2_60=1\n"
+        << lines << "\n";
 }
 
 std::u16string Program::Log() const {

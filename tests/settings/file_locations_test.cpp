@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "shell/file_locations.h"
+#include "settings/file_locations.h"
 
 #include "fakes/fake_file_access.h"
 #include "fakes/memory_log.h"
@@ -62,7 +62,10 @@ TEST(DriveRoot, IsTheDriveOrTheShare) {
 
 TEST(PhrasesFolder, FollowsTheStoredSetting) {
     FakeFileAccess access;
-    access.Variables = {{u"USER", u"ann"}, {u"LONG", std::u16string(1000, u'x')}};
+    access.Variables = {{u"USER", u"ann"},
+                        {u"HOME", u"C:\\Users\\Ann"},
+                        {u"SHARE", u"\\\\server\\share"},
+                        {u"LONG", std::u16string(1000, u'x')}};
     FileLocations where;
     where.ProgramFolder = kFolder;
     ExpectTexts(
@@ -72,6 +75,9 @@ TEST(PhrasesFolder, FollowsTheStoredSetting) {
          {u"%USER%\\x%USER%", u"C:\\App\\ann\\xann\\"},
          {u"D:\\%NONE%USER%", u"D:\\%NONEann\\"},
          {u"D:\\100%", u"D:\\100%\\"},
+         {u"%HOME%\\Mine", u"C:\\Users\\Ann\\Mine\\"},
+         {u"%SHARE%\\Mine", u"\\\\server\\share\\Mine\\"},
+         {u"\\\\server\\share", u"\\\\server\\share\\"},
          {u"D:\\%LONG%", u"D:\\%LONG%\\"}},
         [&](std::u16string_view stored) { return EffectivePhrasesFolder(stored, where, access); });
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "shell/file_locations.h"
+#include "settings/file_locations.h"
 
 #include "base/text.h"
 #include "settings/phrases_folder.h"
@@ -109,16 +109,22 @@ FileLocations ChooseFileLocations(std::u16string_view modulePath, FileAccess& ac
     return where;
 }
 
+SettingsFiles SettingsFilesOf(const FileLocations& locations) {
+    return {locations.SettingsFile, locations.LocalSettings, locations.UserSettings,
+            locations.ProgramFolder, locations.ModulePath.substr(locations.ProgramFolder.size())};
+}
+
 std::u16string EffectivePhrasesFolder(std::u16string_view stored, const FileLocations& locations,
                                       const FileAccess& access) {
     if (stored.empty()) {
         return DefaultPhrasesFolder(locations.ProgramFolder);
     }
-    std::u16string folder(stored);
-    if (folder.find(u':') == folder.npos) {
+    std::u16string folder = ExpandVariables(stored, access);
+    const bool isOnShare = folder.starts_with(u"\\\\") || folder.starts_with(u"//");
+    if (!isOnShare && folder.find(u':') == folder.npos) {
         folder.insert(0, locations.ProgramFolder);
     }
-    return WithBackslash(ExpandVariables(folder, access));
+    return WithBackslash(std::move(folder));
 }
 
 }  // namespace vbr

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "platform/file_access.h"
+#include "settings/settings.h"
 
 namespace vbr {
 
@@ -31,8 +32,10 @@ std::u16string DriveRootOf(std::u16string_view path);
 // when the user copy is chosen.
 FileLocations ChooseFileLocations(std::u16string_view modulePath, FileAccess& access);
 
-// The folder of the phrases for the stored setting: empty is the default, a value without a colon
-// lies below the program folder, environment variables are expanded.
+SettingsFiles SettingsFilesOf(const FileLocations& locations);
+
+// The folder of the phrases for the stored setting, environment variables expanded: empty is the
+// default, one without a drive or a share lies below the program folder.
 std::u16string EffectivePhrasesFolder(std::u16string_view stored, const FileLocations& locations,
                                       const FileAccess& access);
 
