@@ -108,15 +108,16 @@ PhraseForm FormForText(std::u16string_view text) {
 }
 
 EditResult PhraseEditor::Load(const fs::path& folder) {
-    root_ = folder;
+    // Without a separator at its end, as the parents of paths are told.
+    root_ = folder.has_filename() ? folder : folder.parent_path();
     std::error_code error;
-    if (files_.Store().KindOf(folder) == PathKind::Missing) {
-        fs::create_directories(folder, error);
+    if (files_.Store().KindOf(root_) == PathKind::Missing) {
+        fs::create_directories(root_, error);
     }
-    tree_.LoadTree(folder);
-    return {folder, error
-                        ? Failed(u"The folder of the phrases can't be made:", folder, TextOf(error))
-                        : std::u16string()};
+    tree_.LoadTree(root_);
+    return {root_, error
+                       ? Failed(u"The folder of the phrases can't be made:", folder, TextOf(error))
+                       : std::u16string()};
 }
 
 const VBRCommand* PhraseEditor::Find(const fs::path& path) const {

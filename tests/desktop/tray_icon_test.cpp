@@ -39,7 +39,8 @@ TEST_F(TrayIconOnDesktop, OpensTheMenuAtTheMouseForEachClickAndForNothingElse) {
         SendMessageW(icon.Window, icon.CallbackMessage, 0, other);
         EXPECT_FALSE(IsMenuOpen()) << other;
     }
-    const LPARAM clicks[] = {WM_LBUTTONUP, WM_RBUTTONUP, NIN_BALLOONUSERCLICK};
+    const LPARAM clicks[] = {WM_LBUTTONUP, WM_RBUTTONUP,  NIN_BALLOONUSERCLICK,
+                             NIN_SELECT,   NIN_KEYSELECT, WM_CONTEXTMENU};
     for (const LPARAM click : clicks) {
         SetCursorPos(300, 200);
         PostMessageW(icon.Window, icon.CallbackMessage, 0, click);

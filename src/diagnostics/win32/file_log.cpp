@@ -34,6 +34,11 @@ UniqueHandle OpenForAppend(const std::u16string& path) {
     return file;
 }
 
+// Another program may hold the file for a moment; it is not waited for.
+bool CanBeOpened(const std::u16string& path) {
+    return IsValid(OpenForAppend(path)) || GetLastError() == ERROR_SHARING_VIOLATION;
+}
+
 }  // namespace
 
 bool FileLog::StartLog(const std::u16string& path) {
@@ -50,7 +55,7 @@ bool FileLog::StartLog(const std::u16string& path) {
 
 bool FileLog::Open(const std::u16string& path, bool& isGuardTaken) {
     const std::lock_guard lock(mutex_);
-    if (!path_.empty() || path.empty()) {
+    if (!path_.empty() || path.empty() || !CanBeOpened(path)) {
         return false;
     }
     atom_ = GlobalAddAtomW(Wide(path));

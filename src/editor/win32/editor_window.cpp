@@ -260,9 +260,9 @@ void EditorWindow::OnCommand(int id, int code) {
             if (code == CBN_SELCHANGE) {
                 ChangeKind();
             }
-            [[fallthrough]];
+            break;
         default:
-            if (!isLoading_) {
+            if (!isLoading_ && (code == EN_CHANGE || code == BN_CLICKED)) {
                 EnableControls();
             }
             break;
@@ -371,11 +371,12 @@ void EditorWindow::EnableControls() {
           kCtlEditorTitleLabel, kCtlEditorLineAbove, kCtlEditorLineBelow}) {
         Enable(id, isAny);
     }
-    for (const int id : {kCtlEditorKind, kCtlEditorKindLabel, kCtlEditorText, kCtlEditorTextLabel,
-                         kCtlEditorHint, kCtlEditorHintLabel, kCtlEditorEnabled,
-                         kCtlEditorTitleOnly, kCtlEditorNeedsSelection, kCtlEditorInsertMacro}) {
+    for (const int id : {kCtlEditorKind, kCtlEditorKindLabel, kCtlEditorTextLabel, kCtlEditorHint,
+                         kCtlEditorHintLabel, kCtlEditorEnabled, kCtlEditorTitleOnly,
+                         kCtlEditorNeedsSelection, kCtlEditorInsertMacro}) {
         Enable(id, isPhrase);
     }
+    text_.Enable(isPhrase);
     Enable(kCtlEditorSave, isAny && ReadForm() != shown_);
 }
 
@@ -529,6 +530,7 @@ void EditorWindow::ChangeKind() {
     isLoading_ = true;
     text_.ChangeKind(ReadForm().Kind);
     isLoading_ = false;
+    EnableControls();
 }
 
 void EditorWindow::Drop(POINT point) {

@@ -11,6 +11,7 @@
 namespace vbr {
 namespace {
 
+constexpr int kMargin = 4;
 constexpr LPARAM kMostChars = 0x7FFFFFF0;
 
 struct RtfStream {
@@ -40,6 +41,7 @@ void PhraseTextBox::Attach(HWND control) {
     control_ = control;
     Send(EM_EXLIMITTEXT, 0, kMostChars);
     Send(EM_SETEVENTMASK, 0, ENM_CHANGE);
+    Send(EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, MAKELPARAM(kMargin, kMargin));
 }
 
 // The control changes its mode only while it is empty.
@@ -84,6 +86,14 @@ void PhraseTextBox::ChangeKind(std::int32_t kind) {
     Clear(kind);
     SetWindowTextW(control_, Wide(plain));
     Send(EM_SETMODIFY, TRUE);
+}
+
+void PhraseTextBox::Enable(bool on) {
+    if ((IsWindowEnabled(control_) != 0) == on) {
+        return;
+    }
+    EnableWindow(control_, on);
+    Send(EM_SETBKGNDCOLOR, 0, static_cast<LPARAM>(GetSysColor(on ? COLOR_WINDOW : COLOR_BTNFACE)));
 }
 
 void PhraseTextBox::Insert(const std::u16string& text) {

@@ -20,6 +20,8 @@ class PhraseTextBox {
     std::u16string Text(std::int32_t kind) const;
     // The text stays as it reads; formats go.
     void ChangeKind(std::int32_t kind);
+    // One that can't be edited looks so.
+    void Enable(bool on);
     // In the place of what is selected.
     void Insert(const std::u16string& text);
 

@@ -65,4 +65,15 @@ void HoldKeys(const std::vector<WORD>& keys, DWORD milliseconds) {
     }
 }
 
+void TypeText(std::u16string_view text) {
+    for (const char16_t unit : text) {
+        INPUT inputs[2]{};
+        inputs[0].type = inputs[1].type = INPUT_KEYBOARD;
+        inputs[0].ki.wScan = inputs[1].ki.wScan = unit;
+        inputs[0].ki.dwFlags = KEYEVENTF_UNICODE;
+        inputs[1].ki.dwFlags = KEYEVENTF_UNICODE | KEYEVENTF_KEYUP;
+        SendInput(2, inputs, sizeof(INPUT));
+    }
+}
+
 }  // namespace vbr::desktop

@@ -4,6 +4,7 @@
 #include "platform/win32/windows.h"
 
 #include <iterator>
+#include <string_view>
 #include <vector>
 
 namespace vbr::desktop {
@@ -14,6 +15,9 @@ void PressKeys(const std::vector<WORD>& keys);
 
 // The same by fingers: each key a moment after the one before, held for that long.
 void HoldKeys(const std::vector<WORD>& keys, DWORD milliseconds);
+
+// Types the characters into the window in front.
+void TypeText(std::u16string_view text);
 
 // The program's own default hot key.
 inline constexpr WORD kHotkey[] = {VK_CONTROL, VK_MENU, VK_RETURN};

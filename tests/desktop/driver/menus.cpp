@@ -85,8 +85,8 @@ std::vector<MenuLine> ReadMenu(HWND menuWindow) {
         std::wistringstream columns(row);
         MenuLine line;
         int isAccessible = 0;
-        columns >> line.Depth >> line.State >> isAccessible >> line.Rect.left >> line.Rect.top >>
-            line.Rect.right >> line.Rect.bottom;
+        columns >> line.Depth >> line.Id >> line.State >> isAccessible >> line.Rect.left >>
+            line.Rect.top >> line.Rect.right >> line.Rect.bottom;
         line.IsAccessible = isAccessible != 0;
         columns.get();
         std::wstring label;

@@ -23,11 +23,14 @@ void ChooseMenuItem(int position);
 // An item of an open menu, as a screen reader meets it.
 struct MenuLine {
     int Depth = 0;  // 0 in the menu that was asked, 1 in its popups
+    int Id = 0;     // 0 for a popup or a separator
     UINT State = 0;
     bool IsAccessible = false;  // owner-drawn, with its name where readers look for it
     RECT Rect{};                // on the screen, where the item shows
     std::u16string Label;
 
+    bool IsChecked() const { return (State & MFS_CHECKED) != 0; }
+    bool IsDefault() const { return (State & MFS_DEFAULT) != 0; }
     bool IsGrayed() const { return (State & MFS_GRAYED) != 0; }
     bool IsSelected() const { return (State & MFS_HILITE) != 0; }
 };

@@ -8,13 +8,37 @@
 
 namespace vbr::desktop {
 
-Process::Process(const std::wstring& commandLine) {
+namespace {
+
+// This process's token without the administrators.
+UniqueHandle StandardToken() {
+    HANDLE own = nullptr;
+    OpenProcessToken(GetCurrentProcess(), TOKEN_ALL_ACCESS, &own);
+    const UniqueHandle owned(own);
+    BYTE sid[SECURITY_MAX_SID_SIZE];
+    DWORD size = sizeof sid;
+    CreateWellKnownSid(WinBuiltinAdministratorsSid, nullptr, sid, &size);
+    SID_AND_ATTRIBUTES administrators{sid, 0};
+    HANDLE standard = nullptr;
+    CreateRestrictedToken(own, 0, 1, &administrators, 0, nullptr, 0, nullptr, &standard);
+    return UniqueHandle(standard);
+}
+
+}  // namespace
+
+Process::Process(const std::wstring& commandLine) : Process(commandLine, nullptr) {}
+
+Process Process::AsStandardUser(const std::wstring& commandLine) {
+    return Process(commandLine, StandardToken().get());
+}
+
+Process::Process(const std::wstring& commandLine, HANDLE token) {
     STARTUPINFOW startup{};
     startup.cb = sizeof startup;
     PROCESS_INFORMATION info{};
     std::wstring writable = commandLine;
-    if (CreateProcessW(nullptr, writable.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
-                       &startup, &info)) {
+    if (CreateProcessAsUserW(token, nullptr, writable.data(), nullptr, nullptr, FALSE, 0, nullptr,
+                             nullptr, &startup, &info)) {
         CloseHandle(info.hThread);
         handle_.reset(info.hProcess);
         id_ = info.dwProcessId;

@@ -15,6 +15,8 @@ class Process {
   public:
     Process() = default;
     explicit Process(const std::wstring& commandLine);
+    // Without an administrator's rights.
+    static Process AsStandardUser(const std::wstring& commandLine);
     ~Process() { Terminate(); }
     Process(Process&&) = default;
     Process& operator=(Process&&) = default;
@@ -29,6 +31,8 @@ class Process {
     DWORD Id() const { return id_; }
 
   private:
+    Process(const std::wstring& commandLine, HANDLE token);
+
     UniqueHandle handle_;
     DWORD id_ = 0;
 };

@@ -87,8 +87,16 @@ std::u16string Program::Log() const {
     return {reinterpret_cast<const char16_t*>(bytes.data()), bytes.size() / sizeof(char16_t)};
 }
 
+void Program::AddCompanions() const {
+    for (const wchar_t* file : {L"VellumbridgeEditor.exe", L"Vellumbridge_Welcome.exe"}) {
+        std::filesystem::copy_file(FolderOf(Build::Shipped) / file, folder_ / file);
+    }
+}
+
 Process Program::Start(const std::wstring& arguments) const {
-    return Process(L"\"" + (folder_ / L"Vellumbridge.exe").wstring() + L"\" " + arguments);
+    const std::wstring line =
+        L"\"" + (folder_ / L"Vellumbridge.exe").wstring() + L"\" " + arguments;
+    return isStandardUser_ ? Process::AsStandardUser(line) : Process(line);
 }
 
 bool Program::StartResident(const std::wstring& arguments) {

@@ -39,6 +39,11 @@ class Program {
     // What stands in the log file.
     std::u16string Log() const;
 
+    // Puts the editor and the welcome program beside the program.
+    void AddCompanions() const;
+    // From here on the program starts without an administrator's rights.
+    void RunAsStandardUser() { isStandardUser_ = true; }
+
     // Starts a process of the program with these arguments.
     Process Start(const std::wstring& arguments = L"") const;
 
@@ -51,6 +56,7 @@ class Program {
 
   private:
     std::filesystem::path folder_;
+    bool isStandardUser_ = false;
     Process resident_;
 };
 

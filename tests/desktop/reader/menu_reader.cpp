@@ -34,7 +34,7 @@ void ReadItems(HMENU menu, int depth, std::wstring& out) {
     for (UINT i = 0; i < count; ++i) {
         MENUITEMINFOW item{};
         item.cbSize = sizeof item;
-        item.fMask = MIIM_FTYPE | MIIM_STATE | MIIM_DATA | MIIM_SUBMENU;
+        item.fMask = MIIM_FTYPE | MIIM_STATE | MIIM_DATA | MIIM_SUBMENU | MIIM_ID;
         GetMenuItemInfoW(menu, i, TRUE, &item);
         bool isAccessible = false;
         const std::wstring name =
@@ -42,8 +42,9 @@ void ReadItems(HMENU menu, int depth, std::wstring& out) {
         RECT rect{};
         GetMenuItemRect(nullptr, menu, i, &rect);
         for (const long number :
-             {static_cast<long>(depth), static_cast<long>(item.fState),
-              static_cast<long>(isAccessible), rect.left, rect.top, rect.right, rect.bottom}) {
+             {static_cast<long>(depth), static_cast<long>(item.hSubMenu ? 0 : item.wID),
+              static_cast<long>(item.fState), static_cast<long>(isAccessible), rect.left, rect.top,
+              rect.right, rect.bottom}) {
             out += std::to_wstring(number) + L"\t";
         }
         out += name + L"\n";
