@@ -140,7 +140,7 @@ bool EditorWindow::Translate(MSG& message) {
     return IsDialogMessageW(Handle(), &message) != 0;
 }
 
-void EditorWindow::OnInitDialog() {
+bool EditorWindow::OnInitDialog() {
     SetWindowIcons(Handle(), kIconProgram);
     SetTexts();
     SendMessageW(Control(kCtlEditorTitle), EM_LIMITTEXT, kTitleChars, 0);
@@ -153,7 +153,11 @@ void EditorWindow::OnInitDialog() {
     RECT window{};
     GetWindowRect(Handle(), &window);
     smallest_ = {window.right - window.left, window.bottom - window.top};
-    Finish(with_.Phrases.Load(with_.Folder()));
+    const EditResult loaded = with_.Phrases.Load(with_.Folder());
+    Finish(loaded);
+    isUnannounced_ = false;
+    SetFocus(Control(kCtlEditorTree));
+    return false;
 }
 
 void EditorWindow::SetTexts() {

@@ -42,7 +42,7 @@ class EditorWindow : public DialogBase {
     static HWND FindOther();
 
   protected:
-    void OnInitDialog() override;
+    bool OnInitDialog() override;
     std::optional<INT_PTR> OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
 
   private:

@@ -66,12 +66,13 @@ bool SettingsDialog::Run(HWND owner) {
     return RunModal(kDialogEditorSettings, owner) == IDOK;
 }
 
-void SettingsDialog::OnInitDialog() {
+bool SettingsDialog::OnInitDialog() {
     SetTexts();
     FillLists();
     settings_.Load();
     shown_ = FormOf(settings_);
     ShowForm();
+    return true;
 }
 
 void SettingsDialog::SetTexts() {

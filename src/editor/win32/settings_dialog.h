@@ -22,7 +22,7 @@ class SettingsDialog : public DialogBase {
     bool Run(HWND owner);
 
   protected:
-    void OnInitDialog() override;
+    bool OnInitDialog() override;
     std::optional<INT_PTR> OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
 
   private:

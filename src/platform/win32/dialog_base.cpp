@@ -27,8 +27,7 @@ INT_PTR CALLBACK DialogBase::DialogProc(HWND dialog, UINT message, WPARAM wParam
         SetWindowLongPtrW(dialog, DWLP_USER, lParam);
         auto* made = reinterpret_cast<DialogBase*>(lParam);
         made->dialog_ = dialog;
-        made->OnInitDialog();
-        return TRUE;
+        return made->OnInitDialog();
     }
     auto* self = reinterpret_cast<DialogBase*>(GetWindowLongPtrW(dialog, DWLP_USER));
     if (!self) {

@@ -25,7 +25,8 @@ class DialogBase {
     // Makes the dialog, hidden if its template says so.
     bool CreateModeless(int dialogId);
 
-    virtual void OnInitDialog() = 0;
+    // False when it has set the focus itself.
+    virtual bool OnInitDialog() = 0;
     // Nothing leaves the message to the default.
     virtual std::optional<INT_PTR> OnMessage(UINT message, WPARAM wParam, LPARAM lParam) = 0;
 

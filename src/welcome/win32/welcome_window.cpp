@@ -32,7 +32,7 @@ UniqueGdi<HFONT> LargerFont(HWND like, int percent, LONG weight) {
 
 const int WelcomeWindow::kDialog = kDialogWelcome;
 
-void WelcomeWindow::OnInitDialog() {
+bool WelcomeWindow::OnInitDialog() {
     SetWindowIcons(Handle(), kIconProgram);
     SetWindowTextW(Handle(), Wide(with_.Texts.LoadString(kStrWelcomeTitle)));
     for (const auto& [control, text] : kTexts) {
@@ -43,6 +43,7 @@ void WelcomeWindow::OnInitDialog() {
     Update();
     SetTimer(Handle(), kTimer, kLookEveryMs, nullptr);
     SetFocus(Control(kCtlWelcomeBox));
+    return false;
 }
 
 void WelcomeWindow::MakeFonts() {

@@ -28,7 +28,7 @@ class WelcomeWindow : public DialogBase {
     void Run() { RunModal(kDialog, nullptr); }
 
   protected:
-    void OnInitDialog() override;
+    bool OnInitDialog() override;
     std::optional<INT_PTR> OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
 
   private:
