@@ -17,22 +17,41 @@ namespace fs = std::filesystem;
 constexpr std::u16string_view kNewPhrase = u"New phrase";
 constexpr std::u16string_view kBlanks = u" \t\r\n";
 
-void Apply(const PhraseForm& form, bool isGroup, VBRCommand& record) {
-    record.Text = CutUnits(form.Title, kMenuNameMax);
-    const auto setLine = [&record](std::uint32_t bit, bool on) {
-        record.FlagsMenu = on ? record.FlagsMenu | bit : record.FlagsMenu & ~bit;
-    };
-    setLine(kSeparatorBefore, form.LineBefore);
-    setLine(kSeparatorAfter, form.LineAfter);
-    if (isGroup) {
-        return;
+// The fields of a form and of the record, one by one.
+template <typename Visitor>
+void ForEachField(const Visitor& visit) {
+    using Form = PhraseForm;
+    using Record = VBRCommand;
+    visit(&Form::Kind, &Record::DataType);
+    visit(&Form::Text, &Record::Cmd);
+    visit(&Form::Enabled, &Record::Enabled);
+    visit(&Form::TitleOnly, &Record::UseTitleOnly);
+    visit(&Form::NeedsSelection, &Record::DisabledIsNoHasSelection);
+}
+
+void SetLine(VBRCommand& record, std::uint32_t bit, bool on) {
+    record.FlagsMenu = on ? record.FlagsMenu | bit : record.FlagsMenu & ~bit;
+}
+
+// Changes in the record what the form changes of `shown`.
+void Apply(const PhraseForm& form, const PhraseForm& shown, VBRCommand& record) {
+    ForEachField([&](auto value, auto field) {
+        if (form.*value != shown.*value) {
+            record.*field = form.*value;
+        }
+    });
+    if (form.Title != shown.Title) {
+        record.Text = CutUnits(form.Title, kMenuNameMax);
     }
-    record.DataType = form.Kind;
-    record.Cmd = form.Text;
-    record.ToolTipText = CutUnits(form.Hint, kHintMax);
-    record.Enabled = form.Enabled;
-    record.UseTitleOnly = form.TitleOnly;
-    record.DisabledIsNoHasSelection = form.NeedsSelection;
+    if (form.Hint != shown.Hint) {
+        record.ToolTipText = CutUnits(form.Hint, kHintMax);
+    }
+    if (form.LineBefore != shown.LineBefore) {
+        SetLine(record, kSeparatorBefore, form.LineBefore);
+    }
+    if (form.LineAfter != shown.LineAfter) {
+        SetLine(record, kSeparatorAfter, form.LineAfter);
+    }
 }
 
 // A title whose file name is no device of Windows, with whatever extension.
@@ -124,11 +143,12 @@ const VBRCommand* PhraseEditor::Find(const fs::path& path) const {
     return FindIn(tree_.Commands(), path);
 }
 
-EditResult PhraseEditor::Save(const fs::path& path, const PhraseForm& form) {
+EditResult PhraseEditor::Save(const fs::path& path, const PhraseForm& form,
+                              const PhraseForm& shown) {
     const VBRCommand* known = Find(path);
     const bool isGroup = known && known->IsGroup();
     const EditResult changed =
-        Change(path, [&form, isGroup](VBRCommand& record) { Apply(form, isGroup, record); });
+        Change(path, [&](VBRCommand& record) { Apply(form, shown, record); });
     const fs::path renamed =
         path.parent_path() / MakeFileTitle(NameFor(form.Title), 1, false, false);
     return changed && isGroup && renamed != path ? Rename(path, renamed) : changed;
@@ -174,7 +194,7 @@ EditResult PhraseEditor::Change(const fs::path& path,
 
 EditResult PhraseEditor::AddPhrase(const fs::path& group, const PhraseForm& form) {
     VBRCommand record;
-    Apply(form, false, record);
+    Apply(form, PhraseForm(), record);
     record.SortID = NextSortId(group);
     record.FilePath = MakeUniquePath(files_.Store(), NameFor(form.Title), group, true, true, true);
     const std::u16string failure = files_.WriteFields(record.FilePath, FieldsOf(record));

@@ -60,9 +60,11 @@ class PhraseEditor {
     // Null when it is gone.
     const VBRCommand* Find(const std::filesystem::path& path) const;
 
-    // A group's title is the name of its folder. What others have changed in the file meanwhile
-    // stays: the counts of its uses, and what this program doesn't know.
-    EditResult Save(const std::filesystem::path& path, const PhraseForm& form);
+    // Saves what the form changes of `shown`. What others have changed of the rest meanwhile stays,
+    // the counts of its uses, and what this program doesn't know. A group's title is the name of
+    // its folder.
+    EditResult Save(const std::filesystem::path& path, const PhraseForm& form,
+                    const PhraseForm& shown);
     // `group` is a folder of the tree; the new one stands last in it.
     EditResult AddPhrase(const std::filesystem::path& group, const PhraseForm& form);
     EditResult AddGroup(const std::filesystem::path& group, std::u16string_view title);

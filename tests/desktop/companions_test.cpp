@@ -2,6 +2,7 @@
 #include "platform/win32/windows.h"
 
 #include <algorithm>
+#include <commctrl.h>
 #include <fstream>
 
 #include "desktop/driver/history.h"
@@ -37,6 +38,13 @@ class CompanionsOnDesktop : public ProgramTest {
         const HWND editor = FindWindowW(kEditorClass, nullptr);
         PostMessageW(editor, WM_CLOSE, 0, 0);
         EXPECT_TRUE(WaitUntil([] { return !FindWindowW(kEditorClass, nullptr); }));
+    }
+    // The row in that relation to the selected one.
+    static void SelectRow(HWND editor, WPARAM which) {
+        const HWND tree = GetDlgItem(editor, kCtlEditorTree);
+        const LRESULT from = SendMessageW(tree, TVM_GETNEXTITEM, TVGN_CARET, 0);
+        SendMessageW(tree, TVM_SELECTITEM, TVGN_CARET,
+                     SendMessageW(tree, TVM_GETNEXTITEM, which, from));
     }
     static std::u16string TitleIn(HWND editor) {
         return TextOf(GetDlgItem(editor, kCtlEditorTitle));
@@ -116,9 +124,22 @@ TEST_F(CompanionsOnDesktop, WhatIsTypedAndDeletedInTheEditorReachesFilesAndMenu)
         return FileBytes(file).find("<MenuName>Typed title</MenuName>") != std::string::npos &&
                FileBytes(file).find("<Cmd>typed text</Cmd>") != std::string::npos;
     })) << FileBytes(file);
-    PostMessageW(editor, WM_COMMAND, kCtlEditorNewGroup, 0);
+    // What is left unsaved is saved when another row is selected, a group's title too.
+    TypeText(u" more");
+    EXPECT_TRUE(WaitUntil(
+        [editor] { return TextOf(GetDlgItem(editor, kCtlEditorText)) == u"typed text more"; }));
+    SelectRow(editor, TVGN_ROOT);
     EXPECT_TRUE(
-        WaitUntil([&] { return std::filesystem::exists(program_.Phrases() / L"New group"); }));
+        WaitUntil([&] { return FileBytes(file).find("typed text more") != std::string::npos; }));
+    EXPECT_EQ(TitleIn(editor), u"Only phrase");
+    PostMessageW(editor, WM_COMMAND, kCtlEditorNewGroup, 0);
+    ASSERT_TRUE(WaitUntil([editor] { return TitleIn(editor) == u"New group"; }));
+    SetWindowTextW(GetDlgItem(editor, kCtlEditorTitle), L"Letters");
+    SelectRow(editor, TVGN_NEXTVISIBLE);
+    EXPECT_TRUE(
+        WaitUntil([&] { return std::filesystem::exists(program_.Phrases() / L"Letters"); }));
+    EXPECT_TRUE(WaitUntil([editor] { return TitleIn(editor) == u"Only phrase"; }));
+    EXPECT_EQ(SendMessageW(GetDlgItem(editor, kCtlEditorTree), TVM_GETCOUNT, 0, 0), 4);
     CloseEditor();
     const Notepad notepad;
     EXPECT_TRUE(MenuHas(notepad, u"Typed title"));

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <map>
+#include <thread>
 
 #include "desktop/driver/clipboard.h"
 #include "desktop/driver/history.h"
@@ -136,7 +137,14 @@ TEST_F(TrayMenuOnDesktop, CommandsDoWhatTheirEntriesShow) {
     }
     program_.AddPhrase("Second", 2, "x");
     Command(kCmdRereadPhrases);
+    // Who waits for it is told that the history is not kept any more.
+    const UniqueHandle changed = OpenSignal(kEventOptionsChanged);
+    std::thread waiting([&changed] {
+        EXPECT_EQ(WaitForSingleObject(changed.get(), kPatienceMs), WAIT_OBJECT_0);
+    });
+    Sleep(200);
     Command(kCmdKeepHistory);
+    waiting.join();
     Command(kCmdEnableService);
     EXPECT_FALSE(OpenSignal(kEventDataNeeded));
     auto lines = ReadTrayMenu();

@@ -72,18 +72,29 @@ class PhraseEditorTest : public testing::Test {
 };
 
 TEST_F(PhraseEditorTest, ASavedFormStandsInTheFileBesideWhatOthersWroteThere) {
-    phrases_.Folder.Write("A.vellumbridge",
-                          "<VBRCommand UsageCount=\"7\" SortID=\"1\" Own=\"x\"><!-- mine -->"
-                          "<MenuName>A</MenuName><Cmd>text</Cmd></VBRCommand>");
-    PhraseForm form = FormOf(*editor_.Find(File("A")));
+    const PhraseForm shown = FormOf(*editor_.Find(File("A")));
+    PhraseForm form = shown;
     form.Title = u"Renamed & <more>";
     form.Text = u"line\r\nline";
     form.Kind = kDataTypeExec;
     form.Hint = u"hint";
     form.Enabled = false;
     form.LineAfter = true;
-    EXPECT_TRUE(editor_.Save(File("A"), form));
+    EXPECT_TRUE(editor_.Save(File("A"), form, shown));
     EXPECT_EQ(FormOf(*editor_.Find(File("A"))), form);
+    // Another program's text stays when the user has changed the title alone.
+    PhraseForm titled = form;
+    titled.Title = u"Title";
+    phrases_.Write("A.vellumbridge", VBRCommand{.Cmd = u"another text", .SortID = 1});
+    EXPECT_TRUE(editor_.Save(File("A"), titled, form));
+    EXPECT_THAT(Read("A"), testing::AllOf(HasSubstr("another text"), HasSubstr(">Title<")));
+}
+
+TEST_F(PhraseEditorTest, ASaveKeepsWhatItDoesNotKnow) {
+    phrases_.Folder.Write("A.vellumbridge",
+                          "<VBRCommand UsageCount=\"7\" SortID=\"1\" Own=\"x\"><!-- mine -->"
+                          "<MenuName>A</MenuName><Cmd>text</Cmd></VBRCommand>");
+    EXPECT_TRUE(editor_.Save(File("A"), FormForText(u"new"), PhraseForm()));
     EXPECT_THAT(Read("A"), testing::AllOf(HasSubstr("UsageCount=\"7\""), HasSubstr("Own=\"x\""),
                                           HasSubstr("<!-- mine -->")));
 }
@@ -91,11 +102,11 @@ TEST_F(PhraseEditorTest, ASavedFormStandsInTheFileBesideWhatOthersWroteThere) {
 TEST_F(PhraseEditorTest, WhatCannotBeReadOrWrittenIsLeftAloneAndTold) {
     const PhraseForm form = FormForText(u"new");
     phrases_.Folder.Write("A.vellumbridge", "no phrase");
-    const EditResult unread = editor_.Save(File("A"), form);
+    const EditResult unread = editor_.Save(File("A"), form, {});
     EXPECT_THAT(Utf16ToUtf8(unread.Failure), HasSubstr("A.vellumbridge"));
     EXPECT_EQ(Read("A"), "no phrase");
     phrases_.Store.ReplaceError = SystemError{5, u"denied"};
-    EXPECT_FALSE(editor_.Save(File("B"), form));
+    EXPECT_FALSE(editor_.Save(File("B"), form, {}));
     EXPECT_FALSE(editor_.AddPhrase(Root(), form));
     phrases_.Store.ReplaceError.reset();
     recycleError_ = SystemError{32, u"in use"};
@@ -103,7 +114,7 @@ TEST_F(PhraseEditorTest, WhatCannotBeReadOrWrittenIsLeftAloneAndTold) {
     EXPECT_TRUE(editor_.Find(File("B")));
     // One that somebody deleted meanwhile is written again: the user sees it and edits it.
     std::filesystem::remove(File("C"));
-    EXPECT_TRUE(editor_.Save(File("C"), form));
+    EXPECT_TRUE(editor_.Save(File("C"), form, {}));
     EXPECT_THAT(Read("C"), HasSubstr("<MenuName>new</MenuName>"));
 }
 
@@ -142,10 +153,11 @@ TEST_F(PhraseEditorTest, ThingsMoveAmongTheirKindAndIntoOtherGroups) {
 }
 
 TEST_F(PhraseEditorTest, AGroupIsCalledAsItsFolder) {
-    PhraseForm form = FormOf(*editor_.Find(Root() / "Group"));
+    const PhraseForm shown = FormOf(*editor_.Find(Root() / "Group"));
+    PhraseForm form = shown;
     form.LineBefore = true;
     form.Title = u"Letters";
-    const EditResult renamed = editor_.Save(Root() / "Group", form);
+    const EditResult renamed = editor_.Save(Root() / "Group", form, shown);
     ASSERT_TRUE(renamed);
     EXPECT_EQ(FormOf(*editor_.Find(Root() / "Letters")).LineBefore, true);
     EXPECT_THAT(Titles(), ElementsAre("Letters", "  Inner", "A", "B", "C"));
@@ -153,7 +165,7 @@ TEST_F(PhraseEditorTest, AGroupIsCalledAsItsFolder) {
                 testing::AllOf(HasSubstr("SortID=\"1\""), Not(HasSubstr("MenuName"))));
     editor_.AddGroup(Root(), u"Other");
     form.Title = u"Other";
-    EXPECT_FALSE(editor_.Save(Root() / "Letters", form));
+    EXPECT_FALSE(editor_.Save(Root() / "Letters", form, shown));
     EXPECT_TRUE(std::filesystem::is_directory(Root() / "Letters"));
     EXPECT_TRUE(editor_.Delete(Root() / "Letters"));
     EXPECT_THAT(Titles(), ElementsAre("Other", "A", "B", "C"));

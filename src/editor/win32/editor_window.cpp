@@ -19,6 +19,7 @@ namespace vbr {
 namespace {
 
 constexpr wchar_t kClass[] = L"Vellumbridge_Editor";
+constexpr UINT kMsgRefill = WM_APP + 1;
 constexpr int kTitleChars = 60;
 constexpr int kHintChars = 512;
 constexpr int kMacrosInColumn = 25;
@@ -102,7 +103,7 @@ bool EditorWindow::Open(const EditorRequest& request) {
     if (!CreateModeless(kDialogEditor)) {
         return false;
     }
-    // Another editor that runs elevated would not be told otherwise.
+    // This one may run elevated, and the second one not.
     ChangeWindowMessageFilterEx(Handle(), RequestMessage(), MSGFLT_ALLOW, nullptr);
     ShowWindow(Handle(), SW_SHOWNORMAL);
     Serve(request);
@@ -115,12 +116,13 @@ void EditorWindow::Serve(const EditorRequest& request) {
     }
     SetForegroundWindow(Handle());
     if (request.AddFromClipboard) {
-        AddPhrase(FormForText(with_.ClipboardText()));
+        AddText(with_.ClipboardText());
     }
     if (request.AddSelection) {
-        AddPhrase(FormForText(with_.SelectedText()));
+        AddText(with_.SelectedText());
     }
-    if (request.ShowSettings) {
+    // They may be open already.
+    if (request.ShowSettings && IsWindowEnabled(Handle())) {
         EditSettings();
     }
 }
@@ -208,16 +210,19 @@ std::optional<INT_PTR> EditorWindow::OnMessage(UINT message, WPARAM wParam, LPAR
             tree_.EndDrag({-1, -1});
             return FALSE;
         case WM_ACTIVATEAPP:
-            if (!wParam && SaveChanges() && std::exchange(isUnannounced_, false)) {
-                with_.Announce();
+            if (!wParam) {
+                OnLeft();
             }
             return FALSE;
+        case kMsgRefill:
+            Refill();
+            return TRUE;
         case WM_CLOSE:
             OnClose();
             return TRUE;
         case WM_ENDSESSION:
             if (wParam) {
-                with_.Phrases.Save(shownPath_, ReadForm());
+                SaveForm();
             }
             return FALSE;
         case WM_DESTROY:
@@ -280,7 +285,9 @@ INT_PTR EditorWindow::OnNotify(const NMHDR& notice) {
     switch (notice.code) {
         case TVN_SELCHANGINGW: {
             // One that can't be saved keeps the selection.
-            const bool stays = !isLoading_ && !SaveChanges();
+            const bool stays = !isLoading_ && !SaveAndTell();
+            // The tree can't be filled anew within its own notice.
+            PostMessageW(Handle(), kMsgRefill, 0, 0);
             SetWindowLongPtrW(Handle(), DWLP_MSGRESULT, stays);
             return TRUE;
         }
@@ -325,10 +332,18 @@ void EditorWindow::OnSize(int width, int height) {
     EndDeferWindowPos(places);
 }
 
+// What can't be saved now is told when the user comes back to it.
+void EditorWindow::OnLeft() {
+    SaveForm();
+    Refill();
+    if (std::exchange(isUnannounced_, false)) {
+        with_.Announce();
+    }
+}
+
 void EditorWindow::OnClose() {
-    if (!SaveChanges() && MessageBoxW(Handle(), Wide(with_.Texts.LoadString(kStrEditorCloseAnyway)),
-                                      Wide(with_.Texts.LoadString(kStrProductName)),
-                                      MB_YESNO | MB_ICONWARNING | MB_DEFBUTTON2) != IDYES) {
+    if (!SaveChanges() && Tell(with_.Texts.LoadString(kStrEditorCloseAnyway),
+                               MB_YESNO | MB_ICONWARNING | MB_DEFBUTTON2) != IDYES) {
         return;
     }
     DestroyWindow(Handle());
@@ -346,6 +361,13 @@ void EditorWindow::OnSelected() {
 }
 
 void EditorWindow::ShowForm(const VBRCommand* record) {
+    if (record && record->FilePath == shownPath_ && FormOf(*record) == ReadForm()) {
+        // It was saved: the caret and what can be undone stay.
+        shown_ = FormOf(*record);
+        text_.NoteSaved();
+        EnableControls();
+        return;
+    }
     isLoading_ = true;
     shown_ = record ? FormOf(*record) : PhraseForm();
     shownPath_ = record ? record->FilePath : std::filesystem::path();
@@ -405,34 +427,60 @@ PhraseForm EditorWindow::ReadForm() const {
     return form;
 }
 
-bool EditorWindow::SaveChanges() {
-    if (shownPath_.empty()) {
-        return true;
-    }
+EditResult EditorWindow::SaveForm() {
     PhraseForm form = ReadForm();
-    if (form == shown_) {
-        return true;
+    if (shownPath_.empty() || form == shown_) {
+        return {shownPath_, {}};
     }
     if (Trim(form.Title, u" \t").empty()) {
         form.Title = FormForText(isGroupShown_ ? u"" : form.Text).Title;
     }
-    const EditResult result = with_.Phrases.Save(shownPath_, form);
+    EditResult result = with_.Phrases.Save(shownPath_, form, shown_);
     if (result) {
         isUnannounced_ = true;
-        LoadTree(result.Path);
-        return true;
+        isRefillDue_ = true;
+        renamedFrom_ = shownPath_;
+        renamedTo_ = shownPath_ = result.Path;
     }
-    MessageBoxW(Handle(), Wide(result.Failure), Wide(with_.Texts.LoadString(kStrProductName)),
-                MB_ICONERROR);
-    return false;
+    return result;
+}
+
+bool EditorWindow::SaveAndTell() {
+    const EditResult result = SaveForm();
+    if (!result) {
+        Tell(result.Failure, MB_ICONERROR);
+    }
+    return static_cast<bool>(result);
+}
+
+bool EditorWindow::SaveChanges() {
+    const bool saved = SaveAndTell();
+    Refill();
+    return saved;
+}
+
+void EditorWindow::Refill() {
+    if (!std::exchange(isRefillDue_, false)) {
+        return;
+    }
+    // What lies in a group that was renamed has a new path.
+    std::filesystem::path selected = tree_.Selected();
+    const std::filesystem::path below = selected.lexically_relative(renamedFrom_);
+    if (renamedFrom_ != renamedTo_ && !below.empty() && *below.begin() != "..") {
+        selected = below == "." ? renamedTo_ : renamedTo_ / below;
+    }
+    LoadTree(selected);
+}
+
+int EditorWindow::Tell(const std::u16string& text, UINT flags) const {
+    return MessageBoxW(Handle(), Wide(text), Wide(with_.Texts.LoadString(kStrProductName)), flags);
 }
 
 bool EditorWindow::Finish(const EditResult& result) {
     if (result) {
         isUnannounced_ = true;
     } else {
-        MessageBoxW(Handle(), Wide(result.Failure), Wide(with_.Texts.LoadString(kStrProductName)),
-                    MB_ICONERROR);
+        Tell(result.Failure, MB_ICONERROR);
     }
     LoadTree(result.Path);
     return static_cast<bool>(result);
@@ -443,6 +491,12 @@ void EditorWindow::AddPhrase(const PhraseForm& form) {
         Finish(with_.Phrases.AddPhrase(with_.Phrases.GroupOf(tree_.Selected()), form))) {
         SetFocus(Control(kCtlEditorTitle));
         SendMessageW(Control(kCtlEditorTitle), EM_SETSEL, 0, -1);
+    }
+}
+
+void EditorWindow::AddText(const std::u16string& text) {
+    if (!text.empty()) {
+        AddPhrase(FormForText(text));
     }
 }
 
@@ -460,9 +514,8 @@ void EditorWindow::Delete() {
         return;
     }
     const int question = isGroupShown_ ? kStrEditorDeleteGroup : kStrEditorDeletePhrase;
-    if (MessageBoxW(Handle(), Wide(Concat(with_.Texts.LoadString(question), u"\n\n", shown_.Title)),
-                    Wide(with_.Texts.LoadString(kStrProductName)),
-                    MB_YESNO | MB_ICONQUESTION) == IDYES) {
+    if (Tell(Concat(with_.Texts.LoadString(question), u"\n\n", shown_.Title),
+             MB_YESNO | MB_ICONQUESTION) == IDYES) {
         Finish(with_.Phrases.Delete(shownPath_));
     }
 }

@@ -58,11 +58,20 @@ class EditorWindow : public DialogBase {
     void ShowForm(const VBRCommand* record);
     void EnableControls();
     PhraseForm ReadForm() const;
-    // False when the user was told that it can't be saved.
+    // Saves what the user has changed; the tree shows it after Refill.
+    EditResult SaveForm();
+    // The same; false when it can't be saved, which the user was told.
+    bool SaveAndTell();
+    // The same with Refill.
     bool SaveChanges();
+    void Refill();
+    void OnLeft();
+    int Tell(const std::u16string& text, UINT flags) const;
     // Shows what an edit has come to: the tree with the new selection, or the failure.
     bool Finish(const EditResult& result);
     void AddPhrase(const PhraseForm& form);
+    // One without a text is none.
+    void AddText(const std::u16string& text);
     void AddGroup();
     void Delete();
     void ChooseGroup();
@@ -81,6 +90,9 @@ class EditorWindow : public DialogBase {
     bool isGroupShown_ = false;
     bool isLoading_ = false;
     bool isUnannounced_ = false;
+    bool isRefillDue_ = false;
+    std::filesystem::path renamedFrom_;  // what was saved last, by its paths before and after
+    std::filesystem::path renamedTo_;
     SIZE size_{};      // of the client area that the controls are placed for
     SIZE smallest_{};  // of the window
 };

@@ -17,6 +17,7 @@ class PhraseTextBox {
     void Load(std::int32_t kind, const std::u16string& text);
     // Since it was loaded; a source would come back in the control's own way.
     bool IsModified() const;
+    void NoteSaved() { Send(EM_SETMODIFY, FALSE); }
     std::u16string Text(std::int32_t kind) const;
     // The text stays as it reads; formats go.
     void ChangeKind(std::int32_t kind);

@@ -106,30 +106,30 @@ HTREEITEM PhraseTreeView::ItemAt(POINT point) const {
 
 void PhraseTreeView::BeginDrag(HTREEITEM item, HWND capture) {
     Select(TVGN_CARET, item);
-    dragged_ = Next(nullptr, TVGN_CARET);
+    dragged_ = Selected();
     SetCapture(capture);
 }
 
 void PhraseTreeView::DragTo(POINT point) {
-    if (dragged_) {
+    if (!dragged_.empty()) {
         Select(TVGN_DROPHILITE, ItemAt(point));
     }
 }
 
 std::optional<PhraseTreeView::Drop> PhraseTreeView::EndDrag(POINT point) {
-    const HTREEITEM dragged = std::exchange(dragged_, nullptr);
-    if (!dragged) {
+    const std::filesystem::path dragged = std::exchange(dragged_, {});
+    if (dragged.empty()) {
         return std::nullopt;
     }
     Select(TVGN_DROPHILITE, nullptr);
     ReleaseCapture();
     RECT rect{};
     GetWindowRect(tree_, &rect);
-    const HTREEITEM onto = ItemAt(point);
+    const std::filesystem::path onto = PathOf(ItemAt(point));
     if (!PtInRect(&rect, point) || onto == dragged) {
         return std::nullopt;
     }
-    return Drop{PathOf(dragged), PathOf(onto)};
+    return Drop{dragged, onto};
 }
 
 }  // namespace vbr

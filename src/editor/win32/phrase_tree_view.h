@@ -50,7 +50,7 @@ class PhraseTreeView {
 
     HWND tree_ = nullptr;
     std::vector<std::filesystem::path> paths_;  // by the items' parameters
-    HTREEITEM dragged_ = nullptr;
+    std::filesystem::path dragged_;             // empty while nothing is
 };
 
 }  // namespace vbr
