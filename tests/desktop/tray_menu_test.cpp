@@ -2,6 +2,7 @@
 #include "platform/win32/windows.h"
 
 #include <algorithm>
+#include <atomic>
 #include <map>
 #include <thread>
 
@@ -137,14 +138,19 @@ TEST_F(TrayMenuOnDesktop, CommandsDoWhatTheirEntriesShow) {
     }
     program_.AddPhrase("Second", 2, "x");
     Command(kCmdRereadPhrases);
-    // Who waits for it is told that the history is not kept any more.
+    // Who waits for it is told when the history is kept or not kept any more.
     const UniqueHandle changed = OpenSignal(kEventOptionsChanged);
-    std::thread waiting([&changed] {
-        EXPECT_EQ(WaitForSingleObject(changed.get(), kPatienceMs), WAIT_OBJECT_0);
-    });
-    Sleep(200);
-    Command(kCmdKeepHistory);
+    std::atomic<bool> told = false;
+    std::thread waiting(
+        [&] { told = WaitForSingleObject(changed.get(), kPatienceMs) == WAIT_OBJECT_0; });
+    EXPECT_TRUE(WaitUntil([&] {
+        Command(kCmdKeepHistory);
+        const bool was = told;
+        Command(kCmdKeepHistory);
+        return was || told;
+    }));
     waiting.join();
+    Command(kCmdKeepHistory);
     Command(kCmdEnableService);
     EXPECT_FALSE(OpenSignal(kEventDataNeeded));
     auto lines = ReadTrayMenu();
