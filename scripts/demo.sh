@@ -16,6 +16,8 @@ ended() {
 trap ended EXIT
 rm -f "$root"/out/demo*.png
 
+# The welcome program would stand in front.
+printf '[Settings]\r\nWelcome_Already_Started_V2_60=1\r\n' >"$WINEPREFIX/drive_c/Vellumbridge/Settings.ini"
 echo "== Starting Notepad and Vellumbridge"
 wine notepad &
 wine "$VELLUMBRIDGE_FOLDER\\Vellumbridge.exe" &

@@ -160,6 +160,9 @@ inline constexpr int kCmdCopyHtml = 32851;
 inline constexpr int kCmdClearUndoPool = 32854;
 inline constexpr int kCmdVkontakteGroup = 32855;
 inline constexpr int kCmdShowAllItems = 32856;
+// Of the About window's menu; the second is a string's number, too.
+inline constexpr int kCmdCopyInformation = 1002;
+inline constexpr int kCmdZipInformation = 259;
 inline constexpr int kCmdAbout = 57664;
 inline constexpr int kCmdExit = 57665;
 

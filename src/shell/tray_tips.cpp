@@ -63,6 +63,11 @@ std::u16string TrayTips::TextOf(int id) {
             return Version();
         case kCmdCheckForUpdates:
             return Updates();
+        case kCmdCopyInformation:
+            return Text(kStrCopyAllInformation);
+        case kCmdZipInformation:
+            return Concat(Text(kStrZipLogAndSettings), kBreak, with_.Locations.LogFile, kBreak,
+                          with_.Locations.SettingsFile);
         case kCmdUndo:
             return Concat(Base(id), u"\n\n   ", Text(kStrUndoPoolHint));
         case kCmdMenuOnMouseEvent:

@@ -178,6 +178,7 @@ TEST_F(CompanionsTest, TipsTellWhatTheCommandsAreAbout) {
         {kCmdEnableService, u"Hot key: Ctrl+Alt+Key13\nPhrases: [0/0]"},
         {kCmdSavePhraseFromClipboard, u"Content: [first line\r\n...]"},
         {kCmdKeepHistory, u"used: using SetClipboardViewer"},
+        {kCmdZipInformation, u"\r\nlog.txt\r\n"},
         {kCmdWriteLog, u"\r\n » log.txt"},
         {kCmdSaveHistoryOnExit, u"ClipboardHistory"}};
     for (const auto& [id, part] : parts) {

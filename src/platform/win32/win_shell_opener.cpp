@@ -38,6 +38,13 @@ std::optional<SystemError> WinShellOpener::Open(WindowHandle owner, std::u16stri
 }
 
 std::optional<SystemError> WinShellOpener::Start(WindowHandle owner, const ShellStart& start) {
+    if (start.Elevated) {
+        // Else the system's question opens behind the window in front.
+        const auto window = reinterpret_cast<HWND>(owner);
+        SetForegroundWindow(window);
+        SetActiveWindow(window);
+        SetFocus(window);
+    }
     const HCURSOR before = SetCursor(LoadCursorW(nullptr, IDC_APPSTARTING));
     auto error = Execute(owner, start);
     SetCursor(before);
