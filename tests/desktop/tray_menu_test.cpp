@@ -218,6 +218,19 @@ TEST_F(TrayMenuOnDesktop, StartsWithWindowsOnAndOffWhateverElseStoodThere) {
     EXPECT_EQ(RunValue(), path + u" /autoload");
 }
 
+TEST_F(TrayMenuOnDesktop, PhrasesLieWhereAVariableOfTheEnvironmentSays) {
+    SetEnvironmentVariableW(L"VBR_TEST_HOME", program_.Folder().c_str());
+    const auto own = program_.Folder() / L"Own";
+    std::filesystem::create_directory(own);
+    std::filesystem::rename(program_.AddPhrase("Elsewhere", 1, "text"), own / L"e.vellumbridge");
+    Start("PhrasesDirectory=%VBR_TEST_HOME%\\Own");
+    EXPECT_EQ(ReadTrayMenu()[kCmdRereadPhrases].Label, u"Reread Phrases [1/1]");
+    // A save keeps the variable.
+    Command(kCmdSounds);
+    EXPECT_TRUE(WaitForSetting("PhrasesDirectory=%VBR_TEST_HOME%\\Own"));
+    EXPECT_TRUE(WaitForSetting("SoundOnEventsV094=0"));
+}
+
 TEST_F(TrayMenuOnDesktop, AsAdministratorAnotherInstanceTakesOver) {
     program_.RunAsStandardUser();
     StartWithPhrase("text");
