@@ -146,6 +146,29 @@ TEST_F(CompanionsOnDesktop, WhatIsTypedAndDeletedInTheEditorReachesFilesAndMenu)
     EXPECT_FALSE(FindWindowW(kEditorClass, nullptr));
 }
 
+TEST_F(CompanionsOnDesktop, AFormattedPhraseKeepsItsFormatsWhenItIsEdited) {
+    const auto file = program_.AddPhrase("Formatted", 0, "{\\rtf1 plain \\b bold\\b0 }", "RTF");
+    StartWithPhrase("text");
+    EXPECT_EQ(program_.Start(L"/edit").WaitForExit(kPatienceMs), 0U);
+    const HWND editor = WaitForEditor();
+    ASSERT_TRUE(WaitUntil([editor] { return TitleIn(editor) == u"Formatted"; }));
+    EXPECT_EQ(TextOf(GetDlgItem(editor, kCtlEditorText)), u"plain bold");
+    ASSERT_TRUE(WaitUntil([editor] {
+        SetForegroundWindow(editor);
+        return GetForegroundWindow() == editor;
+    }));
+    PressKeys({VK_MENU, 'T'});  // the text's access key
+    PressKeys({VK_CONTROL, VK_END});
+    PressKeys({VK_CONTROL, 'I'});
+    TypeText(u" more");
+    PressKeys({VK_CONTROL, 'S'});
+    EXPECT_TRUE(WaitUntil([&] { return FileBytes(file).find(" more") != std::string::npos; }));
+    const std::string bytes = FileBytes(file);
+    EXPECT_NE(bytes.find("\\b bold"), std::string::npos) << bytes;
+    EXPECT_NE(bytes.find("\\i"), std::string::npos) << bytes;
+    EXPECT_EQ(bytes.find("&#x00;"), std::string::npos) << bytes;
+}
+
 TEST_F(CompanionsOnDesktop, AnEditorThatIsMissingIsToldAndOneThatCrashesIsRereadAfter) {
     StartWithPhrase("text");
     const auto path = program_.Folder() / L"VellumbridgeEditor.exe";

@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <commctrl.h>
 #include <iterator>
+#include <optional>
+#include <richedit.h>
 #include <utility>
 #include <windowsx.h>
 
@@ -92,6 +94,20 @@ constexpr std::pair<int, int> kLabels[] = {
     {kCtlEditorLineBelow, kStrEditorLineBelow},
 };
 
+// What Ctrl and that key change of formatted text.
+std::optional<DWORD> EffectOfKey(WPARAM key) {
+    switch (key) {
+        case 'B':
+            return CFE_BOLD;
+        case 'I':
+            return CFE_ITALIC;
+        case 'U':
+            return CFE_UNDERLINE;
+        default:
+            return std::nullopt;
+    }
+}
+
 }  // namespace
 
 HWND EditorWindow::FindOther() {
@@ -132,6 +148,12 @@ bool EditorWindow::Translate(MSG& message) {
         GetForegroundWindow() == Handle()) {
         if (message.wParam == 'S') {
             SaveChanges();
+            return true;
+        }
+        const auto effect = EffectOfKey(message.wParam);
+        if (effect && message.hwnd == Control(kCtlEditorText) && ReadForm().Kind == kDataTypeRtf) {
+            text_.ToggleEffect(*effect);
+            EnableControls();
             return true;
         }
         if (message.wParam == 'N') {

@@ -78,7 +78,8 @@ std::u16string PhraseTextBox::Text(std::int32_t kind) const {
     for (const char byte : source.Bytes) {
         text += static_cast<char16_t>(static_cast<unsigned char>(byte));
     }
-    return text;
+    // The control ends what it writes with a zero.
+    return text.substr(0, text.find(u'\0'));
 }
 
 void PhraseTextBox::ChangeKind(std::int32_t kind) {
@@ -94,6 +95,17 @@ void PhraseTextBox::Enable(bool on) {
     }
     EnableWindow(control_, on);
     Send(EM_SETBKGNDCOLOR, 0, static_cast<LPARAM>(GetSysColor(on ? COLOR_WINDOW : COLOR_BTNFACE)));
+}
+
+void PhraseTextBox::ToggleEffect(DWORD effect) {
+    CHARFORMAT2W format{};
+    format.cbSize = sizeof format;
+    Send(EM_GETCHARFORMAT, SCF_SELECTION, reinterpret_cast<LPARAM>(&format));
+    const bool isOn = (format.dwMask & effect) != 0 && (format.dwEffects & effect) != 0;
+    format.dwMask = effect;
+    format.dwEffects = isOn ? 0 : effect;
+    Send(EM_SETCHARFORMAT, SCF_SELECTION, reinterpret_cast<LPARAM>(&format));
+    Send(EM_SETMODIFY, TRUE);
 }
 
 void PhraseTextBox::Insert(const std::u16string& text) {

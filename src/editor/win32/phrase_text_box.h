@@ -23,6 +23,8 @@ class PhraseTextBox {
     void ChangeKind(std::int32_t kind);
     // One that can't be edited looks so.
     void Enable(bool on);
+    // Turns a CFE_ effect on or off for what is selected.
+    void ToggleEffect(DWORD effect);
     // In the place of what is selected.
     void Insert(const std::u16string& text);
 
