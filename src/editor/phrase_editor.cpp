@@ -147,11 +147,16 @@ EditResult PhraseEditor::Save(const fs::path& path, const PhraseForm& form,
                               const PhraseForm& shown) {
     const VBRCommand* known = Find(path);
     const bool isGroup = known && known->IsGroup();
-    const EditResult changed =
-        Change(path, [&](VBRCommand& record) { Apply(form, shown, record); });
+    const EditResult changed = Change(path, [&](VBRCommand& record, bool isThere) {
+        // One that is gone is written whole.
+        Apply(form, isThere ? shown : PhraseForm(), record);
+    });
+    if (!changed) {
+        return changed;
+    }
     const fs::path renamed =
         path.parent_path() / MakeFileTitle(NameFor(form.Title), 1, false, false);
-    return changed && isGroup && renamed != path ? Rename(path, renamed) : changed;
+    return isGroup && renamed != path ? Rename(path, renamed) : Done(path);
 }
 
 // A group is called as its folder is.
@@ -172,24 +177,24 @@ EditResult PhraseEditor::Rename(const fs::path& path, const fs::path& renamed) {
 
 // What the file says by now is changed, not what was read of it before.
 EditResult PhraseEditor::Change(const fs::path& path,
-                                const std::function<void(VBRCommand&)>& change) {
+                                const std::function<void(VBRCommand&, bool isThere)>& change) {
     const VBRCommand* known = Find(path);
     const bool isGroup = known && known->IsGroup();
     const fs::path file = isGroup ? path / kFolderSelfName : path;
     VBRCommand record;
-    const CommandReadResult read = files_.Store().KindOf(file) != PathKind::Missing
-                                       ? files_.ReadCommandFile(record, file)
-                                       : CommandReadResult::Ok;
+    const bool isThere = files_.Store().KindOf(file) != PathKind::Missing;
+    const CommandReadResult read =
+        isThere ? files_.ReadCommandFile(record, file) : CommandReadResult::Ok;
     if (read != CommandReadResult::Ok && !(isGroup && read == CommandReadResult::NoTitle)) {
         return {path, Failed(u"The phrase can't be read, so it is left as it is:", file,
                              DescribeReadResult(read))};
     }
-    change(record);
+    change(record, isThere);
     const std::u16string failure = files_.WriteFields(file, FieldsToWrite(record, isGroup));
     if (!failure.empty()) {
         return {path, Failed(u"The phrase can't be saved:", file, failure)};
     }
-    return Done(path);
+    return {path, {}};
 }
 
 EditResult PhraseEditor::AddPhrase(const fs::path& group, const PhraseForm& form) {
@@ -241,7 +246,8 @@ EditResult PhraseEditor::Move(const fs::path& path, const fs::path& group) {
         return {path, Failed(u"This can't be moved:", path, TextOf(error))};
     }
     tree_.LoadTree(root_);
-    const EditResult placed = Change(moved, [sortId](VBRCommand& each) { each.SortID = sortId; });
+    const EditResult placed =
+        Change(moved, [sortId](VBRCommand& each, bool) { each.SortID = sortId; });
     return placed ? Done(moved) : placed;
 }
 
@@ -268,8 +274,9 @@ EditResult PhraseEditor::Shift(const fs::path& path, bool up) {
         const VBRCommand* known = Find(each);
         if (known && known->SortID != sortId) {
             const EditResult result =
-                Change(each, [sortId](VBRCommand& changed) { changed.SortID = sortId; });
+                Change(each, [sortId](VBRCommand& changed, bool) { changed.SortID = sortId; });
             if (!result) {
+                tree_.LoadTree(root_);
                 return result;
             }
         }

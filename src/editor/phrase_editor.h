@@ -81,8 +81,9 @@ class PhraseEditor {
   private:
     const std::vector<VBRCommand>& ListOf(const std::filesystem::path& group) const;
     std::uint32_t NextSortId(const std::filesystem::path& group) const;
+    // The tree stays as it was read.
     EditResult Change(const std::filesystem::path& path,
-                      const std::function<void(VBRCommand&)>& change);
+                      const std::function<void(VBRCommand&, bool isThere)>& change);
     EditResult Rename(const std::filesystem::path& path, const std::filesystem::path& renamed);
     EditResult Done(std::filesystem::path path);
 

@@ -113,9 +113,12 @@ TEST_F(PhraseEditorTest, WhatCannotBeReadOrWrittenIsLeftAloneAndTold) {
     EXPECT_THAT(Utf16ToUtf8(editor_.Delete(File("B")).Failure), HasSubstr("in use"));
     EXPECT_TRUE(editor_.Find(File("B")));
     // One that somebody deleted meanwhile is written again: the user sees it and edits it.
+    const PhraseForm shown = FormOf(*editor_.Find(File("C")));
+    PhraseForm changed = shown;
+    changed.Text = u"new";
     std::filesystem::remove(File("C"));
-    EXPECT_TRUE(editor_.Save(File("C"), form, {}));
-    EXPECT_THAT(Read("C"), HasSubstr("<MenuName>new</MenuName>"));
+    EXPECT_TRUE(editor_.Save(File("C"), changed, shown));
+    EXPECT_EQ(FormOf(*editor_.Find(File("C"))), changed);
 }
 
 TEST_F(PhraseEditorTest, NewOnesStandLastUnderNamesThatAreFree) {

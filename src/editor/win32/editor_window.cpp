@@ -425,7 +425,8 @@ void EditorWindow::EnableControls() {
         Enable(id, isPhrase);
     }
     text_.Enable(isPhrase);
-    Enable(kCtlEditorSave, isAny && ReadForm() != shown_);
+    // Reading a long text at each key would take its time.
+    Enable(kCtlEditorSave, isAny && (text_.IsModified() || ReadForm() != shown_));
 }
 
 PhraseForm EditorWindow::ReadForm() const {

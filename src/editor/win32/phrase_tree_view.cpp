@@ -19,26 +19,22 @@ HIMAGELIST ShellImages(const wchar_t* name, DWORD attributes, int& image) {
     return list;
 }
 
-int ImageOf(const VBRCommand& record) {
-    int image = 0;
-    if (record.IsGroup()) {
-        ShellImages(L"folder", FILE_ATTRIBUTE_DIRECTORY, image);
-        return image;
-    }
-    const wchar_t* name = record.DataType == kDataTypeRtf    ? L"a.rtf"
-                          : record.DataType == kDataTypeExec ? L"a.exe"
-                                                             : L"a.txt";
-    ShellImages(name, FILE_ATTRIBUTE_NORMAL, image);
-    return image;
-}
-
 }  // namespace
 
 void PhraseTreeView::Attach(HWND tree) {
     tree_ = tree;
-    int ignored = 0;
-    Send(TVM_SETIMAGELIST, TVSIL_NORMAL,
-         reinterpret_cast<LPARAM>(ShellImages(L"folder", FILE_ATTRIBUTE_DIRECTORY, ignored)));
+    const HIMAGELIST images = ShellImages(L"folder", FILE_ATTRIBUTE_DIRECTORY, groupImage_);
+    Send(TVM_SETIMAGELIST, TVSIL_NORMAL, reinterpret_cast<LPARAM>(images));
+    for (const auto& [kind, name] : {std::pair(kDataTypeText, L"a.txt"),
+                                     {kDataTypeRtf, L"a.rtf"},
+                                     {kDataTypeExec, L"a.exe"}}) {
+        ShellImages(name, FILE_ATTRIBUTE_NORMAL, kindImages_[kind]);
+    }
+}
+
+int PhraseTreeView::ImageOf(const VBRCommand& record) const {
+    const auto found = kindImages_.find(record.DataType);
+    return record.IsGroup() || found == kindImages_.end() ? groupImage_ : found->second;
 }
 
 void PhraseTreeView::Fill(const std::vector<VBRCommand>& records,

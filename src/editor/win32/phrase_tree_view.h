@@ -4,7 +4,9 @@
 #include "platform/win32/windows.h"
 
 #include <commctrl.h>
+#include <cstdint>
 #include <filesystem>
+#include <map>
 #include <optional>
 #include <vector>
 
@@ -35,6 +37,7 @@ class PhraseTreeView {
 
   private:
     void Add(HTREEITEM parent, const std::vector<VBRCommand>& records);
+    int ImageOf(const VBRCommand& record) const;
     std::filesystem::path PathOf(HTREEITEM item) const;
     HTREEITEM ItemAt(POINT point) const;
     LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const {
@@ -49,6 +52,8 @@ class PhraseTreeView {
     }
 
     HWND tree_ = nullptr;
+    int groupImage_ = 0;
+    std::map<std::int32_t, int> kindImages_;
     std::vector<std::filesystem::path> paths_;  // by the items' parameters
     std::filesystem::path dragged_;             // empty while nothing is
 };
